@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "platform/status.h"
+
+namespace tarnwell {
+
+struct Form1;
+
+// Asks whether to save unsaved changes, and saves them on Yes. False when the command that asked
+// must stop (Cancel).
+bool AskToSaveChanges(Form1& form);
+
+// Opens a photo: asks about unsaved changes, shows the open dialog when `show_dialog` (otherwise
+// takes form.app.opened_path), loads the file onto the surfaces, resets the per-photo state, builds
+// the output names, repairs dead pixels and measures the photo, and runs the automatic preview if
+// that is on.
+//
+// Fails with kCancelled when the user backs out, and with the loader's reason when the file cannot
+// be read; the photo that was open then stays as it was, and the user has been told by nobody:
+// that is the caller's part.
+Status FileOpen(Form1& form, bool show_dialog);
+
+// The part of FileOpen that takes a decoded photo into the window; also for pasted photos.
+// form.app.current_file is set before.
+void ShowOpenedPhoto(Form1& form);
+
+}  // namespace tarnwell

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "imaging/pixel_array.h"
+
+namespace tarnwell {
+
+class PendingEvents;
+
+// A picture box: a persistent drawing image, and the picture that is displayed. Pictures are shared
+// between surfaces and never changed in place.
+struct PictureSurface {
+  Picture image;    // the drawing image
+  Picture picture;  // the displayed picture; null is the empty picture
+  bool visible = false;
+  double left = 0;  // pixels inside the container; a half pixel may occur
+  double top = 0;
+  int width = 0;  // pixels
+  int height = 0;
+};
+
+// Gives `surface` the displayed picture `picture`, which is drawn at once, and takes its size.
+void Display(PictureSurface& surface, Picture picture);
+
+// The picture boxes of the main window, by role.
+struct PhotoSurfaces {
+  PictureSurface picOriginal;    // the photo as opened, full size; never corrected
+  PictureSurface picSource;      // the working image: read, corrected, written back, saved
+  PictureSurface picThumb;       // the preview, at most 320 x 320, centred in picTContainer
+  PictureSurface picTContainer;  // the 320 x 320 frame that carries the preview's shadow
+  PictureSurface picGraphic;     // a fixed graphic
+  PictureSurface picReturn;      // the return surface
+};
+
+// The bitmap header of a transfer; fields in record order.
+struct BitmapHeader {
+  std::uint32_t size = 40;
+  std::int32_t width = 0;
+  std::int32_t height = 0;  // negative: rows stored top to bottom
+  std::uint16_t planes = 1;
+  std::uint16_t bits_per_pixel = 32;
+  std::uint32_t compression = 0;
+  std::uint32_t image_bytes = 0;
+  std::int32_t pixels_per_metre_x = 0;
+  std::int32_t pixels_per_metre_y = 0;
+  std::uint32_t colours_used = 0;
+  std::uint32_t colours_important = 0;
+
+  bool operator==(const BitmapHeader&) const = default;
+};
+
+// The header of a 32-bit top-down picture of this size.
+BitmapHeader HeaderFor(int width, int height);
+
+// ((width x bits + 31) \ 32) x 4: bytes per row of a picture of 32 bits per pixel.
+int BytesPerRow(int width);
+// BytesPerRow less the bytes that pixels fill: always 0 at 32 bits.
+int RowPadding(int width);
+
+// The surfaces and the pixel arrays read from them.
+struct PixelBuffer {
+  PhotoSurfaces surfaces;
+  BitmapHeader header;  // describes the last transfer
+  int bytes_per_row = 0;
+  int row_padding = 0;
+  int width = 0;  // of the working pixels
+  int height = 0;
+  std::shared_ptr<PixelArray> working;  // working pixels; null before the first read
+  Picture noise_reference;  // the same pixels unchanged; null while "Noise Reduction" is closed
+  Picture graphic;
+  // Size of the preview when its shadow was last drawn.
+  int shadow_width = 0;
+  int shadow_height = 0;
+};
+
+// Which surface ReadSourcePixels takes as the working image.
+enum class PixelSource { kSourceAsItStands = 0, kThumbnail = 1, kOriginal = 2 };
+
+// Takes a surface as the working image and reads it into the working pixels (and, when
+// `with_noise_reference`, into the noise reference). False, with the working pixels as they were,
+// when the surface is empty or memory does not suffice.
+bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source, bool with_noise_reference);
+
+// Reads picGraphic into the graphic pixels.
+void ReadGraphicPixels(PixelBuffer& buffer);
+
+// Makes the working pixels the displayed picture of picSource, at left 0, top 0 and their size,
+// then rebuilds the preview. The buffer gives its working array away: read before changing again.
+void WriteSourcePixels(PixelBuffer& buffer, PendingEvents& events);
+
+// Puts `pixels`, of the buffer's new size, in place of the working pixels and rebuilds the header.
+void ReplaceWorkingPixels(PixelBuffer& buffer, std::shared_ptr<PixelArray> pixels);
+
+}  // namespace tarnwell

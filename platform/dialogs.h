@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tarnwell {
+
+enum class Icon { kNone, kInformation, kQuestion, kExclamation };
+enum class Answer { kYes, kNo, kCancel };
+
+// Message boxes and choosers. Texts are UTF-8. Hosts show windows or answer from options; tests
+// answer from a script.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+
+  // A Yes/No/Cancel box.
+  virtual Answer Ask(const std::string& title, const std::string& text, Icon icon) = 0;
+
+  // An OK box.
+  virtual void Tell(const std::string& title, const std::string& text, Icon icon) = 0;
+
+  // A box with one line to fill in. Empty when the user cancels.
+  virtual std::string AskText(const std::string& title, const std::string& prompt) = 0;
+
+  // The common file dialogs, with an empty file name at the start. `filter` is pairs of
+  // description and patterns joined by "|", as in "JPEG Image (*.jpg)|*.jpg". Nothing when the
+  // user cancels.
+  virtual std::optional<std::string> ChooseOpenFile(const std::string& title,
+                                                    const std::string& filter) = 0;
+  virtual std::optional<std::string> ChooseSaveFile(const std::string& title,
+                                                    const std::string& filter) = 0;
+
+  // The folder chooser. Nothing when the user cancels.
+  virtual std::optional<std::string> ChooseFolder(const std::string& title) = 0;
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/status.h"
+
+namespace tarnwell {
+
+// One entry of a folder. `name` is UTF-8, without the folder.
+struct FolderEntry {
+  std::string name;
+  bool is_folder = false;
+  std::uint64_t size = 0;           // bytes; 0 for folders
+  std::int64_t modified_nanos = 0;  // system time of the last change; only compared, never shown
+};
+
+// The file system as the flows see it.
+//
+// Paths are UTF-8 and spelled with backslashes on every platform ("C:\Photos\img.jpg", or
+// "\home\me\img.jpg" where the system spells it with slashes). Implementations translate at the
+// edge. Every failure names the path in the system's own spelling and gives the reason.
+//
+// All calls may be made from any thread; none of them keeps state between calls.
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  virtual bool FileExists(const std::string& path) = 0;    // false for a folder
+  virtual bool FolderExists(const std::string& path) = 0;  // a trailing backslash is allowed
+
+  // The whole file as bytes. kTooLarge when it is longer than `most_bytes`; nothing is read then.
+  virtual Result<std::string> Read(const std::string& path,
+                                   std::uint64_t most_bytes = std::uint64_t{1} << 32) = 0;
+
+  // The entries of `folder` ("." and ".." left out) in the order of the system.
+  virtual Result<std::vector<FolderEntry>> List(const std::string& folder) = 0;
+
+  // Makes one folder, whose parent must exist. kExists when the name is taken.
+  virtual Status CreateFolder(const std::string& folder) = 0;
+
+  // Makes `path` hold exactly `bytes`, whether it existed or not. Either the old content or the new
+  // one is there at every instant: written beside it under a temporary name, flushed, then moved.
+  virtual Status Replace(const std::string& path, std::string_view bytes) = 0;
+
+  // Adds `bytes` at the end of `path`, making the file when it is missing. Two programs that append
+  // at the same time lose nothing and interleave nothing. On failure the file is cut back to what
+  // it was.
+  virtual Status Append(const std::string& path, std::string_view bytes) = 0;
+
+  // A name for a new file in the folder of `path` that no other call and no other program is given.
+  // The file is not made.
+  virtual std::string TemporaryBeside(const std::string& path) = 0;
+
+  // Flushes `temporary` and gives it the name `path`, never replacing anything: kExists when a
+  // file of that name is there by then. On failure `temporary` is deleted.
+  virtual Status Publish(const std::string& temporary, const std::string& path) = 0;
+
+  // Moves a file to a new name, never replacing anything (kExists); across volumes by copying,
+  // flushing and then deleting the source.
+  virtual Status Move(const std::string& from, const std::string& to) = 0;
+
+  virtual Status Delete(const std::string& path) = 0;        // kNotFound when there is none
+  virtual Status DeleteFolder(const std::string& path) = 0;  // only an empty one
+
+  // `path` made absolute against the current folder, in the spelling described above. An absolute
+  // path comes back as it is.
+  virtual std::string Absolute(const std::string& path) = 0;
+
+  // `path` as the user writes it on this system, for messages.
+  virtual std::string Display(const std::string& path) = 0;
+};
+
+}  // namespace tarnwell

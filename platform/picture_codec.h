@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "imaging/pixel_array.h"
+#include "platform/status.h"
+
+namespace tarnwell {
+
+// The platform's picture loader and saver.
+class PictureCodec {
+ public:
+  virtual ~PictureCodec() = default;
+
+  // Decodes a BMP, GIF (first frame, on white where it is transparent) or JPEG file, told apart by
+  // content and not by name. The unused channel of the result is 0. Fails with kNotFound,
+  // kNoAccess, kDamaged (a file that breaks off is damaged), kUnsupported (another kind of file) or
+  // kTooLarge (a side above 32767 pixels, or more than memory holds; found from the header, before
+  // memory is taken).
+  virtual Result<Picture> Load(const std::string& path) = 0;
+
+  // Writes `picture` to the new file `path` as a 24-bit bitmap. On failure no file is left.
+  virtual Status SaveBitmap(const std::string& path, const PixelView& picture) = 0;
+};
+
+}  // namespace tarnwell

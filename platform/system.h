@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace tarnwell {
+
+class Clock;
+class Files;
+class JpegLibrary;
+class PictureCodec;
+
+// This system's implementations of the seams; the build links those of platform/posix or
+// platform/win32.
+std::unique_ptr<Files> MakeSystemFiles();
+std::unique_ptr<PictureCodec> MakeSystemPictureCodec();
+std::unique_ptr<JpegLibrary> MakeSystemJpegLibrary();
+std::unique_ptr<Clock> MakeSystemClock();
+
+// The folder for this user's program data, spelled with backslashes and ending in one. It need not
+// exist. Empty when the system names none.
+std::string SystemDataFolder();
+
+// How many processors the program may use, at least 1.
+int SystemProcessorCount();
+
+}  // namespace tarnwell

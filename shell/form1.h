@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "engine/histogram.h"
+#include "engine/learning_data.h"
+#include "imaging/output_names.h"
+#include "imaging/pixel_buffer.h"
+
+namespace tarnwell {
+
+struct frmModules;
+struct frmProgress;
+struct Module1;
+struct Platform;
+
+// The main window as data: what the flows (FileOpen, AdjustPhoto, FileSave, ...) share about the
+// photo in it. Each flow lives in a file of its own; a view draws this state.
+struct Form1 {
+  Module1& app;
+  Platform& platform;
+  frmModules& modules;
+  frmProgress& progress;
+
+  PixelBuffer buffer;
+  OutputNames names;
+  LearningData learning;          // of the current camera and mode
+  BrightnessHistogram histogram;  // of the picture that was measured last
+  // The photo in picOriginal has been measured since it came there; a run measures it first
+  // otherwise.
+  bool correction_ready = false;
+
+  std::string lblTitleCaption = " - Unnamed Photo";
+  std::string caption;              // of the window
+  std::vector<std::string> File1;   // names of the photos in the current photo's folder
+
+  int threads = 1;  // worker threads a pass may use, the calling one included
+
+  // Offers a tip by its text; set by the host.
+  std::function<void(const std::string& tip)> ShowTips = [](const std::string&) {};
+  // Shows the automated mode's notification panel with a text, for this many milliseconds.
+  std::function<void(const std::string& text, int milliseconds)> ShowNotification =
+      [](const std::string&, int) {};
+};
+
+}  // namespace tarnwell

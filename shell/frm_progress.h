@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+namespace tarnwell {
+
+class PendingEvents;
+
+// The progress window's model. The correction writes stage and percentage; a view, if there is one,
+// draws lblJob and the bar whenever `on_change` tells it to.
+class ProgressView {
+ public:
+  virtual ~ProgressView() = default;
+  virtual void ShowWindow() = 0;
+  virtual void HideWindow() = 0;
+  virtual void DrawBar(float percentage) = 0;
+  virtual void ShowText(const std::string& lblJob) = 0;
+};
+
+enum Stage : int {
+  kCollecting = 0,
+  kAnalyzing = 1,
+  kAdjusting = 2,
+  kAdjustingFull = 3,
+  kRotatingHue = 4,
+  kPreviousStage = 5,  // shows the previous stage's text again
+};
+
+struct frmProgress {
+  float percentage = 0;  // 0 to 100
+  int stage = kCollecting;
+  int previous_stage = kCollecting;
+  std::string caption;
+  std::string lblJob;
+  bool cancel_pressed = false;  // picCancel is drawn pressed
+  int timer_interval = 20;      // Timer1, milliseconds
+  ProgressView* view = nullptr;  // not owned; null when nobody looks
+};
+
+// Sets lblJob from the stage; a number without a text leaves it. The previous stage follows.
+void ShowStage(frmProgress& progress, int stage);
+
+// Redraws the bar at `percentage`.
+void ShowPercentage(frmProgress& progress, float percentage);
+
+// One tick of the animation timer: half a percent on; beyond 100 the next of the stages 0 to 2
+// starts at 0.
+void Timer1_Tick(frmProgress& progress);
+
+// picCancel was clicked: sets `cancel_requested`, letting pending events run before and after.
+void CancelClicked(frmProgress& progress, bool& cancel_requested, PendingEvents& events);
+
+}  // namespace tarnwell
