@@ -10,8 +10,8 @@ struct Form1;
 // the full photo, with the settings in force. The result becomes picSource (picOriginal is never
 // changed); app.learning_record is left for the save and app.photo_changed is set.
 //
-// Fails with kCancelled when the cancel flag was set in between, and with kTooLarge when memory does
-// not suffice; the pictures then stay as they were.
+// Fails with kCancelled when the cancel flag was set in between, and with kTooLarge when memory
+// does not suffice; the pictures then stay as they were.
 Status AdjustPhoto(Form1& form, bool preview);
 
 // Repairs dead pixels of picOriginal when that module is open, then measures the photo: the pass

@@ -20,10 +20,10 @@ PhotoPathParts SplitPhotoPath(const std::string& path);
 
 // The output-name list of the "Save Photo As..." module.
 struct OutputNames {
-  std::vector<std::string> entries;    // as shown: the file names behind a prefix, then "Other..."
-  std::vector<std::string> paths;      // full paths, parallel to entries; the last is kOtherPrompt
-  std::string shown;                   // the name field (`ShowNewName`)
-  std::string output_path;             // what the next save writes; may be empty or kOtherPrompt
+  std::vector<std::string> entries;  // as shown: the file names behind a prefix, then "Other..."
+  std::vector<std::string> paths;    // full paths, parallel to entries; the last is kOtherPrompt
+  std::string shown;                 // the name field (`ShowNewName`)
+  std::string output_path;           // what the next save writes; may be empty or kOtherPrompt
 };
 
 // Fills the list for the photo at `photo_path` (empty: none) from the names that are still free

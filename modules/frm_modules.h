@@ -53,8 +53,9 @@ struct frmModules {
   WhiteBalanceMode white_balance_mode = WhiteBalanceMode::kModeDefault;
   Rgb lblWhiteClr = {192, 192, 192};
   bool white_swatch_visible = false;
-  std::optional<Rgb> picked_white;  // nothing while no pixel has been picked (`lblModeSet` 0 is "~")
-  std::string custom_white_file;    // full path; empty while none is chosen (`lblModeSet` 1)
+  std::optional<Rgb>
+      picked_white;               // nothing while no pixel has been picked (`lblModeSet` 0 is "~")
+  std::string custom_white_file;  // full path; empty while none is chosen (`lblModeSet` 1)
 
   HuePicker hue;
   int rotation = 0;  // 0 to 4

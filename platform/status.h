@@ -41,8 +41,8 @@ struct [[nodiscard]] Result {
   Status status;
   std::optional<T> value;
 
-  Result(T made) : value(std::move(made)) {}              // NOLINT: success reads as the value
-  Result(Status failed) : status(std::move(failed)) {}    // NOLINT: failure reads as the status
+  Result(T made) : value(std::move(made)) {}            // NOLINT: success reads as the value
+  Result(Status failed) : status(std::move(failed)) {}  // NOLINT: failure reads as the status
 
   bool ok() const { return status.ok(); }
   T& operator*() { return *value; }

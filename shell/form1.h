@@ -33,8 +33,8 @@ struct Form1 {
   bool correction_ready = false;
 
   std::string lblTitleCaption = " - Unnamed Photo";
-  std::string caption;              // of the window
-  std::vector<std::string> File1;   // names of the photos in the current photo's folder
+  std::string caption;             // of the window
+  std::vector<std::string> File1;  // names of the photos in the current photo's folder
 
   int threads = 1;  // worker threads a pass may use, the calling one included
 

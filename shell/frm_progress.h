@@ -32,8 +32,8 @@ struct frmProgress {
   int previous_stage = kCollecting;
   std::string caption;
   std::string lblJob;
-  bool cancel_pressed = false;  // picCancel is drawn pressed
-  int timer_interval = 20;      // Timer1, milliseconds
+  bool cancel_pressed = false;   // picCancel is drawn pressed
+  int timer_interval = 20;       // Timer1, milliseconds
   ProgressView* view = nullptr;  // not owned; null when nobody looks
 };
 

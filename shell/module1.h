@@ -29,8 +29,8 @@ struct Module1 {
   bool confirm_reset = true;         // "Default Values" asks first
   int open_mode = 0;                 // what opening a photo does to the panel (0 to 2)
 
-  std::string learning_record;       // of the last run; empty when it measured nothing
-  bool suppress_learning = false;    // nothing is learnt from this photo
+  std::string learning_record;     // of the last run; empty when it measured nothing
+  bool suppress_learning = false;  // nothing is learnt from this photo
 };
 
 // Sets the folders and files that follow from the program folder and the profile "Default".
