@@ -24,17 +24,17 @@ struct Form1 {
   frmModules& modules;
   frmProgress& progress;
 
-  PixelBuffer buffer;
-  OutputNames names;
-  LearningData learning;          // of the current camera and mode
-  BrightnessHistogram histogram;  // of the picture that was measured last
+  PixelBuffer buffer = {};
+  OutputNames names = {};
+  LearningData learning = {};          // of the current camera and mode
+  BrightnessHistogram histogram = {};  // of the picture that was measured last
   // The photo in picOriginal has been measured since it came there; a run measures it first
   // otherwise.
   bool correction_ready = false;
 
   std::string lblTitleCaption = " - Unnamed Photo";
-  std::string caption;             // of the window
-  std::vector<std::string> File1;  // names of the photos in the current photo's folder
+  std::string caption = {};             // of the window
+  std::vector<std::string> File1 = {};  // names of the photos in the current photo's folder
 
   int threads = 1;  // worker threads a pass may use, the calling one included
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace tarnwell {
+
+// Files that hand every call on to others; a test overrides the call it wants to go another way.
+class ForwardingFiles : public Files {
+ public:
+  explicit ForwardingFiles(std::unique_ptr<Files> target) : target_(std::move(target)) {}
+
+  bool FileExists(const std::string& path) override { return target_->FileExists(path); }
+  bool FolderExists(const std::string& path) override { return target_->FolderExists(path); }
+  Result<std::string> Read(const std::string& path, std::uint64_t most_bytes) override {
+    return target_->Read(path, most_bytes);
+  }
+  Result<std::vector<FolderEntry>> List(const std::string& folder) override {
+    return target_->List(folder);
+  }
+  Status CreateFolder(const std::string& folder) override { return target_->CreateFolder(folder); }
+  Status Replace(const std::string& path, std::string_view bytes) override {
+    return target_->Replace(path, bytes);
+  }
+  Status Append(const std::string& path, std::string_view bytes) override {
+    return target_->Append(path, bytes);
+  }
+  std::string TemporaryBeside(const std::string& path) override {
+    return target_->TemporaryBeside(path);
+  }
+  Status Publish(const std::string& temporary, const std::string& path) override {
+    return target_->Publish(temporary, path);
+  }
+  Status Move(const std::string& from, const std::string& to) override {
+    return target_->Move(from, to);
+  }
+  Status Delete(const std::string& path) override { return target_->Delete(path); }
+  Status DeleteFolder(const std::string& path) override { return target_->DeleteFolder(path); }
+  std::string Absolute(const std::string& path) override { return target_->Absolute(path); }
+  std::string Display(const std::string& path) override { return target_->Display(path); }
+
+ private:
+  std::unique_ptr<Files> target_;
+};
+
+}  // namespace tarnwell
