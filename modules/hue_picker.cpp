@@ -1,0 +1,47 @@
+// The hue picker: where the marker lies decides how much of red, green and blue is added or taken.
+// The direction from the centre chooses the hue (red to the right, green and blue a third of a turn
+// further each, against the clock), the distance how strong it is.
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "engine/rounding.h"
+#include "modules/frm_modules.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr int kHueCentre = 53;  // of the field, and its radius
+constexpr int kHueLast = 105;
+
+std::array<float, 3> FactorsAt(int dx, int dy) {
+  if (dx == 0 && dy == 0) return {0, 0, 0};
+  const double angle = std::atan2(-dy, dx);
+  const double strength = std::min(std::sqrt(dx * dx + dy * dy) / kHueCentre, 1.0);
+  std::array<float, 3> factors;
+  for (int channel = 0; channel < 3; ++channel) {
+    const double direction = channel * 120 * std::numbers::pi / 180;
+    factors[channel] = static_cast<float>(0.5 * strength * std::cos(angle - direction));
+  }
+  return factors;
+}
+
+int Tinted(int channel, float factor) {
+  std::int16_t tinted = 0;
+  if (!RoundInto(tinted, channel + channel * static_cast<double>(factor))) return channel;
+  return std::clamp<int>(tinted, 0, 255);
+}
+
+}  // namespace
+
+void MoveHueMarker(HuePicker& hue, int x, int y) {
+  hue.marker_x = std::clamp(x, 0, kHueLast);
+  hue.marker_y = std::clamp(y, 0, kHueLast);
+  hue.factors = FactorsAt(hue.marker_x - kHueCentre, hue.marker_y - kHueCentre);
+  const Rgb& plain = hue.lblHue[0];
+  hue.lblHue[1] = {Tinted(plain.red, hue.factors[0]), Tinted(plain.green, hue.factors[1]),
+                   Tinted(plain.blue, hue.factors[2])};
+}
+
+}  // namespace tarnwell
