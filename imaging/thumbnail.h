@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "imaging/pixel_array.h"
 
 namespace tarnwell {
@@ -8,6 +10,10 @@ class PendingEvents;
 struct PixelBuffer;
 
 inline constexpr int kThumbnailSide = 320;
+
+// All channels of the container's background: a neutral grey, dark enough for a white photo to
+// stand out and light enough for its shadow to show.
+inline constexpr std::uint8_t kContainerGrey = 192;
 
 struct ThumbnailSize {
   int width = 0;
@@ -26,12 +32,14 @@ Picture StretchPicture(const PixelView& source, ThumbnailSize size);
 // The thumbnail of a photo, StretchPicture to ThumbnailSizeFor.
 Picture ThumbnailOf(const PixelView& photo);
 
-// Rebuilds the preview picThumb from picSource, centred, and draws its shadow. Does nothing when
-// picSource is empty.
+// Rebuilds the preview picThumb from picSource, centred and visible, draws its shadow and lets
+// pending events run. Does nothing when picSource is empty or memory does not suffice. Offering the
+// tip that goes with a new preview is the caller's part.
 void MakeThumbnail(PixelBuffer& buffer, PendingEvents& events);
 
-// Draws the soft shadow of a centred thumbnail of `size` into `container`, 320 x 320 pixels that
-// hold the background. A shadow falls only in a direction in which the thumbnail is below 320.
+// Darkens the soft shadow of a centred thumbnail of `size` into `container`, which is 320 x 320
+// pixels and holds the background. The shadow falls only in a direction in which the thumbnail is
+// below 320; the pixels under the thumbnail stay as they are.
 void DarkenShadow(MutablePixelView container, ThumbnailSize size);
 
 }  // namespace tarnwell

@@ -1,0 +1,94 @@
+#include "imaging/pixel_buffer.h"
+
+#include <utility>
+
+#include "imaging/thumbnail.h"
+
+namespace tarnwell {
+namespace {
+
+bool IsEmpty(const Picture& picture) { return !picture || picture->view().empty(); }
+
+// The surface that becomes the working image.
+const PictureSurface& SurfaceOf(const PhotoSurfaces& surfaces, PixelSource source) {
+  switch (source) {
+    case PixelSource::kThumbnail:
+      return surfaces.picThumb;
+    case PixelSource::kOriginal:
+      return surfaces.picOriginal;
+    case PixelSource::kSourceAsItStands:
+      break;
+  }
+  return surfaces.picSource;
+}
+
+void DescribeTransfer(PixelBuffer& buffer, int width, int height) {
+  buffer.header = HeaderFor(width, height);
+  buffer.bytes_per_row = BytesPerRow(width);
+  buffer.row_padding = RowPadding(width);
+}
+
+}  // namespace
+
+void Display(PictureSurface& surface, Picture picture) {
+  surface.width = picture ? picture->width() : 0;
+  surface.height = picture ? picture->height() : 0;
+  surface.image = picture;
+  surface.picture = std::move(picture);
+}
+
+int BytesPerRow(int width) { return (width * 32 + 31) / 32 * 4; }
+
+int RowPadding(int width) { return BytesPerRow(width) - (width * 32 + 7) / 8; }
+
+BitmapHeader HeaderFor(int width, int height) {
+  BitmapHeader header;
+  header.width = width;
+  header.height = -height;
+  // Unsigned: the largest picture has more bytes than a signed 32-bit number counts.
+  header.image_bytes =
+      static_cast<std::uint32_t>(height) * static_cast<std::uint32_t>(BytesPerRow(width));
+  return header;
+}
+
+bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source, bool with_noise_reference) {
+  PhotoSurfaces& surfaces = buffer.surfaces;
+  const Picture image = SurfaceOf(surfaces, source).image;
+  if (IsEmpty(image)) return false;
+  std::shared_ptr<PixelArray> copy = TryCopyPixels(image->view());
+  if (!copy) return false;
+
+  if (source == PixelSource::kThumbnail) surfaces.picThumb.picture = image;
+  if (source == PixelSource::kOriginal) surfaces.picOriginal.picture = image;
+  if (source != PixelSource::kSourceAsItStands) Display(surfaces.picSource, image);
+  ReplaceWorkingPixels(buffer, std::move(copy));
+  // No copy: nobody changes a shared picture, so it stays the pixels that were read.
+  buffer.noise_reference = with_noise_reference ? image : nullptr;
+  return true;
+}
+
+void ReadGraphicPixels(PixelBuffer& buffer) {
+  const Picture& image = buffer.surfaces.picGraphic.image;
+  if (IsEmpty(image)) return;
+  DescribeTransfer(buffer, image->width(), image->height());
+  buffer.graphic = image;
+}
+
+void WriteSourcePixels(PixelBuffer& buffer, PendingEvents& events) {
+  if (!buffer.working) return;
+  PictureSurface& target = buffer.surfaces.picSource;
+  DescribeTransfer(buffer, buffer.width, buffer.height);
+  target.left = 0;
+  target.top = 0;
+  Display(target, std::exchange(buffer.working, nullptr));
+  MakeThumbnail(buffer, events);
+}
+
+void ReplaceWorkingPixels(PixelBuffer& buffer, std::shared_ptr<PixelArray> pixels) {
+  buffer.width = pixels->width();
+  buffer.height = pixels->height();
+  DescribeTransfer(buffer, buffer.width, buffer.height);
+  buffer.working = std::move(pixels);
+}
+
+}  // namespace tarnwell
