@@ -1,7 +1,5 @@
 #include "imaging/output_names.h"
 
-#include <cstdio>
-
 #include "platform/files.h"
 
 namespace tarnwell {
@@ -14,12 +12,6 @@ constexpr char kFolderPrefix[] = "\u2026/";
 
 bool IsTaken(Files& files, const std::string& path) {
   return files.FileExists(path) || files.FolderExists(path);
-}
-
-std::string TwoDigits(int number) {
-  char text[8];
-  std::snprintf(text, sizeof text, "%02d", number);
-  return text;
 }
 
 void AddEntry(OutputNames& names, const PhotoPathParts& photo, const std::string& name) {
@@ -39,7 +31,8 @@ void AddLetterCandidate(OutputNames& names, const PhotoPathParts& photo, Files& 
 // photo-01.jpg ... photo-99.jpg
 void AddNumberCandidate(OutputNames& names, const PhotoPathParts& photo, Files& files) {
   for (int number = 1; number <= kHighestNumber; ++number) {
-    const std::string name = photo.base + "-" + TwoDigits(number) + photo.extension;
+    const std::string two_digits = (number < 10 ? "0" : "") + std::to_string(number);
+    const std::string name = photo.base + "-" + two_digits + photo.extension;
     if (!IsTaken(files, photo.folder + name)) return AddEntry(names, photo, name);
   }
 }
