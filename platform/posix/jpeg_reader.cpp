@@ -1,0 +1,98 @@
+#include "platform/posix/jpeg_reader.h"
+
+#include <memory>
+
+#include "platform/posix/jpeg_steps.h"
+#include "platform/posix/memory_limit.h"
+
+namespace tarnwell {
+namespace {
+
+struct Closer {
+  void operator()(JpegDecoder* decoder) const {
+    CloseJpeg(decoder);
+    delete decoder;
+  }
+};
+
+Status ProblemStatus(const JpegErrors& errors, const std::string& name) {
+  switch (errors.problem) {
+    case JpegProblem::kUnsupported:
+      return Status::Error(Failure::kUnsupported,
+                           name + ": a kind of JPEG that cannot be read (" + errors.text + ")");
+    case JpegProblem::kTooLarge:
+      return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
+    default:
+      if (errors.breaks_off)
+        return Status::Error(Failure::kDamaged, name + ": the file breaks off");
+      return Status::Error(Failure::kDamaged,
+                           name + ": the picture data is damaged (" + errors.text + ")");
+  }
+}
+
+// The least bits that the file must hold: every block of 8 x 8 samples has a code of at least one
+// bit for its mean. Only arithmetic coding can do with less.
+std::uint64_t LeastBits(const jpeg_decompress_struct& info) {
+  if (info.arith_code) return 0;
+  std::uint64_t blocks = 0;
+  for (int i = 0; i < info.num_components; ++i) {
+    blocks += std::uint64_t{info.comp_info[i].width_in_blocks} * info.comp_info[i].height_in_blocks;
+  }
+  return blocks;
+}
+
+// Four inks to blue, green, red, 0. Files with an Adobe marker store the inks inverted, which is
+// then already the light that each lets through.
+void InksToLight(MutablePixelView picture, bool inverted) {
+  const unsigned flip = inverted ? 0 : 255;
+  for (std::size_t i = 0; i < picture.pixel_count(); ++i) {
+    std::uint8_t* pixel = picture.data + i * kBytesPerPixel;
+    const unsigned black = pixel[3] ^ flip;
+    const unsigned red = ((pixel[0] ^ flip) * black + 127) / 255;
+    const unsigned green = ((pixel[1] ^ flip) * black + 127) / 255;
+    const unsigned blue = ((pixel[2] ^ flip) * black + 127) / 255;
+    pixel[kBlue] = static_cast<std::uint8_t>(blue);
+    pixel[kGreen] = static_cast<std::uint8_t>(green);
+    pixel[kRed] = static_cast<std::uint8_t>(red);
+    pixel[kUnused] = 0;
+  }
+}
+
+void ClearUnused(MutablePixelView picture) {
+  for (std::size_t i = 0; i < picture.pixel_count(); ++i) {
+    picture.data[i * kBytesPerPixel + kUnused] = 0;
+  }
+}
+
+}  // namespace
+
+bool IsJpeg(std::string_view bytes) { return bytes.starts_with("\xFF\xD8\xFF"); }
+
+Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name) {
+  const std::unique_ptr<JpegDecoder, Closer> decoder(new JpegDecoder{});
+  if (!ReadJpegHeader(decoder.get(), reinterpret_cast<const std::uint8_t*>(bytes.data()),
+                      bytes.size())) {
+    return ProblemStatus(decoder->errors, name);
+  }
+  const jpeg_decompress_struct& info = decoder->info;
+  if (!MemoryHoldsPicture(info.image_width, info.image_height)) {
+    return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
+  }
+  if (LeastBits(info) > bytes.size() * 8) {
+    return Status::Error(Failure::kDamaged, name + ": the file breaks off");
+  }
+  const auto pixels = TryMakePixels(info.image_width, info.image_height);
+  if (!pixels) return Status::Error(Failure::kTooLarge, name + ": not enough memory");
+  const MutablePixelView view = pixels->mutable_view();
+  if (!ReadJpegRows(decoder.get(), view.data, view.stride())) {
+    return ProblemStatus(decoder->errors, name);
+  }
+  if (IsFourInks(*decoder)) {
+    InksToLight(view, info.saw_Adobe_marker);
+  } else {
+    ClearUnused(view);
+  }
+  return Picture(pixels);
+}
+
+}  // namespace tarnwell

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "imaging/pixel_array.h"
+#include "platform/status.h"
+
+namespace tarnwell {
+
+bool IsJpeg(std::string_view bytes);
+
+// Decodes a baseline or progressive JPEG file of grey, YCbCr, RGB, CMYK or YCCK. `name` is the
+// file's name for the message of a failure ("NAME: reason"). Bytes after the end marker and odd
+// headers are let pass; missing or corrupt data is kDamaged. kTooLarge also stands for a
+// progressive file with so many scans that decoding it would take minutes.
+Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name);
+
+}  // namespace tarnwell

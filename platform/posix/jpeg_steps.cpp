@@ -1,0 +1,150 @@
+#include "platform/posix/jpeg_steps.h"
+
+#include <jerror.h>
+
+namespace tarnwell {
+namespace {
+
+// libjpeg keeps the coefficients of a progressive picture in memory: up to 8 bytes per pixel. This
+// is enough for 250 megapixels.
+constexpr long kMostCoefficientBytes = 2'000'000'000;
+
+// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
+// bytes. Photos have about ten scans; this allows 20 at 200 megapixels, and more for smaller ones.
+// The constant per scan stands for setting up its tables.
+constexpr double kMostScannedPixels = 4e9;
+constexpr double kPixelsPerScanSetup = 4096;
+
+JpegProblem ProblemOfError(int code) {
+  switch (code) {
+    case JERR_SOF_UNSUPPORTED:
+    case JERR_BAD_PRECISION:
+    case JERR_ARITH_NOTIMPL:
+    case JERR_CONVERSION_NOTIMPL:
+    case JERR_NOT_COMPILED:
+    case JERR_NOTIMPL:
+    case JERR_COMPONENT_COUNT:
+    case JERR_CCIR601_NOTIMPL:
+    case JERR_FRACT_SAMPLE_NOTIMPL:
+    case JERR_EMPTY_IMAGE:
+      return JpegProblem::kUnsupported;
+    case JERR_OUT_OF_MEMORY:
+    case JERR_NO_BACKING_STORE:
+    case JERR_IMAGE_TOO_BIG:
+    case JERR_WIDTH_OVERFLOW:
+      return JpegProblem::kTooLarge;
+    case JERR_FILE_WRITE:
+      return JpegProblem::kWriteFailed;
+    default:
+      return JpegProblem::kDamaged;
+  }
+}
+
+// Warnings after which every pixel is still what the file says: stray bytes between two markers,
+// odd but readable headers.
+bool IsHarmless(int code) {
+  return code == JWRN_EXTRANEOUS_DATA || code == JWRN_ADOBE_XFORM || code == JWRN_JFIF_MAJOR ||
+         code == JWRN_BOGUS_ICC || code == JWRN_NOT_SEQUENTIAL;
+}
+
+[[noreturn]] void Escape(j_common_ptr info, JpegProblem problem) {
+  auto* errors = reinterpret_cast<JpegErrors*>(info->err);
+  errors->problem = problem;
+  errors->breaks_off =
+      info->err->msg_code == JWRN_JPEG_EOF || info->err->msg_code == JERR_INPUT_EMPTY;
+  info->err->format_message(info, errors->text);
+  std::longjmp(errors->escape, 1);
+}
+
+[[noreturn]] void OnError(j_common_ptr info) { Escape(info, ProblemOfError(info->err->msg_code)); }
+
+// libjpeg would go on with grey where data is missing; a photo is taken whole or not at all.
+void OnMessage(j_common_ptr info, int level) {
+  if (level < 0 && !IsHarmless(info->err->msg_code)) Escape(info, JpegProblem::kDamaged);
+}
+
+void OnProgress(j_common_ptr common) {
+  const auto* info = reinterpret_cast<j_decompress_ptr>(common);
+  const double pixels = static_cast<double>(info->image_width) * info->image_height;
+  if (info->input_scan_number * (pixels + kPixelsPerScanSetup) > kMostScannedPixels) {
+    Escape(common, JpegProblem::kTooLarge);
+  }
+}
+
+void SetUp(JpegErrors* errors) {
+  jpeg_std_error(&errors->manager);
+  errors->manager.error_exit = OnError;
+  errors->manager.emit_message = OnMessage;
+  errors->problem = JpegProblem::kNone;
+  errors->breaks_off = false;
+  errors->text[0] = '\0';
+}
+
+void Encode(jpeg_compress_struct* info, const JpegRows* rows, int quality, bool half_chrominance,
+            std::FILE* file) {
+  jpeg_create_compress(info);
+  jpeg_stdio_dest(info, file);
+  info->image_width = static_cast<JDIMENSION>(rows->width);
+  info->image_height = static_cast<JDIMENSION>(rows->height);
+  info->input_components = 3;
+  info->in_color_space = JCS_EXT_BGR;
+  jpeg_set_defaults(info);
+  jpeg_set_quality(info, quality, TRUE);
+  if (!half_chrominance) info->comp_info[0].h_samp_factor = info->comp_info[0].v_samp_factor = 1;
+  jpeg_start_compress(info, TRUE);
+  while (info->next_scanline < info->image_height) {
+    const auto y = static_cast<std::ptrdiff_t>(info->next_scanline);
+    auto* row = const_cast<JSAMPROW>(rows->top + y * rows->step);
+    jpeg_write_scanlines(info, &row, 1);
+  }
+  jpeg_finish_compress(info);
+}
+
+}  // namespace
+
+bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size) {
+  jpeg_decompress_struct* info = &decoder->info;
+  *info = {};
+  SetUp(&decoder->errors);
+  info->err = &decoder->errors.manager;
+  if (setjmp(decoder->errors.escape) != 0) return false;
+  jpeg_create_decompress(info);
+  info->mem->max_memory_to_use = kMostCoefficientBytes;
+  decoder->progress = {};
+  decoder->progress.progress_monitor = OnProgress;
+  info->progress = &decoder->progress;
+  jpeg_mem_src(info, bytes, size);
+  jpeg_read_header(info, TRUE);
+  info->out_color_space = IsFourInks(*decoder) ? JCS_CMYK : JCS_EXT_BGRX;
+  return true;
+}
+
+bool ReadJpegRows(JpegDecoder* decoder, std::uint8_t* rows, std::size_t row_bytes) {
+  jpeg_decompress_struct* info = &decoder->info;
+  if (setjmp(decoder->errors.escape) != 0) return false;
+  jpeg_start_decompress(info);
+  while (info->output_scanline < info->output_height) {
+    JSAMPROW row = rows + info->output_scanline * row_bytes;
+    jpeg_read_scanlines(info, &row, 1);
+  }
+  jpeg_finish_decompress(info);
+  return true;
+}
+
+void CloseJpeg(JpegDecoder* decoder) { jpeg_destroy_decompress(&decoder->info); }
+
+bool IsFourInks(const JpegDecoder& decoder) {
+  return decoder.info.jpeg_color_space == JCS_CMYK || decoder.info.jpeg_color_space == JCS_YCCK;
+}
+
+bool WriteJpegRows(const JpegRows& rows, int quality, bool half_chrominance, std::FILE* file) {
+  jpeg_compress_struct info = {};
+  JpegErrors errors;
+  SetUp(&errors);
+  info.err = &errors.manager;
+  if (setjmp(errors.escape) == 0) Encode(&info, &rows, quality, half_chrominance, file);
+  jpeg_destroy_compress(&info);
+  return errors.problem == JpegProblem::kNone;
+}
+
+}  // namespace tarnwell

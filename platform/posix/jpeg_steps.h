@@ -1,0 +1,65 @@
+#pragma once
+
+// The steps of libjpeg that can fail, for reading and for writing.
+//
+// libjpeg reports an error by a long jump out of its depth. The jump starts and ends inside one of
+// the functions below; they and what they call hold nothing that has a destructor, so nothing is
+// skipped. Callers own all memory and see plain results.
+
+#include <csetjmp>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+// libjpeg's header needs <cstdio> before it.
+#include <jpeglib.h>
+
+namespace tarnwell {
+
+enum class JpegProblem {
+  kNone,
+  kDamaged,      // data is missing or contradicts itself
+  kUnsupported,  // a kind of JPEG that the library does not decode
+  kTooLarge,     // more memory or more work than a photo may need
+  kWriteFailed,
+};
+
+struct JpegErrors {
+  jpeg_error_mgr manager;  // first: libjpeg hands back its address
+  std::jmp_buf escape;
+  JpegProblem problem;
+  bool breaks_off;             // damaged, because the file ends too early
+  char text[JMSG_LENGTH_MAX];  // libjpeg's own words
+};
+
+struct JpegDecoder {
+  jpeg_decompress_struct info;
+  JpegErrors errors;
+  jpeg_progress_mgr progress;
+};
+
+// Reads up to the first scan. `bytes` must outlive the decoder. CloseJpeg is due afterwards in any
+// case. False on failure, as in the functions that follow; errors.problem then tells why.
+bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size);
+
+// Decodes into rows of 4 bytes per pixel: blue, green, red and a byte of any value, or cyan,
+// magenta, yellow and black for a picture of four inks. Reads on to the end marker.
+bool ReadJpegRows(JpegDecoder* decoder, std::uint8_t* rows, std::size_t row_bytes);
+
+void CloseJpeg(JpegDecoder* decoder);
+
+// Whether the picture comes as four inks.
+bool IsFourInks(const JpegDecoder& decoder);
+
+// A picture of 3 bytes per pixel: blue, green, red.
+struct JpegRows {
+  const std::uint8_t* top = nullptr;  // the top row
+  std::ptrdiff_t step = 0;            // bytes from a row to the one below it
+  int width = 0;
+  int height = 0;
+};
+
+// Encodes as YCbCr at `quality` 0 to 100, with chrominance of half resolution in both directions or
+// of full resolution. False when the file cannot be written or the library refuses the size.
+bool WriteJpegRows(const JpegRows& rows, int quality, bool half_chrominance, std::FILE* file);
+
+}  // namespace tarnwell

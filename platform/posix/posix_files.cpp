@@ -1,0 +1,252 @@
+#include "platform/posix/posix_files.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <new>
+#include <optional>
+#include <sys/file.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/posix/posix_error.h"
+#include "platform/posix/posix_file.h"
+#include "platform/posix/posix_move.h"
+#include "platform/posix/posix_path.h"
+
+namespace tarnwell {
+namespace {
+
+bool LooksLike(const std::string& path, mode_t kind) {
+  const Result<std::string> system_path = ToSystemPath(path);
+  struct stat found;
+  return system_path.ok() && stat(system_path->c_str(), &found) == 0 &&
+         (found.st_mode & S_IFMT) == kind;
+}
+
+// Reads to the end of the file, of which `expected` bytes are announced.
+Status ReadToEnd(const PosixFile& file, const std::string& path, std::uint64_t expected,
+                 std::uint64_t most_bytes, std::string& bytes) {
+  // One byte of room more than announced, so that the end is met without growing.
+  bytes.resize(expected + 1);
+  std::size_t filled = 0;
+  for (;;) {
+    if (filled == bytes.size()) bytes.resize(bytes.size() * 2);
+    const ssize_t got = read(file.descriptor(), bytes.data() + filled, bytes.size() - filled);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return SystemError(errno, path, Subject::kFile);
+    if (got == 0) break;
+    filled += static_cast<std::size_t>(got);
+    if (filled > most_bytes) return PathError(Failure::kTooLarge, path, "the file is too large");
+  }
+  bytes.resize(filled);
+  return Status::Ok();
+}
+
+// The entry `name` of an open folder; nothing for what is neither a file nor a folder, for links
+// that lead nowhere and for names that cannot be addressed.
+std::optional<FolderEntry> EntryOf(int folder, const std::string& name) {
+  if (name == "." || name == ".." || name.find('\\') != name.npos) return std::nullopt;
+  FolderEntry entry{.name = name};
+  struct stat found;
+  if (fstatat(folder, name.c_str(), &found, 0) != 0) {
+    if (errno == ENOENT || errno == ELOOP) return std::nullopt;
+    return entry;  // it is there, but nothing about it may be known
+  }
+  entry.is_folder = S_ISDIR(found.st_mode);
+  if (!entry.is_folder && !S_ISREG(found.st_mode)) return std::nullopt;
+  if (!entry.is_folder) entry.size = static_cast<std::uint64_t>(found.st_size);
+  entry.modified_nanos = std::int64_t{found.st_mtim.tv_sec} * 1'000'000'000 + found.st_mtim.tv_nsec;
+  return entry;
+}
+
+// Locks a file against other programs that append to it. File systems without locks are left to
+// the atomicity of a single appending write.
+void LockForAppending(const PosixFile& file) {
+  while (flock(file.descriptor(), LOCK_EX) != 0 && errno == EINTR) {
+  }
+}
+
+// The file that a write to `path` is meant for: a link stands for what it leads to.
+std::string BehindLinks(const std::string& system_path) {
+  const std::unique_ptr<char, decltype(&free)> real(realpath(system_path.c_str(), nullptr), &free);
+  return real ? real.get() : system_path;
+}
+
+// Makes the new file `temporary`, a path of the system, hold `bytes`; failures name `shown`.
+Status WriteFlushed(const std::string& temporary, std::string_view bytes,
+                    std::optional<mode_t> rights, const std::string& shown) {
+  Result<PosixFile> file =
+      OpenFile(FromSystemPath(temporary), O_WRONLY | O_CREAT | O_EXCL, Subject::kNewFile, shown);
+  if (!file.ok()) return file.status;
+  if (rights && fchmod(file->descriptor(), *rights) != 0) {
+    return SystemError(errno, shown, Subject::kNewFile);
+  }
+  Status written = WriteAll(*file, bytes, shown);
+  return written.ok() ? Flush(*file, shown) : written;
+}
+
+std::string TemporaryName() {
+  // The counter tells the calls of this process apart, its number the processes of this machine,
+  // and the random part those of other machines that share the folder.
+  static std::atomic<unsigned> counter = 0;
+  std::uint32_t random = 0;
+  if (getrandom(&random, sizeof random, GRND_NONBLOCK) < 0) random = 0;
+  char name[64];
+  std::snprintf(name, sizeof name, ".tarnwell-%ld-%u-%08x.tmp", static_cast<long>(getpid()),
+                counter++, random);
+  return name;
+}
+
+}  // namespace
+
+bool PosixFiles::FileExists(const std::string& path) { return LooksLike(path, S_IFREG); }
+
+bool PosixFiles::FolderExists(const std::string& path) { return LooksLike(path, S_IFDIR); }
+
+Result<std::string> PosixFiles::Read(const std::string& path, std::uint64_t most_bytes) {
+  const Result<PosixFile> file = OpenFile(path, O_RDONLY, Subject::kFile);
+  if (!file.ok()) return file.status;
+  struct stat found;
+  if (fstat(file->descriptor(), &found) != 0) return SystemError(errno, path, Subject::kFile);
+  const auto size = static_cast<std::uint64_t>(found.st_size);
+  if (size > most_bytes) return PathError(Failure::kTooLarge, path, "the file is too large");
+  std::string bytes;
+  try {
+    const Status read = ReadToEnd(*file, path, size, most_bytes, bytes);
+    if (!read.ok()) return read;
+  } catch (const std::bad_alloc&) {
+    return SystemError(ENOMEM, path, Subject::kFile);
+  }
+  return bytes;
+}
+
+Result<std::vector<FolderEntry>> PosixFiles::List(const std::string& folder) {
+  const Result<std::string> system_path = ToSystemPath(folder);
+  if (!system_path.ok()) return system_path.status;
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(system_path->c_str()), &closedir);
+  if (!open) return SystemError(errno, folder, Subject::kFolder);
+  std::vector<FolderEntry> entries;
+  for (;;) {
+    errno = 0;
+    const dirent* found = readdir(open.get());
+    if (found == nullptr) break;
+    if (auto entry = EntryOf(dirfd(open.get()), found->d_name)) entries.push_back(*entry);
+  }
+  if (errno != 0) return SystemError(errno, folder, Subject::kFolder);
+  return entries;
+}
+
+Status PosixFiles::CreateFolder(const std::string& folder) {
+  const Result<std::string> system_path = ToSystemPath(folder);
+  if (!system_path.ok()) return system_path.status;
+  if (mkdir(system_path->c_str(), 0777) == 0) return Status::Ok();
+  return SystemError(errno, folder, Subject::kNewFolder);
+}
+
+Status PosixFiles::Replace(const std::string& path, std::string_view bytes) {
+  Result<std::string> system_path = ToSystemPath(path);
+  if (!system_path.ok()) return system_path.status;
+  const std::string target = BehindLinks(*system_path);
+  struct stat old;
+  std::optional<mode_t> rights;
+  if (stat(target.c_str(), &old) == 0) {
+    if (S_ISDIR(old.st_mode)) return SystemError(EISDIR, path, Subject::kNewFile);
+    if (!S_ISREG(old.st_mode)) return PathError(Failure::kOther, path, "is not a file");
+    rights = old.st_mode & 0777;
+  }
+  const std::string temporary = SystemFolderOf(target) + TemporaryName();
+  Status written = WriteFlushed(temporary, bytes, rights, path);
+  if (written.ok() && rename(temporary.c_str(), target.c_str()) != 0) {
+    written = SystemError(errno, path, Subject::kNewFile);
+  }
+  if (!written.ok()) {
+    unlink(temporary.c_str());
+    return written;
+  }
+  // From here on the new content is in place; a disk that cannot flush the folder would at worst
+  // bring the old one back after a power cut, whole as well.
+  FlushFolderOf(FromSystemPath(target));
+  return Status::Ok();
+}
+
+Status PosixFiles::Append(const std::string& path, std::string_view bytes) {
+  const Result<PosixFile> file = OpenFile(path, O_WRONLY | O_APPEND | O_CREAT, Subject::kNewFile);
+  if (!file.ok()) return file.status;
+  LockForAppending(*file);
+  struct stat before;
+  if (fstat(file->descriptor(), &before) != 0) return SystemError(errno, path, Subject::kFile);
+  Status appended = WriteAll(*file, bytes, path);
+  if (appended.ok()) appended = Flush(*file, path);
+  if (!appended.ok() && ftruncate(file->descriptor(), before.st_size) != 0) {
+    appended.message += ", and part of the addition may be left in it";
+  }
+  return appended;
+}
+
+std::string PosixFiles::TemporaryBeside(const std::string& path) {
+  const std::size_t backslash = path.rfind('\\');
+  const std::string folder = backslash == path.npos ? "" : path.substr(0, backslash + 1);
+  return folder + TemporaryName();
+}
+
+Status PosixFiles::Publish(const std::string& temporary, const std::string& path) {
+  Status published;
+  {
+    const Result<PosixFile> file = OpenFile(temporary, O_RDONLY, Subject::kFile);
+    published = file.ok() ? Flush(*file, path) : file.status;
+  }
+  if (published.ok()) published = RenameWithoutReplacing(temporary, path, nullptr);
+  if (!published.ok()) {
+    if (const auto name = ToSystemPath(temporary); name.ok()) unlink(name->c_str());
+    return published;
+  }
+  FlushFolderOf(path);
+  return Status::Ok();
+}
+
+Status PosixFiles::Move(const std::string& from, const std::string& to) {
+  if (FolderExists(from)) return SystemError(EISDIR, from, Subject::kFile);
+  bool other_volume = false;
+  Status moved = RenameWithoutReplacing(from, to, &other_volume);
+  if (moved.ok()) {
+    FlushFolderOf(to);
+    FlushFolderOf(from);
+    return moved;
+  }
+  if (!other_volume) return moved;
+
+  const std::string temporary = TemporaryBeside(to);
+  Status copied = CopyFlushed(from, temporary, to);
+  if (copied.ok()) copied = Publish(temporary, to);
+  if (!copied.ok()) return copied;
+  // The source goes only once the copy would survive a power cut.
+  Status finished = FlushFolderOf(to) ? Delete(from) : SystemError(EIO, to, Subject::kNewFile);
+  if (!finished.ok()) Delete(to).ok();
+  return finished;
+}
+
+Status PosixFiles::Delete(const std::string& path) {
+  const Result<std::string> system_path = ToSystemPath(path);
+  if (!system_path.ok()) return system_path.status;
+  if (unlink(system_path->c_str()) == 0) return Status::Ok();
+  return SystemError(errno, path, Subject::kFile);
+}
+
+Status PosixFiles::DeleteFolder(const std::string& path) {
+  const Result<std::string> system_path = ToSystemPath(path);
+  if (!system_path.ok()) return system_path.status;
+  if (rmdir(system_path->c_str()) == 0) return Status::Ok();
+  return SystemError(errno, path, Subject::kFolder);
+}
+
+std::string PosixFiles::Absolute(const std::string& path) { return AbsolutePath(path); }
+
+std::string PosixFiles::Display(const std::string& path) { return DisplayPath(path); }
+
+}  // namespace tarnwell

@@ -1,0 +1,81 @@
+#include "platform/posix/posix_move.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#include "platform/posix/posix_file.h"
+#include "platform/posix/posix_path.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr std::size_t kCopyBytes = 1 << 20;
+
+// For file systems that do not know renaming without replacing: a second name never replaces
+// anything either. For an instant the file has both names; it is never without one.
+int LinkThenUnlink(const char* from, const char* to) {
+  if (link(from, to) != 0) return -1;
+  if (unlink(from) == 0) return 0;
+  const int error = errno;
+  unlink(to);
+  errno = error;
+  return -1;
+}
+
+Status CopyContent(const PosixFile& source, const std::string& from, const PosixFile& copy,
+                   const std::string& shown) {
+  std::vector<char> buffer(kCopyBytes);
+  for (;;) {
+    const ssize_t got = read(source.descriptor(), buffer.data(), buffer.size());
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return SystemError(errno, from, Subject::kFile);
+    if (got == 0) return Flush(copy, shown);
+    Status written = WriteAll(copy, {buffer.data(), static_cast<std::size_t>(got)}, shown);
+    if (!written.ok()) return written;
+  }
+}
+
+}  // namespace
+
+Status RenameWithoutReplacing(const std::string& from, const std::string& to, bool* other_volume) {
+  const Result<std::string> system_from = ToSystemPath(from);
+  if (!system_from.ok()) return system_from.status;
+  const Result<std::string> system_to = ToSystemPath(to);
+  if (!system_to.ok()) return system_to.status;
+  int moved =
+      renameat2(AT_FDCWD, system_from->c_str(), AT_FDCWD, system_to->c_str(), RENAME_NOREPLACE);
+  if (moved != 0 && (errno == EINVAL || errno == ENOSYS)) {
+    moved = LinkThenUnlink(system_from->c_str(), system_to->c_str());
+  }
+  if (moved == 0) return Status::Ok();
+  const int error = errno;
+  if (other_volume != nullptr) *other_volume = error == EXDEV;
+  struct stat found;
+  if (error == ENOENT && lstat(system_from->c_str(), &found) != 0) {
+    return SystemError(error, from, Subject::kFile);
+  }
+  return SystemError(error, to, Subject::kNewFile);
+}
+
+Status CopyFlushed(const std::string& from, const std::string& to, const std::string& shown) {
+  Result<PosixFile> source = OpenFile(from, O_RDONLY, Subject::kFile);
+  if (!source.ok()) return source.status;
+  Result<PosixFile> copy = OpenFile(to, O_WRONLY | O_CREAT | O_EXCL, Subject::kNewFile, shown);
+  if (!copy.ok()) return copy.status;
+  Status copied = CopyContent(*source, from, *copy, shown);
+  struct stat original;
+  if (copied.ok() && fstat(source->descriptor(), &original) == 0) {
+    // A volume that keeps neither rights nor times still holds the photo.
+    const timespec times[2] = {original.st_atim, original.st_mtim};
+    if (fchmod(copy->descriptor(), original.st_mode & 0777) != 0) errno = 0;
+    if (futimens(copy->descriptor(), times) != 0) errno = 0;
+  }
+  if (!copied.ok()) unlink(ToSystemPath(to)->c_str());
+  return copied;
+}
+
+}  // namespace tarnwell

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/picture_codec.h"
+
+namespace tarnwell {
+
+// Pictures through libjpeg-turbo and giflib; bitmaps through the program's own reader and writer.
+class PosixPictureCodec : public PictureCodec {
+ public:
+  Result<Picture> Load(const std::string& path) override;
+  Status SaveBitmap(const std::string& path, const PixelView& picture) override;
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,52 @@
+#include <algorithm>
+#include <cstdlib>
+#include <sched.h>
+#include <thread>
+
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/posix_jpeg_library.h"
+#include "platform/posix/posix_path.h"
+#include "platform/posix/posix_picture_codec.h"
+#include "platform/system.h"
+
+namespace tarnwell {
+namespace {
+
+// The value of an environment variable that must be an absolute path; empty otherwise.
+std::string FolderFromEnvironment(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr && value[0] == '/' ? value : "";
+}
+
+}  // namespace
+
+std::unique_ptr<Files> MakeSystemFiles() { return std::make_unique<PosixFiles>(); }
+
+std::unique_ptr<PictureCodec> MakeSystemPictureCodec() {
+  return std::make_unique<PosixPictureCodec>();
+}
+
+std::unique_ptr<JpegLibrary> MakeSystemJpegLibrary() {
+  return std::make_unique<PosixJpegLibrary>();
+}
+
+std::unique_ptr<Clock> MakeSystemClock() { return std::make_unique<PosixClock>(); }
+
+std::string SystemDataFolder() {
+  std::string folder = FolderFromEnvironment("XDG_DATA_HOME");
+  if (folder.empty()) {
+    folder = FolderFromEnvironment("HOME");
+    if (folder.empty()) return {};
+    folder += "/.local/share";
+  }
+  return FromSystemPath(folder + "/tarnwell-pocket/");
+}
+
+int SystemProcessorCount() {
+  cpu_set_t allowed;
+  if (sched_getaffinity(0, sizeof allowed, &allowed) == 0) return std::max(CPU_COUNT(&allowed), 1);
+  return static_cast<int>(std::max(std::thread::hardware_concurrency(), 1u));
+}
+
+}  // namespace tarnwell
