@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <new>
+#include <stdexcept>
 
 namespace tarnwell {
 
@@ -10,6 +11,8 @@ std::shared_ptr<PixelArray> TryMakePixels(std::int64_t width, std::int64_t heigh
   try {
     return std::make_shared<PixelArray>(static_cast<int>(width), static_cast<int>(height));
   } catch (const std::bad_alloc&) {
+    return nullptr;
+  } catch (const std::length_error&) {  // more than an address space of 32 bits can hold
     return nullptr;
   }
 }
