@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "imaging/pixel_array.h"
@@ -43,7 +44,8 @@ class cDIBSection {
                       int height = -1);
 
   // Copies the section's pixels from column source_x, row source_y on to `target` at x, y. A
-  // negative width or height means the section's own.
+  // negative width or height means the section's own. What lies outside either picture is left
+  // out; the target's unused channel stays as it is.
   void PaintPicture(MutablePixelView target, int x = 0, int y = 0, int width = -1, int height = -1,
                     int source_x = 0, int source_y = 0) const;
 
@@ -55,16 +57,19 @@ class cDIBSection {
   void ClearUp();
 
   // A new section of the new size (height first): a copy when the size is the same, otherwise
-  // resampled bilinearly with scales (size - 1) / new size. Null when it could not be created.
+  // resampled bilinearly with scales (size - 1) / new size. Null when it could not be created, or
+  // when this section is empty.
   std::unique_ptr<cDIBSection> Resample(int new_height, int new_width) const;
 
   // Places the section on the clipboard as a bitmap. True only if the clipboard took it. With
-  // `as_dib` it says that it cannot and returns false.
-  bool CopyToClipboard(bool as_dib, Clipboard& clipboard, Dialogs& dialogs) const;
+  // `as_dib` it says that it cannot, under `title`, and returns false.
+  bool CopyToClipboard(bool as_dib, Clipboard& clipboard, Dialogs& dialogs,
+                       const std::string& title) const;
 
  private:
   // First byte of the pixel at column x, row y counted in the section's own order (0 = bottom).
   const std::uint8_t* StoredPixel(int x, int stored_row) const;
+  std::uint8_t* StoredPixel(int x, int stored_row);
 
   int width_ = 0;
   int height_ = 0;
