@@ -1,18 +1,33 @@
 #pragma once
 
-#include <cmath>
 #include <cstdint>
 
 namespace tarnwell {
 
-// The one rounding of the corrections: to the nearest integer, ties to even, into 16 bits.
-// False, with `target` as it was, when the rounded value lies outside -32768..32767 or `value` is
-// no number; the caller's assignment then simply does not happen.
+// `value` rounded to the nearest integer, ties to even. Beyond 2^51 the result is some number of
+// about that size, and what is no number stays none.
+inline double RoundHalfToEven(double value) {
+  // Adding 1.5 x 2^52 leaves no bits for a fraction, so the addition itself rounds, in the
+  // processor's default mode. Unlike std::nearbyint this needs no call on baseline x86-64.
+  constexpr double kNoFraction = 6755399441055744.0;
+  return (value + kNoFraction) - kNoFraction;
+}
+
+// The one rounding of the corrections: RoundHalfToEven into 16 bits. False, with `target` as it
+// was, when the rounded value lies outside -32768..32767 or `value` is no number; the assignment
+// then simply does not happen.
 inline bool RoundInto(std::int16_t& target, double value) {
-  // The default rounding mode of the processor is to nearest, ties to even; nothing changes it.
-  const double rounded = std::nearbyint(value);
+  const double rounded = RoundHalfToEven(value);
   if (!(rounded >= -32768.0 && rounded <= 32767.0)) return false;
   target = static_cast<std::int16_t>(rounded);
+  return true;
+}
+
+// `target` = `dividend` / `divisor`. False, with `target` as it was, when the divisor is 0: an
+// undefined division is a step that does not happen.
+inline bool DivideInto(double& target, double dividend, double divisor) {
+  if (divisor == 0) return false;
+  target = dividend / divisor;
   return true;
 }
 

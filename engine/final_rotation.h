@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+
+#include "imaging/pixel_array.h"
+
+namespace tarnwell {
+
+struct PixelBuffer;
+
+// The five turns. W and H are the size before, columns and rows counted from 1.
+enum class Turn : int {
+  kAnticlockwise = 0,  // H x W: (x, y) goes to (y, W - x + 1)
+  kClockwise = 1,      // H x W: (x, y) goes to (H - y + 1, x)
+  kHalf = 2,           // W x H: (x, y) goes to (W - x + 1, H - y + 1)
+  kUpsideDown = 3,     // W x H: (x, y) goes to (x, H - y + 1)
+  kLeftRight = 4,      // W x H: (x, y) goes to (W - x + 1, y)
+};
+inline constexpr int kTurnCount = 5;
+
+// A new array holding `pixels` turned; its unused channel is 0. Null when memory does not suffice.
+std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn);
+
+// Turns the buffer's working pixels by rotation choice `choice` (0 to 4) and rebuilds its header.
+// False, with the buffer as it was, for another choice or when memory does not suffice.
+bool RotateFinalImage(PixelBuffer& buffer, int choice);
+
+}  // namespace tarnwell
