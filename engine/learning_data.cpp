@@ -1,0 +1,107 @@
+#include "engine/learning_data.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+
+#include "shell/lenient_number.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr char kSeparator = '\t';
+
+bool IsPlainColumn(int column) {
+  return column <= kBlackLevel || column == kWhitePoint || column == kBlackPoint;
+}
+
+std::string ShortestText(double value) {
+  char text[400];
+  const auto end = std::to_chars(text, text + sizeof(text), value, std::chars_format::fixed).ptr;
+  return {text, end};
+}
+
+std::string FourDecimals(double value) {
+  char text[400];
+  std::snprintf(text, sizeof(text), "%.4f", value);
+  return text;
+}
+
+// What a level of this column (0 to 9) is divided by to lie between 0 and 1.
+float ColumnScale(int column) {
+  switch (column) {
+    case kHighestSumSeen:
+    case kLowestSumSeen:
+    case kWhitePoint:
+    case kBlackPoint:
+      return 765;
+    case kHighestMaxChannel:
+    case kBlackLevel:
+      return 255;
+    default:
+      return 1;
+  }
+}
+
+inline constexpr int kComparedColumns = 10;
+
+// How much `stored` counts for a photo that measures `current`: 1 for a perfect match, falling to 0
+// at an agreement of 90 %. Nothing when a field cannot be read or no column can be compared.
+std::optional<double> WeightOf(const StoredRecord& stored, const LearningRecord& current) {
+  double similarity_total = 0;
+  int compared = 0;
+  for (int column = 0; column < kComparedColumns; ++column) {
+    if (!stored.fields[column]) return std::nullopt;
+    const double scale = ColumnScale(column);
+    const double value = *stored.fields[column] / scale;
+    if (value > 1.0) continue;
+    similarity_total += 1 - std::fabs(value - current[column] / scale);
+    ++compared;
+  }
+  if (compared == 0) return std::nullopt;
+  const double similarity = similarity_total / compared - 0.9;
+  if (similarity < 0) return 0.0;
+  return similarity * 10;
+}
+
+}  // namespace
+
+std::string FormatLearningRecord(const LearningRecord& record) {
+  std::string line;
+  for (int column = 0; column < kRecordColumns; ++column) {
+    if (column > 0) line += kSeparator;
+    line += IsPlainColumn(column) ? ShortestText(record[column]) : FourDecimals(record[column]);
+  }
+  return line;
+}
+
+StoredRecord ParseLearningRecord(std::string_view line) {
+  StoredRecord record;
+  for (;;) {
+    const std::size_t separator = line.find(kSeparator);
+    const std::string_view field = line.substr(0, separator);
+    if (record.field_count < kRecordColumns) {
+      if (const auto number = ParseLenientNumber(field)) {
+        record.fields[record.field_count] = static_cast<float>(*number);
+      }
+    }
+    ++record.field_count;
+    if (separator == std::string_view::npos) return record;
+    line.remove_prefix(separator + 1);
+  }
+}
+
+double LearntOffset(const LearningData& data, const LearningRecord& current, int target) {
+  double weighted_total = 0;
+  double weight_total = 0;
+  for (const StoredRecord& record : data.records) {
+    if (record.field_count != kRecordColumns || !record.fields[target]) continue;
+    const std::optional<double> weight = WeightOf(record, current);
+    if (!weight) continue;
+    weighted_total += *weight * *record.fields[target];
+    weight_total += *weight;
+  }
+  return weight_total == 0 ? 0 : weighted_total / weight_total;
+}
+
+}  // namespace tarnwell
