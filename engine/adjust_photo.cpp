@@ -1,0 +1,202 @@
+#include "engine/adjust_photo.h"
+
+#include "deadpixels/repair_dead_pixels.h"
+#include "engine/analysis.h"
+#include "engine/color_rotation.h"
+#include "engine/column_pass.h"
+#include "engine/final_rotation.h"
+#include "engine/pass_progress.h"
+#include "engine/pixel_adjustments.h"
+#include "engine/run_parameters.h"
+#include "engine/white_balance_of_run.h"
+#include "imaging/thumbnail.h"
+#include "modules/frm_modules.h"
+#include "platform/events.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/frm_progress.h"
+#include "shell/module1.h"
+
+namespace tarnwell {
+namespace {
+
+Status Cancelled() { return Status::Error(Failure::kCancelled, "the correction was cancelled"); }
+
+Status OutOfMemory(const Form1& form) {
+  return Status::Error(Failure::kTooLarge, form.app.current_file + ": not enough memory");
+}
+
+// Takes the thumbnail of picOriginal or the full photo as the working pixels.
+Status ReadForPass(Form1& form, bool thumbnail, const RunParameters& run) {
+  if (thumbnail) {
+    // Always the uncorrected photo's thumbnail, so that repeated previews do not compound.
+    Picture fresh = ThumbnailOf(form.buffer.surfaces.picOriginal.image->view());
+    if (!fresh) return OutOfMemory(form);
+    Display(form.buffer.surfaces.picThumb, std::move(fresh));
+  }
+  const PixelSource source = thumbnail ? PixelSource::kThumbnail : PixelSource::kOriginal;
+  if (!ReadSourcePixels(form.buffer, source, run.noise.has_value())) return OutOfMemory(form);
+  return Status::Ok();
+}
+
+// The analysis pass over the working pixels: histogram, limits, measurements, and the correction
+// that follows from them. Fills columns 0 to 11 of `record`.
+Result<AutomaticCorrection> Measure(Form1& form, bool thumbnail, const RunParameters& run,
+                                    LearningRecord& record) {
+  const PixelView pixels = form.buffer.working->view();
+  form.histogram = CountBrightness(pixels);
+  const int top_level = TopLevel(form.histogram);
+
+  ToneLimits limits;
+  limits.white_point =
+      run.white_point.value_or(AutomaticWhitePoint(form.histogram, pixels.width, pixels.height));
+  limits.black_point = run.black_point;
+  limits = CheckToneLimits(limits);
+
+  Measurements found;
+  PassProgress pass(form, pixels.width, thumbnail ? 0.5f : 10.0f);
+  // On one thread: the totals are sums of doubles, which depend on the order.
+  const bool finished = ForEachColumn(
+      pixels.width, 1, [&](int x) { MeasureColumn(pixels, x, limits, top_level, found); },
+      [&](int done) { return pass.ColumnDone(done); });
+  if (!finished) return Cancelled();
+  return DeriveCorrection(found, limits, record);
+}
+
+// Adds what the learning system proposes for a photo like this one.
+void ApplyLearntOffsets(const LearningData& learning, const LearningRecord& record,
+                        std::array<double, 3>& offsets) {
+  offsets[0] = LearntOffset(learning, record, kBrightnessSetting);
+  offsets[1] = LearntOffset(learning, record, kSaturationSetting);
+  offsets[2] = LearntOffset(learning, record, kContrastSetting);
+}
+
+AdjustmentSettings SettingsFor(const RunParameters& run, const AutomaticCorrection& automatic,
+                               const std::array<double, 3>& learnt,
+                               const std::optional<std::array<double, 3>>& white_balance) {
+  const auto& [brightness_offset, saturation_offset, contrast_offset] = learnt;
+  AdjustmentSettings settings;
+  settings.noise = run.noise;
+  settings.focus = run.focus;
+  settings.black_level = automatic.black_level;
+  settings.gain = automatic.gain * (1 + brightness_offset) + 2 * run.brightness_factor;
+  settings.saturation_multiplier =
+      automatic.saturation_multiplier * (1 + saturation_offset) + 2 * run.saturation_factor;
+  if (settings.saturation_multiplier < 0) settings.saturation_multiplier = 0;
+  settings.contrast_factor = run.contrast_factor + contrast_offset;
+  settings.hue_factors = run.hue_factors;
+  settings.white_balance_offsets = white_balance;
+  return settings;
+}
+
+// Columns 12 to 20: the settings of the run and what was learnt on top of them.
+void RecordSettings(const RunParameters& run, const std::array<double, 3>& learnt,
+                    const std::optional<std::array<double, 3>>& white_balance,
+                    LearningRecord& record) {
+  record[kBrightnessSetting] = run.brightness_factor + learnt[0];
+  record[kSaturationSetting] = run.saturation_factor + learnt[1];
+  record[kContrastSetting] = run.contrast_factor + learnt[2];
+  for (int i = 0; i < 3; ++i) {
+    record[kWhiteBalanceRed + i] = white_balance ? (*white_balance)[i] : 0;
+    record[kHueRed + i] = run.hue_factors ? (*run.hue_factors)[i] : 0;
+  }
+}
+
+// The adjustment pass over the working pixels, then the colour rotation.
+Status Adjust(Form1& form, bool preview, const RunParameters& run,
+              const AdjustmentSettings& settings) {
+  const MutablePixelView working = form.buffer.working->mutable_view();
+  const float minimum_step = preview ? 0.5f : 1.0f;
+  ShowStage(form.progress, kAdjusting);
+
+  std::optional<NoiseFilter> noise;
+  if (settings.noise) noise.emplace(form.buffer.noise_reference->view(), *settings.noise);
+  // The focus filter reads corrected neighbours, so its columns must come in order.
+  const int threads = settings.focus ? 1 : form.threads;
+  PassProgress pass(form, working.width, minimum_step);
+  const bool adjusted = ForEachColumn(
+      working.width, threads,
+      [&](int x) { AdjustColumn(working, x, settings, noise ? &*noise : nullptr); },
+      [&](int done) { return pass.ColumnDone(done); });
+  if (!adjusted) return Cancelled();
+
+  if (run.hue_degrees == 0) return Status::Ok();
+  ShowStage(form.progress, kRotatingHue);
+  PassProgress hue_pass(form, working.width, minimum_step);
+  const bool turned = ForEachColumn(
+      working.width, form.threads, [&](int x) { RotateHueOfColumn(working, x, run.hue_degrees); },
+      [&](int done) { return hue_pass.ColumnDone(done); });
+  return turned ? Status::Ok() : Cancelled();
+}
+
+Status RunCorrection(Form1& form, bool preview) {
+  const PixelView original = form.buffer.surfaces.picOriginal.image->view();
+  const double scale_ratio =
+      static_cast<double>(original.width) / ThumbnailSizeFor(original.width, original.height).width;
+  const RunParameters run =
+      CollectParameters(form.modules, preview, scale_ratio, form.app.extended_noise);
+  const auto white_balance = WhiteBalanceOfRun(form.app, form.platform, form.modules);
+
+  AutomaticCorrection automatic;
+  LearningRecord record = {};
+  std::array<double, 3> learnt = {0, 0, 0};
+  const bool analyze_thumbnail = !form.app.analyze_full_source;
+  if (run.measure) {
+    if (Status read = ReadForPass(form, analyze_thumbnail, run); !read.ok()) return read;
+    const auto measured = Measure(form, analyze_thumbnail, run, record);
+    if (!measured.ok()) return measured.status;
+    automatic = *measured;
+    if (run.use_learnt) ApplyLearntOffsets(form.learning, record, learnt);
+  }
+  RecordSettings(run, learnt, white_balance, record);
+
+  if (!run.measure || analyze_thumbnail != preview) {
+    if (Status read = ReadForPass(form, preview, run); !read.ok()) return read;
+  }
+  const AdjustmentSettings settings = SettingsFor(run, automatic, learnt, white_balance);
+  if (Status adjusted = Adjust(form, preview, run, settings); !adjusted.ok()) return adjusted;
+  if (run.rotation && !RotateFinalImage(form.buffer, *run.rotation)) return OutOfMemory(form);
+
+  ShowPercentage(form.progress, 100);
+  form.platform.events.Run();
+  WriteSourcePixels(form.buffer, form.platform.events);
+  form.app.learning_record = run.measure ? FormatLearningRecord(record) : std::string();
+  return Status::Ok();
+}
+
+void MeasureOriginal(Form1& form) {
+  form.histogram = CountBrightness(form.buffer.surfaces.picOriginal.image->view());
+  form.correction_ready = true;
+}
+
+}  // namespace
+
+Status AdjustPhoto(Form1& form, bool preview) {
+  if (form.app.closing) return Cancelled();
+  if (!form.buffer.surfaces.picOriginal.image) {
+    return Status::Error(Failure::kNotFound, "no photo is open");
+  }
+  form.app.cancel_requested = false;
+  if (!form.correction_ready) MeasureOriginal(form);
+
+  ProgressWindow window(form.progress, kAnalyzing);
+  form.platform.events.Run();
+  const PhotoSurfaces before = form.buffer.surfaces;
+  Status status = RunCorrection(form, preview);
+  if (status.ok()) {
+    form.app.photo_changed = true;
+  } else {
+    form.buffer.surfaces = before;
+  }
+  return status;
+}
+
+Status AnalyzeOpenedPhoto(Form1& form) {
+  form.app.cancel_requested = false;
+  ShowStage(form.progress, kCollecting);
+  if (form.modules.IsOpen(kDeadPixelCorrection)) RepairOpenedPhoto(form);
+  MeasureOriginal(form);
+  return Status::Ok();
+}
+
+}  // namespace tarnwell

@@ -1,0 +1,37 @@
+#include "engine/pass_progress.h"
+
+#include "engine/rounding.h"
+#include "platform/events.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/frm_progress.h"
+#include "shell/module1.h"
+
+namespace tarnwell {
+
+ProgressWindow::ProgressWindow(frmProgress& progress, int stage) : progress_(progress) {
+  ShowPercentage(progress_, 0);
+  ShowStage(progress_, stage);
+  if (progress_.view) progress_.view->ShowWindow();
+}
+
+ProgressWindow::~ProgressWindow() {
+  if (progress_.view) progress_.view->HideWindow();
+}
+
+PassProgress::PassProgress(Form1& form, int width, float minimum_step)
+    : form_(form), width_(width), minimum_step_(minimum_step) {
+  ShowPercentage(form_.progress, 0);
+}
+
+bool PassProgress::ColumnDone(int done) {
+  const auto percentage = static_cast<float>(RoundHalfToEven(200.0 * done / width_) / 2);
+  if (percentage >= shown_ + minimum_step_) {
+    shown_ = percentage;
+    ShowPercentage(form_.progress, percentage);
+  }
+  form_.platform.events.Run();
+  return !form_.app.cancel_requested;
+}
+
+}  // namespace tarnwell
