@@ -33,6 +33,16 @@ Part CommonPart(std::int64_t count, std::int64_t source_start, std::int64_t sour
   return {static_cast<int>(begin), static_cast<int>(end)};
 }
 
+// Copies blue, green and red of `count` pixels that lie `step` bytes apart.
+void CopyColours(std::uint8_t* target, int target_step, const std::uint8_t* source, int source_step,
+                 int count) {
+  for (int i = 0; i < count; ++i, target += target_step, source += source_step) {
+    target[kBlue] = source[kBlue];
+    target[kGreen] = source[kGreen];
+    target[kRed] = source[kRed];
+  }
+}
+
 int RoundToEven(double value) { return static_cast<int>(std::nearbyint(value)); }
 
 // Where a target position falls between two source positions.
@@ -91,10 +101,10 @@ std::uint8_t* cDIBSection::StoredPixel(int x, int stored_row) {
 void cDIBSection::LoadPictureBlt(const PixelView& source, int x, int y, int width, int height) {
   const Part columns = CommonPart(width < 0 ? width_ : width, x, source.width, 0, width_);
   const Part rows = CommonPart(height < 0 ? height_ : height, y, source.height, 0, height_);
+  if (columns.begin == columns.end) return;
   for (int row = rows.begin; row < rows.end; ++row) {
-    for (int column = columns.begin; column < columns.end; ++column) {
-      std::memcpy(StoredPixel(column, height_ - 1 - row), source.at(x + column, y + row), kBytes);
-    }
+    CopyColours(StoredPixel(columns.begin, height_ - 1 - row), kBytes,
+                source.at(x + columns.begin, y + row), kBytesPerPixel, columns.end - columns.begin);
   }
 }
 
@@ -102,12 +112,11 @@ void cDIBSection::PaintPicture(MutablePixelView target, int x, int y, int width,
                                int source_x, int source_y) const {
   const Part columns = CommonPart(width < 0 ? width_ : width, source_x, width_, x, target.width);
   const Part rows = CommonPart(height < 0 ? height_ : height, source_y, height_, y, target.height);
+  if (columns.begin == columns.end) return;
   for (int row = rows.begin; row < rows.end; ++row) {
-    const int stored_row = height_ - 1 - (source_y + row);
-    for (int column = columns.begin; column < columns.end; ++column) {
-      std::memcpy(target.at(x + column, y + row), StoredPixel(source_x + column, stored_row),
-                  kBytes);
-    }
+    CopyColours(target.at(x + columns.begin, y + row), kBytesPerPixel,
+                StoredPixel(source_x + columns.begin, height_ - 1 - (source_y + row)), kBytes,
+                columns.end - columns.begin);
   }
 }
 
