@@ -2,10 +2,12 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
 #include "modules/module_table.h"
+#include "modules/skin_tone_list.h"
 
 namespace tarnwell {
 
@@ -40,6 +42,9 @@ struct HuePicker {
 
 enum class WhiteBalanceMode : int { kModeDefault = 0, kPickedPixel = 1, kCustomFile = 2 };
 
+// What the zoom window is opened for.
+enum class ZoomMode : int { kViewOnly = 0, kPickWhite = 1, kPickSkin = 3 };
+
 // The module panel as a model: what is switched on, and with which values. It knows no window.
 struct frmModules {
   std::array<std::int16_t, kModuleCount> open = {};  // 1 = open = on, anything else is closed
@@ -58,9 +63,13 @@ struct frmModules {
   std::string custom_white_file;  // full path; empty while none is chosen (`lblModeSet` 1)
 
   HuePicker hue;
+  SkinTones skin_tones;
   int rotation = 0;  // 0 to 4
 
   bool arrow_busy = false;
+
+  // Opens the zoom window on the photo in the main window and refreshes the tips; set by the host.
+  std::function<void(ZoomMode)> ShowZoom = [](ZoomMode) {};
 
   bool IsOpen(int module) const { return open[module] == 1; }
   bool IsChecked(int check) const { return checks[check] == "1"; }

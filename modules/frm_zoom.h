@@ -1,0 +1,65 @@
+#pragma once
+
+#include <string>
+
+#include "imaging/pixel_array.h"
+#include "modules/frm_modules.h"
+
+namespace tarnwell {
+
+class PendingEvents;
+struct frmSkinTones;
+
+enum class MouseButton { kLeft, kRight, kMiddle };
+enum class ArrowKey { kLeft, kRight, kUp, kDown };
+
+// A position in pixels, counted from the container's left top corner.
+struct ZoomPoint {
+  int x = 0;
+  int y = 0;
+};
+
+// The zoom window's model: a photo at full size in a container that may be smaller than it.
+struct frmZoom {
+  enum class Action { kNone, kPicking, kDragging };
+
+  bool visible = false;
+  ZoomMode mode = ZoomMode::kViewOnly;
+  Picture photo;
+  int container_width = 0;
+  int container_height = 0;
+  int left = 0;  // of the photo in the container; 0 or less
+  int top = 0;
+
+  Action action = Action::kNone;  // the pointer has another shape while dragging
+  ZoomPoint grab;                 // while dragging: the point of the photo below the pointer
+
+  std::string instruction;
+  Rgb lblColor;
+  bool lblColor_visible = true;
+};
+
+// Opens the window on `photo`, its left top corner in view. Without a photo it stays closed.
+// Picking a skin colour leaves instruction and swatch as they were.
+void OpenZoom(frmZoom& zoom, ZoomMode mode, Picture photo);
+
+// The container has a new size; the photo moves only as far as its edges must.
+void ResizeZoom(frmZoom& zoom, int container_width, int container_height);
+
+// Left picks where picking is on; every other button drags the photo.
+void ZoomMouseDown(frmZoom& zoom, MouseButton button, ZoomPoint point);
+void ZoomMouseMove(frmZoom& zoom, ZoomPoint point);
+
+// Ends dragging or picking. A picked white colour goes to the panel, a picked skin colour to the
+// fields of the skin tone manager, which is shown again; the window then closes.
+void ZoomMouseUp(frmZoom& zoom, MouseButton button, ZoomPoint point, frmModules& panel,
+                 frmSkinTones& skin_tones, PendingEvents& events);
+
+// Moves the view by a fixed step.
+void ZoomKeyDown(frmZoom& zoom, ArrowKey key);
+
+// The user closes the window. A skin tone manager that waits for a colour is shown again,
+// unchanged.
+void CloseZoom(frmZoom& zoom, frmSkinTones& skin_tones);
+
+}  // namespace tarnwell
