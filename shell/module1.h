@@ -19,6 +19,8 @@ struct Module1 {
   std::string opened_path;   // chosen in the open dialog, or handed over by a caller
   std::string current_file;  // full path of the photo in the window; empty for a pasted one
 
+  std::string preset_path;  // the preset that was loaded last; the automated mode's window shows it
+
   bool photo_changed = false;     // the window holds corrections that are not saved
   bool cancel_requested = false;  // a running correction stops after the column in hand
   bool closing = false;           // shutting down: no correction starts any more
