@@ -69,7 +69,7 @@ void PutAbsoluteRun(Pen& pen, int bits, int count, ByteReader& in) {
     if (i % per_byte == 0) byte = in.U8();
     if (in.ok()) pen.Put(IndexAt(bits, i, byte));
   }
-  if (run_bytes % 2 != 0 && in.left() > 0) in.Skip(1);
+  if (run_bytes % 2 != 0) in.Skip(1);
 }
 
 void FillWithColour0(const BmpHeader& header, MutablePixelView pixels) {

@@ -209,6 +209,7 @@ TEST(BmpReaderTest, FindsThePixelsWhereTheOffsetSays) {
       {"no offset", 0, "", 24, 0, 0},
       {"no offset, palette", 0, "", 4, 0, 16},
       {"no offset, short palette", 0, "", 4, 5, 5},
+      {"no offset, more colours than possible", 0, "", 4, 300, 16},
       {"no offset, palette beside true colour", 0, "", 24, 6, 6},
       {"offset into the file header", 13, "", 24, 0, 0},
       {"offset into the header", 53, "", 4, 0, 16},
@@ -234,11 +235,13 @@ TEST(BmpReaderTest, FindsThePixelsWhereTheOffsetSays) {
 }
 
 TEST(BmpReaderTest, MasksAfterTheHeaderAreNotPixels) {
-  // The offset points at the end of the 40 bytes, where the masks stand.
-  BmpSpec spec{.bits = 32, .compression = 3, .masks = {0xff, 0xff00, 0xff0000, 0}};
-  spec.pixel_offset = 54;
-  spec.data = "\x01\x02\x03\x04";
-  ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), 1, 1, [](int, int) { return Bgr{3, 2, 1}; });
+  for (const std::uint32_t compression : {3u, 6u}) {
+    SCOPED_TRACE(compression);
+    BmpSpec spec{.bits = 32, .compression = compression, .masks = {0xff, 0xff00, 0xff0000, 0}};
+    spec.pixel_offset = 54;  // the end of the 40 bytes, where the masks stand
+    spec.data = "\x01\x02\x03\x04";
+    ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), 1, 1, [](int, int) { return Bgr{3, 2, 1}; });
+  }
 }
 
 // Pictures of colour numbers, rows from the top, a hexadecimal digit a pixel.
@@ -307,6 +310,7 @@ TEST(BmpReaderTest, RunLengthDataThatBreaksOffIsDamaged) {
       {"inside the last row", "\4\1\0\0\3\2"s},
       {"inside an escape", "\4\1\0\0\0"s},
       {"inside a delta", "\0\2\1"s},
+      {"inside a delta to the end of the last row", "\4\1\0\0\0\2\4"s},
       {"inside an absolute run", "\4\1\0\0\0\4\1\2\3"s},
       {"before an absolute run", "\4\1\0\0\0\4"s},
   };
