@@ -102,7 +102,9 @@ void PicCheck_Click(frmModules& panel, int index);
 // Toggles a module: opening switches it on, closing off.
 void PicExpand_Click(frmModules& panel, int index, PendingEvents& events);
 
-// Resets one module to its defaults, after a question unless app.confirm_reset is off.
-void PicDefault_Click(Module1& app, Platform& platform, frmModules& panel, int index);
+// Resets one module to its defaults, after a question unless app.confirm_reset is off. True when
+// the user agreed and the module has defaults; whoever keeps the proposed file names rebuilds them
+// after kSavePhotoAs.
+bool PicDefault_Click(Module1& app, Platform& platform, frmModules& panel, int index);
 
 }  // namespace tarnwell
