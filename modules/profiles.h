@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/status.h"
+
+namespace tarnwell {
+
+class Files;
+struct frmModules;
+struct Module1;
+struct Platform;
+
+// Cameras and modes are folders: Cameras\CAMERA\MODE\. Nothing here deletes or renames one.
+
+// The two drop-down lists of the "Camera and Mode" module, by the index of their caption
+// (`lblList`).
+enum class ProfileList : int { kCameras = 0, kModes = 1 };
+
+// Makes the current mode folder and every missing folder above it.
+Status EnsureProfileFolders(const Module1& app, Files& files);
+
+// The entries of a list, sorted by name ignoring case. Each is one marker character, ">" before the
+// current camera or mode and a blank before the others, followed by the name.
+Result<std::vector<std::string>> ListProfiles(const Module1& app, Files& files,
+                                              const frmModules& panel, ProfileList list);
+
+// A click on an entry of a list. A camera is selected with its mode "Default". White balance mode 0
+// is selected again, which reads the mode's white balance. What was learnt for camera and mode is
+// the caller's to load again.
+void SelectProfile(Module1& app, Platform& platform, frmModules& panel, ProfileList list,
+                   const std::string& entry);
+
+// "New Camera": asks for a name and makes the camera with a mode "Default". The current mode stays
+// as it is, until one is chosen. A name that is taken or cannot be a folder is explained to the
+// user; nothing is made or selected then.
+void NewCamera(Module1& app, Platform& platform, frmModules& panel);
+
+// "New Mode", for the current camera; likewise.
+void NewMode(Module1& app, Platform& platform, frmModules& panel);
+
+}  // namespace tarnwell
