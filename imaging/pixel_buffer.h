@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "imaging/pixel_array.h"
@@ -73,6 +74,8 @@ struct PixelBuffer {
   // Size of the preview when its shadow was last drawn.
   int shadow_width = 0;
   int shadow_height = 0;
+  // Offers the tip about the preview whenever a new one is shown; set by the host.
+  std::function<void()> OfferPreviewTip = [] {};
 };
 
 // Which surface ReadSourcePixels takes as the working image.
@@ -87,7 +90,8 @@ bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source, bool with_noise_r
 void ReadGraphicPixels(PixelBuffer& buffer);
 
 // Makes the working pixels the displayed picture of picSource, at left 0, top 0 and their size,
-// then rebuilds the preview. The buffer gives its working array away: read before changing again.
+// then rebuilds the preview. The buffer gives its working array away (`working` is null
+// then): read before changing again. Without working pixels nothing happens.
 void WriteSourcePixels(PixelBuffer& buffer, PendingEvents& events);
 
 // Puts `pixels`, of the buffer's new size, in place of the working pixels and rebuilds the header.

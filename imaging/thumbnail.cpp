@@ -82,6 +82,7 @@ void MakeThumbnail(PixelBuffer& buffer, PendingEvents& events) {
   thumb.visible = true;
   DrawShadow(buffer);
   events.Run();
+  buffer.OfferPreviewTip();
 }
 
 }  // namespace tarnwell

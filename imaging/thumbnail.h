@@ -32,9 +32,9 @@ Picture StretchPicture(const PixelView& source, ThumbnailSize size);
 // The thumbnail of a photo, StretchPicture to ThumbnailSizeFor.
 Picture ThumbnailOf(const PixelView& photo);
 
-// Rebuilds the preview picThumb from picSource, centred and visible, draws its shadow and lets
-// pending events run. Does nothing when picSource is empty or memory does not suffice. Offering the
-// tip that goes with a new preview is the caller's part.
+// Rebuilds the preview picThumb from picSource, centred and visible, draws its shadow, lets
+// pending events run and offers the tip about it. Does nothing when picSource is empty or memory
+// does not suffice.
 void MakeThumbnail(PixelBuffer& buffer, PendingEvents& events);
 
 // Darkens the soft shadow of a centred thumbnail of `size` into `container`, which is 320 x 320

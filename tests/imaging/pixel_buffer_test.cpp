@@ -111,6 +111,7 @@ TEST_F(PixelBufferFlowTest, WritePlacesTheWorkingPixelsAndRebuildsThePreview) {
   EXPECT_EQ(buffer.header, HeaderFor(1000, 500));
   EXPECT_EQ(events.runs, 1);
 
+  EXPECT_EQ(buffer.working, nullptr) << "what is shown must not be changed any more";
   ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kSourceAsItStands, false));
   buffer.working->mutable_view().data[0] ^= 0xff;
   EXPECT_EQ(*shown.picture, *corrected);

@@ -46,6 +46,8 @@ TEST(ThumbnailTest, SizeAndPlaceFollowTheLongerSide) {
     SCOPED_TRACE(testing::Message() << c.width << " x " << c.height);
     PixelBuffer buffer;
     RecordingEvents events;
+    int tips = 0;
+    buffer.OfferPreviewTip = [&] { ++tips; };
     Display(buffer.surfaces.picSource, TryMakePixels(c.width, c.height));
     MakeThumbnail(buffer, events);
     const PictureSurface& thumb = buffer.surfaces.picThumb;
@@ -55,6 +57,7 @@ TEST(ThumbnailTest, SizeAndPlaceFollowTheLongerSide) {
     EXPECT_EQ(thumb.top, c.top);
     EXPECT_TRUE(thumb.visible);
     EXPECT_EQ(events.runs, 1);
+    EXPECT_EQ(tips, 1);
   }
 }
 
