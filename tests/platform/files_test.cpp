@@ -1,0 +1,191 @@
+#include "platform/files.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <set>
+#include <thread>
+
+#include "platform/system.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarnwell {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class FilesTest : public testing::Test {
+ protected:
+  // A failure must say of which file it speaks, as the user spells it.
+  void ExpectFails(const Status& status, Failure failure, const std::string& path) {
+    EXPECT_EQ(status.failure, failure) << status.message;
+    EXPECT_TRUE(status.message.starts_with(files->Display(path) + ": ")) << status.message;
+  }
+
+  TempFolder folder;
+  std::unique_ptr<Files> files = MakeSystemFiles();
+};
+
+TEST_F(FilesTest, TellsFilesFromFolders) {
+  folder.Write("sub\\a.txt", "a");
+  const struct {
+    const char* name;
+    bool is_file, is_folder;
+  } kCases[] = {
+      {"sub\\a.txt", true, false},     {"sub", false, true},
+      {"sub\\", false, true},          {"missing", false, false},
+      {"sub\\a.txt\\b", false, false},
+  };
+  for (const auto& c : kCases) {
+    EXPECT_EQ(files->FileExists(folder.File(c.name)), c.is_file) << c.name;
+    EXPECT_EQ(files->FolderExists(folder.File(c.name)), c.is_folder) << c.name;
+  }
+}
+
+TEST_F(FilesTest, ReadsWhatWasReplaced) {
+  const std::string bytes("\0\r\n\x1A\xFF text", 10);
+  for (const char* name : {"plain.ini", "two words.ini", "\xD0\xBF\xE6\xBC\xA2\xC3\xA9.ini"}) {
+    const std::string path = folder.File(name);
+    EXPECT_TRUE(files->Replace(path, "something longer than what comes after").ok());
+    EXPECT_TRUE(files->Replace(path, bytes).ok());
+    const Result<std::string> read = files->Read(path);
+    ASSERT_TRUE(read.ok()) << read.status.message;
+    EXPECT_EQ(*read, bytes) << name;
+    EXPECT_EQ(folder.Read(name), bytes);
+  }
+  EXPECT_EQ(folder.Names().size(), 3u) << "a temporary file was left";
+}
+
+TEST_F(FilesTest, ReadKeepsToItsLimit) {
+  const std::string path = folder.Write("a", "12345");
+  EXPECT_TRUE(files->Read(path, 5).ok());
+  ExpectFails(files->Read(path, 4).status, Failure::kTooLarge, path);
+  EXPECT_EQ(*files->Read(folder.Write("empty", ""), 0), "");
+}
+
+TEST_F(FilesTest, MissingThingsAreNotFound) {
+  const std::string path = folder.File("missing");
+  const std::string below = folder.File("missing\\a");
+  ExpectFails(files->Read(path).status, Failure::kNotFound, path);
+  ExpectFails(files->List(path).status, Failure::kNotFound, path);
+  ExpectFails(files->Delete(path), Failure::kNotFound, path);
+  ExpectFails(files->DeleteFolder(path), Failure::kNotFound, path);
+  ExpectFails(files->Move(path, folder.File("b")), Failure::kNotFound, path);
+  ExpectFails(files->Replace(below, "x"), Failure::kNotFound, below);
+  ExpectFails(files->Append(below, "x"), Failure::kNotFound, below);
+  ExpectFails(files->CreateFolder(below), Failure::kNotFound, below);
+  EXPECT_EQ(folder.Names(), Names{});
+}
+
+TEST_F(FilesTest, FoldersAreNoFiles) {
+  const std::string path = folder.MakeFolder("sub");
+  folder.Write("sub\\a", "a");
+  EXPECT_FALSE(files->Read(path).ok());
+  EXPECT_FALSE(files->Replace(path, "x").ok());
+  EXPECT_FALSE(files->Append(path, "x").ok());
+  EXPECT_FALSE(files->Delete(path).ok());
+  EXPECT_FALSE(files->DeleteFolder(path).ok()) << "it is not empty";
+  EXPECT_EQ(folder.Names(), Names{"sub"});
+  EXPECT_EQ(folder.Names("sub"), Names{"a"});
+}
+
+TEST_F(FilesTest, MakesAndDeletesFolders) {
+  const std::string path = folder.File("new");
+  EXPECT_TRUE(files->CreateFolder(path).ok());
+  ExpectFails(files->CreateFolder(path), Failure::kExists, path);
+  EXPECT_TRUE(files->DeleteFolder(path).ok());
+  EXPECT_EQ(folder.Names(), Names{});
+}
+
+TEST_F(FilesTest, ListsFilesAndFolders) {
+  folder.Write("b.txt", "123");
+  folder.MakeFolder("\xC3\xA9");
+  const auto entries = files->List(folder.path());
+  ASSERT_TRUE(entries.ok()) << entries.status.message;
+  std::map<std::string, FolderEntry> by_name;
+  for (const FolderEntry& entry : *entries) by_name[entry.name] = entry;
+  ASSERT_EQ(by_name.size(), 2u);
+  EXPECT_EQ(by_name["b.txt"].size, 3u);
+  EXPECT_FALSE(by_name["b.txt"].is_folder);
+  EXPECT_TRUE(by_name["\xC3\xA9"].is_folder);
+  EXPECT_EQ(by_name["\xC3\xA9"].size, 0u);
+}
+
+TEST_F(FilesTest, AppendsFromManyHandsLoseAndMixNothing) {
+  constexpr int kWriters = 4, kLines = 25;
+  const std::string path = folder.File("Smart Data.tsd");
+  std::vector<std::thread> writers;
+  for (int writer = 0; writer < kWriters; ++writer) {
+    writers.emplace_back([&path, writer] {
+      const auto own = MakeSystemFiles();
+      const std::string line = std::string(300, static_cast<char>('a' + writer)) + "\r\n";
+      for (int i = 0; i < kLines; ++i) EXPECT_TRUE(own->Append(path, line).ok());
+    });
+  }
+  for (std::thread& writer : writers) writer.join();
+  const std::string bytes = folder.Read("Smart Data.tsd");
+  ASSERT_EQ(bytes.size(), std::size_t{kWriters * kLines * 302});
+  for (std::size_t at = 0; at < bytes.size(); at += 302) {
+    EXPECT_EQ(bytes.substr(at, 302), std::string(300, bytes[at]) + "\r\n");
+  }
+}
+
+TEST_F(FilesTest, TemporaryNamesAreNeverSharedAndLieBeside) {
+  const std::string path = folder.File("a.jpg");
+  std::set<std::string> names;
+  for (int i = 0; i < 100; ++i) {
+    const std::string name = MakeSystemFiles()->TemporaryBeside(path);
+    EXPECT_TRUE(names.insert(name).second) << name;
+    EXPECT_EQ(name.rfind('\\'), folder.path().size()) << name;
+  }
+  EXPECT_EQ(folder.Names(), Names{}) << "the file is not made";
+}
+
+TEST_F(FilesTest, PublishGivesTheNameAndReplacesNothing) {
+  const std::string path = folder.File("photoA.jpg");
+  const std::string temporary = files->TemporaryBeside(path);
+  const std::string name = temporary.substr(folder.path().size() + 1);
+
+  folder.Write(name, "new");
+  EXPECT_TRUE(files->Publish(temporary, path).ok());
+  EXPECT_EQ(folder.Names(), Names{"photoA.jpg"});
+  EXPECT_EQ(folder.Read("photoA.jpg"), "new");
+
+  folder.Write(name, "newer");
+  ExpectFails(files->Publish(temporary, path), Failure::kExists, path);
+  EXPECT_EQ(folder.Names(), Names{"photoA.jpg"}) << "the temporary file goes";
+  EXPECT_EQ(folder.Read("photoA.jpg"), "new");
+
+  folder.Write(name, "newest");
+  EXPECT_EQ(files->Publish(temporary, folder.File("no\\b.jpg")).failure, Failure::kNotFound);
+  EXPECT_EQ(folder.Names(), Names{"photoA.jpg"});
+}
+
+TEST_F(FilesTest, MoveReplacesNothing) {
+  const std::string a = folder.Write("a", "from a");
+  const std::string b = folder.Write("b", "from b");
+  ExpectFails(files->Move(a, b), Failure::kExists, b);
+  EXPECT_EQ(folder.Read("a"), "from a");
+  EXPECT_EQ(folder.Read("b"), "from b");
+
+  folder.MakeFolder("done");
+  EXPECT_TRUE(files->Move(a, folder.File("done\\a")).ok());
+  EXPECT_EQ(folder.Names(), (Names{"b", "done"}));
+  EXPECT_EQ(folder.Read("done\\a"), "from a");
+
+  EXPECT_FALSE(files->Move(b, folder.File("done")).ok()) << "a folder has that name";
+  EXPECT_EQ(folder.Read("b"), "from b");
+}
+
+TEST_F(FilesTest, AbsolutePathsComeBackAndOthersStartAtTheCurrentFolder) {
+  EXPECT_EQ(files->Absolute(folder.File("a.b.jpg")), folder.File("a.b.jpg"));
+  const std::string absolute = files->Absolute("sub\\a.jpg");
+  EXPECT_TRUE(absolute.ends_with("\\sub\\a.jpg")) << absolute;
+  EXPECT_GT(absolute.size(), std::string("\\sub\\a.jpg").size());
+  EXPECT_EQ(files->Absolute(absolute), absolute);
+  EXPECT_EQ(files->Absolute("sub/a.jpg"), absolute);
+}
+
+}  // namespace
+}  // namespace tarnwell
