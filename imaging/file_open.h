@@ -9,7 +9,7 @@ namespace tarnwell {
 struct Form1;
 
 // Asks whether to save unsaved changes, and saves them on Yes. False when the command that asked
-// must stop (Cancel).
+// must stop: on Cancel, and when the save on Yes saved nothing; the user has been told why then.
 bool AskToSaveChanges(Form1& form);
 
 // Opens a photo: asks about unsaved changes, shows the open dialog when `show_dialog` (otherwise
@@ -19,11 +19,12 @@ bool AskToSaveChanges(Form1& form);
 //
 // Fails with kCancelled when the user backs out, and with the loader's reason when the file cannot
 // be read; the photo that was open then stays as it was, and the user has been told by nobody:
-// that is the caller's part.
+// that is the caller's part. A failed measurement or preview does not fail the open: the user is
+// told, and the next run measures again.
 Status FileOpen(Form1& form, bool show_dialog);
 
-// The part of FileOpen that takes a decoded photo into the window; also for pasted photos.
-// form.app.current_file is set before.
+// The part of FileOpen that takes the photo which picOriginal displays into the rest of the window;
+// also for pasted photos. form.app.current_file is set before (empty for a pasted one).
 void ShowOpenedPhoto(Form1& form);
 
 }  // namespace tarnwell

@@ -12,7 +12,9 @@ struct Form1;
 // is cleared. `notify`: show the outcome in the notification panel.
 //
 // Fails with kCancelled when the user or a cancelled correction ended it, otherwise with the reason
-// that nothing could be written (the modified flag then stays set, so that nothing is lost).
+// that nothing could be written (the modified flag then stays set, so that nothing is lost, and the
+// output path is what it was before). A learning record that cannot be kept is told to the user and
+// does not fail the save.
 Status FileSave(Form1& form, bool notify);
 
 }  // namespace tarnwell

@@ -1,5 +1,6 @@
 #include "imaging/photo_title.h"
 
+#include "imaging/output_names.h"
 #include "shell/form1.h"
 #include "shell/module1.h"
 
@@ -13,6 +14,11 @@ void ShowPhotoName(Form1& form, const std::string& file_name) {
     form.lblTitleCaption = " - " + file_name;
     form.caption = file_name + " - " + form.app.title;
   }
+}
+
+std::string CurrentPhotoName(const Form1& form) {
+  const std::string name = SplitPhotoPath(form.app.current_file).file_name;
+  return name.empty() ? "the current image" : name;
 }
 
 }  // namespace tarnwell

@@ -10,4 +10,8 @@ struct Form1;
 // the window's caption.
 void ShowPhotoName(Form1& form, const std::string& file_name);
 
+// What messages call the photo in the window: its file name, or "the current image" when it has
+// none.
+std::string CurrentPhotoName(const Form1& form);
+
 }  // namespace tarnwell

@@ -1,0 +1,98 @@
+#include "imaging/file_open.h"
+
+#include <optional>
+
+#include "engine/adjust_photo.h"
+#include "imaging/file_save.h"
+#include "imaging/output_names.h"
+#include "imaging/photo_title.h"
+#include "imaging/thumbnail.h"
+#include "modules/open_mode.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/picture_codec.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/module1.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr char kOpenTitle[] = "Open Photo";
+constexpr char kOpenFilter[] = "Image Files (*.bmp; *.gif; *.jpg)|*.bmp;*.gif;*.jpg";
+
+void TellFailure(Form1& form, const Status& status) {
+  form.platform.dialogs.Tell(form.app.title, status.message, Icon::kExclamation);
+}
+
+// For steps after the photo has been taken in. A cancelled one needs no words: the user did that.
+void TellUnlessCancelled(Form1& form, const Status& status) {
+  if (!status.ok() && status.failure != Failure::kCancelled) TellFailure(form, status);
+}
+
+// The path to open: from the dialog, or handed over. Empty when there is none.
+std::string PathToOpen(Form1& form, bool show_dialog) {
+  if (!show_dialog) return form.app.opened_path;
+  return form.platform.dialogs.ChooseOpenFile(kOpenTitle, kOpenFilter).value_or("");
+}
+
+}  // namespace
+
+bool AskToSaveChanges(Form1& form) {
+  if (!form.app.photo_changed) return true;
+  const std::string question =
+      "Do you want to save the changes you made to " + CurrentPhotoName(form) + "?";
+  switch (form.platform.dialogs.Ask(form.app.title, question, Icon::kQuestion)) {
+    case Answer::kCancel:
+      return false;
+    case Answer::kNo:
+      return true;
+    case Answer::kYes:
+      break;
+  }
+  const Status saved = FileSave(form, /*notify=*/true);
+  if (!saved.ok()) TellFailure(form, saved);
+  return saved.ok();
+}
+
+Status FileOpen(Form1& form, bool show_dialog) {
+  if (!AskToSaveChanges(form)) {
+    return Status::Error(Failure::kCancelled, CurrentPhotoName(form) + ": stays open");
+  }
+  const std::string path = PathToOpen(form, show_dialog);
+  if (path.empty()) return Status::Error(Failure::kCancelled, "No photo was chosen.");
+
+  // Decoded before anything changes, so that a photo that cannot be read leaves the window alone.
+  Result<Picture> photo = form.platform.codec.Load(path);
+  if (!photo.ok()) return photo.status;
+
+  form.app.opened_path = path;
+  form.app.current_file = path;
+  Display(form.buffer.surfaces.picOriginal, *photo);
+  ShowOpenedPhoto(form);
+  if (form.app.auto_preview) TellUnlessCancelled(form, AdjustPhoto(form, /*preview=*/true));
+  return Status::Ok();
+}
+
+void ShowOpenedPhoto(Form1& form) {
+  Module1& app = form.app;
+  PhotoSurfaces& surfaces = form.buffer.surfaces;
+
+  // Nothing has been measured, corrected or learnt of this photo yet.
+  app.photo_changed = false;
+  app.learning_record.clear();
+  form.correction_ready = false;
+
+  surfaces.picSource.visible = false;
+  surfaces.picReturn.visible = false;
+  ShowPhotoName(form, SplitPhotoPath(app.current_file).file_name);
+
+  Display(surfaces.picSource, surfaces.picOriginal.picture);
+  MakeThumbnail(form.buffer, form.platform.events);
+  ResetAll(app, form.platform, form.modules);
+  surfaces.picThumb.visible = true;
+  BuildOutputNames(form.names, app.current_file, form.platform.files);
+  TellUnlessCancelled(form, AnalyzeOpenedPhoto(form));
+}
+
+}  // namespace tarnwell

@@ -1,0 +1,196 @@
+#include "imaging/file_save.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "engine/adjust_photo.h"
+#include "engine/learning_store.h"
+#include "imaging/cdib_section.h"
+#include "imaging/output_names.h"
+#include "imaging/photo_title.h"
+#include "imaging/save_jpeg_file.h"
+#include "modules/frm_modules.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/picture_codec.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/module1.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr char kSaveTitle[] = "Save Photo";
+constexpr char kSaveFilter[] = "JPEG Image (*.jpg)|*.jpg|Bitmap (*.bmp)|*.bmp";
+constexpr char kNotAppliedQuestion[] =
+    "You have not yet applied your changes to the full photo, would you like to do that now?\r\r"
+    "Click Yes to adjust full photo, or No to save the adjusted thumbnail";
+constexpr int kNotificationMilliseconds = 1800;
+constexpr int kJpegQualitySlider = 6;
+
+Status Cancelled(const Form1& form) {
+  return Status::Error(Failure::kCancelled, CurrentPhotoName(form) + ": was not saved");
+}
+
+std::int64_t Area(const PictureSurface& surface) {
+  return surface.picture ? static_cast<std::int64_t>(surface.picture->view().pixel_count()) : 0;
+}
+
+// When only the thumbnail was corrected: asks, and corrects the full photo on Yes. `thumbnail_only`
+// tells that the thumbnail itself is to be saved.
+Status SettleWhatToSave(Form1& form, bool& thumbnail_only) {
+  const PhotoSurfaces& surfaces = form.buffer.surfaces;
+  thumbnail_only = false;
+  if (Area(surfaces.picSource) == Area(surfaces.picOriginal)) return Status::Ok();
+
+  switch (form.platform.dialogs.Ask(form.app.title, kNotAppliedQuestion, Icon::kQuestion)) {
+    case Answer::kCancel:
+      return Cancelled(form);
+    case Answer::kNo:
+      thumbnail_only = true;
+      break;
+    case Answer::kYes:
+      if (Status adjusted = AdjustPhoto(form, /*preview=*/false); !adjusted.ok()) return adjusted;
+      break;
+  }
+  return form.app.cancel_requested ? Cancelled(form) : Status::Ok();
+}
+
+bool IsUnnamed(const std::string& path) { return path.empty() || path == kOtherPrompt; }
+
+void RefuseTakenName(Form1& form) {
+  const std::string& title = form.app.title;
+  form.platform.dialogs.Tell("Photo File Exists...",
+                             title + " has detected that a photo with the file already exists. " +
+                                 title +
+                                 " currently has a policy of not overwriting photos, please define "
+                                 "a different name for this photo.",
+                             Icon::kExclamation);
+  form.names.output_path.clear();
+}
+
+// Asks for an output path until there is one that nothing has yet.
+Status SettleOutputPath(Form1& form) {
+  Files& files = form.platform.files;
+  std::string& path = form.names.output_path;
+  for (;;) {
+    if (IsUnnamed(path)) {
+      // A cancelled dialog leaves the path unchanged.
+      path = form.platform.dialogs.ChooseSaveFile(kSaveTitle, kSaveFilter).value_or(path);
+    }
+    if (IsUnnamed(path)) return Cancelled(form);
+    if (!files.FileExists(path) && !files.FolderExists(path)) return Status::Ok();
+    RefuseTakenName(form);
+  }
+}
+
+bool IsJpegPath(const std::string& path) {
+  std::string extension = SplitPhotoPath(path).extension;
+  for (char& c : extension) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return extension == ".jpg" || extension == ".jpeg";
+}
+
+Status WriteJpeg(Form1& form, const std::string& path) {
+  const std::string shown_path = form.platform.files.Display(path);
+  const std::optional<int> quality = form.modules.Value(kJpegQualitySlider);
+  if (!quality) {
+    return Status::Error(Failure::kOther, shown_path + ": the JPEG quality is no whole number");
+  }
+  cDIBSection section;
+  section.CreateFromPicture(form.buffer.surfaces.picSource.picture->view());
+  if (section.DIBSectionBitsPtr() == nullptr) {
+    return Status::Error(Failure::kTooLarge, shown_path + ": there is not enough memory to save");
+  }
+  const bool written = SaveJpegFile(section, path, std::clamp(*quality, 0, 100), form.platform.jpeg,
+                                    form.platform.dialogs, form.app.title);
+  if (written) return Status::Ok();
+  return Status::Error(Failure::kOther, shown_path + ": the JPEG file could not be written");
+}
+
+// The user chose `path` and never heard of the temporary file beside it.
+Status InNameOf(Status status, const std::string& path, const std::string& temporary) {
+  if (const std::size_t at = status.message.find(temporary); at != std::string::npos) {
+    status.message.replace(at, temporary.size(), path);
+  }
+  return status;
+}
+
+// Writes the working image to the new file names.output_path, in the format that its extension
+// says. Whatever fails leaves no file; kExists when the name was taken meanwhile.
+Status WritePhoto(Form1& form, bool as_jpeg) {
+  Files& files = form.platform.files;
+  const std::string& path = form.names.output_path;
+  const std::string temporary = files.TemporaryBeside(path);
+  const PictureSurface& source = form.buffer.surfaces.picSource;
+  Status status = as_jpeg ? WriteJpeg(form, temporary)
+                          : form.platform.codec.SaveBitmap(temporary, source.image->view());
+  if (status.ok()) {
+    status = files.Publish(temporary, path);
+  } else {
+    // Most often there is no file; how the clean-up goes changes nothing for the user.
+    static_cast<void>(files.Delete(temporary));
+  }
+  return InNameOf(std::move(status), files.Display(path), files.Display(temporary));
+}
+
+// A name can be taken between the look at it and the end of the writing; that counts as taken, too.
+Status WriteUnderFreeName(Form1& form, bool& as_jpeg) {
+  for (;;) {
+    if (Status named = SettleOutputPath(form); !named.ok()) return named;
+    as_jpeg = IsJpegPath(form.names.output_path);
+    Status written = WritePhoto(form, as_jpeg);
+    if (written.failure != Failure::kExists) return written;
+    RefuseTakenName(form);
+  }
+}
+
+void Notify(Form1& form, bool success) {
+  const std::string& path = form.names.output_path;
+  form.ShowNotification(success ? path : "(ERROR) Failed to saved image to: " + path,
+                        kNotificationMilliseconds);
+}
+
+void MakeSavedPhotoTheOriginal(Form1& form) {
+  PhotoSurfaces& surfaces = form.buffer.surfaces;
+  Display(surfaces.picOriginal, surfaces.picSource.picture);
+  ShowPhotoName(form, SplitPhotoPath(form.names.output_path).file_name);
+  form.correction_ready = false;
+}
+
+}  // namespace
+
+Status FileSave(Form1& form, bool notify) {
+  const PictureSurface& source = form.buffer.surfaces.picSource;
+  if (!source.picture || !source.image) {
+    return Status::Error(Failure::kNotFound, "There is no photo to save.");
+  }
+  bool thumbnail_only = false;
+  if (Status settled = SettleWhatToSave(form, thumbnail_only); !settled.ok()) return settled;
+
+  const std::string proposed_path = form.names.output_path;
+  bool as_jpeg = false;
+  if (Status written = WriteUnderFreeName(form, as_jpeg); !written.ok()) {
+    if (written.failure == Failure::kCancelled) return written;
+    if (notify) Notify(form, /*success=*/false);
+    form.names.output_path = proposed_path;
+    return written;
+  }
+
+  if (Status learnt = AppendLearningRecord(form); !learnt.ok()) {
+    form.platform.dialogs.Tell(form.app.title, learnt.message, Icon::kExclamation);
+  }
+  if (!thumbnail_only) MakeSavedPhotoTheOriginal(form);
+  // A bitmap is announced as failed although it was written: the announcement has always told of
+  // JPEG files only, and callers go by the status.
+  if (notify) Notify(form, /*success=*/as_jpeg);
+  BuildOutputNames(form.names, form.app.current_file, form.platform.files);
+  form.app.photo_changed = false;
+  return Status::Ok();
+}
+
+}  // namespace tarnwell
