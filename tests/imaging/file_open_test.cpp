@@ -1,0 +1,217 @@
+#include "imaging/file_open.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "imaging/cdib_section.h"
+#include "imaging/save_jpeg_file.h"
+#include "tests/support/test_window.h"
+
+namespace tarnwell {
+namespace {
+
+Picture Gradient(int width, int height) {
+  auto pixels = TryMakePixels(width, height);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      std::uint8_t* pixel = pixels->mutable_view().at(x, y);
+      pixel[kBlue] = static_cast<std::uint8_t>(x * 7);
+      pixel[kGreen] = static_cast<std::uint8_t>(y * 11);
+      pixel[kRed] = static_cast<std::uint8_t>((x + y) * 5);
+    }
+  }
+  return pixels;
+}
+
+// A window with the photo img.bmp of 24 x 18 pixels open, panel left alone at opening.
+struct OpenedWindow : TestWindow {
+  Picture photo = Gradient(24, 18);
+
+  OpenedWindow() {
+    app.open_mode = 2;
+    app.opened_path = WriteBitmap("img.bmp", photo);
+    const Status opened = FileOpen(form, false);
+    EXPECT_TRUE(opened.ok()) << opened.message;
+  }
+};
+
+TEST(FileOpenTest, TakesThePhotoIntoTheWindow) {
+  OpenedWindow window;
+  EXPECT_EQ(*window.surfaces().picOriginal.picture, *window.photo);
+  EXPECT_EQ(window.surfaces().picSource.picture, window.surfaces().picOriginal.picture);
+  EXPECT_EQ(*window.surfaces().picThumb.picture, *window.photo);
+  EXPECT_TRUE(window.surfaces().picThumb.visible);
+  EXPECT_FALSE(window.surfaces().picSource.visible);
+  EXPECT_EQ(window.app.current_file, window.folder.File("img.bmp"));
+  EXPECT_EQ(window.form.lblTitleCaption, " - img.bmp");
+  EXPECT_EQ(window.form.caption, "img.bmp - Tarnwell Pocket");
+  EXPECT_EQ(window.form.names.output_path, window.folder.File("imgA.bmp"));
+  EXPECT_TRUE(window.form.correction_ready);
+  EXPECT_FALSE(window.app.photo_changed);
+  EXPECT_TRUE(window.dialogs.shown.empty());
+}
+
+TEST(FileOpenTest, ThePathComesFromTheDialog) {
+  TestWindow window;
+  const std::string path = window.WriteBitmap("Лето.bmp", Gradient(3, 2));
+  window.dialogs.open_files = {path, std::nullopt, ""};
+  EXPECT_TRUE(FileOpen(window.form, true).ok());
+  EXPECT_EQ(window.app.opened_path, path);
+  EXPECT_EQ(window.form.lblTitleCaption, " - Лето.bmp");
+  for (int cancelled = 0; cancelled < 2; ++cancelled) {
+    EXPECT_EQ(FileOpen(window.form, true).failure, Failure::kCancelled);
+    EXPECT_EQ(window.app.current_file, path);
+  }
+  EXPECT_EQ(window.dialogs.shown[0],
+            (ScriptedDialogs::Shown{ScriptedDialogs::Kind::kOpenFile, "Open Photo",
+                                    "Image Files (*.bmp; *.gif; *.jpg)|*.bmp;*.gif;*.jpg"}));
+}
+
+// The bytes of a sound JPEG file.
+std::string JpegBytes(TestWindow& window) {
+  cDIBSection section;
+  section.CreateFromPicture(Gradient(64, 48)->view());
+  EXPECT_TRUE(SaveJpegFile(section, window.folder.File("sound.jpg"), 90, *window.jpeg,
+                           window.dialogs, "title"));
+  return window.folder.Read("sound.jpg");
+}
+
+TEST(FileOpenTest, APhotoThatCannotBeReadLeavesTheWindowAlone) {
+  OpenedWindow window;
+  const std::string jpeg = JpegBytes(window);
+  window.folder.Write("cut.jpg", jpeg.substr(0, jpeg.size() / 2));
+  window.folder.Write("text.jpg", "not a photo");
+  window.folder.Write("empty.jpg", "");
+  window.app.photo_changed = true;
+  window.app.learning_record = "record";
+  window.modules.rotation = 3;
+  window.app.open_mode = 1;
+  const Picture original = window.surfaces().picOriginal.picture;
+  const Picture source = window.surfaces().picSource.picture;
+  const Picture thumb = window.surfaces().picThumb.picture;
+
+  for (const char* name : {"cut.jpg", "text.jpg", "empty.jpg", "missing.jpg"}) {
+    SCOPED_TRACE(name);
+    window.dialogs.answers = {Answer::kNo};
+    window.app.opened_path = window.folder.File(name);
+    const Status opened = FileOpen(window.form, false);
+    EXPECT_FALSE(opened.ok());
+    EXPECT_NE(opened.failure, Failure::kCancelled);
+    EXPECT_NE(opened.message.find(name), std::string::npos) << opened.message;
+    EXPECT_EQ(window.surfaces().picOriginal.picture, original);
+    EXPECT_EQ(window.surfaces().picSource.picture, source);
+    EXPECT_EQ(window.surfaces().picThumb.picture, thumb);
+    EXPECT_EQ(window.app.current_file, window.folder.File("img.bmp"));
+    EXPECT_EQ(window.form.caption, "img.bmp - Tarnwell Pocket");
+    EXPECT_EQ(window.form.names.output_path, window.folder.File("imgA.bmp"));
+    EXPECT_EQ(window.app.learning_record, "record");
+    EXPECT_TRUE(window.app.photo_changed);
+    EXPECT_TRUE(window.form.correction_ready);
+    EXPECT_EQ(window.modules.rotation, 3);
+  }
+}
+
+TEST(FileOpenTest, ThePanelIsResetByTheOpenMode) {
+  for (const int open_mode : {1, 2}) {
+    OpenedWindow window;
+    SetSliderValue(window.modules, 3, 40);
+    window.app.open_mode = open_mode;
+    EXPECT_TRUE(FileOpen(window.form, false).ok());
+    EXPECT_EQ(window.modules.Value(3), open_mode == 1 ? 0 : 40);
+    EXPECT_TRUE(window.app.confirm_reset);
+  }
+}
+
+TEST(FileOpenTest, NothingOfThePhotoBeforeIsLearntFromTheNext) {
+  OpenedWindow window;
+  window.app.learning_record = "of the photo before";
+  EXPECT_TRUE(FileOpen(window.form, false).ok());
+  EXPECT_EQ(window.app.learning_record, "");
+}
+
+TEST(FileOpenTest, TheAutomaticPreviewFollowsWhenItIsOn) {
+  OpenedWindow window;
+  window.app.auto_preview = true;
+  EXPECT_TRUE(FileOpen(window.form, false).ok());
+  EXPECT_TRUE(window.app.photo_changed);
+  EXPECT_EQ(*window.surfaces().picOriginal.picture, *window.photo);
+}
+
+TEST(ShowOpenedPhotoTest, APastedPhotoHasNoNameAndNoProposal) {
+  OpenedWindow window;
+  window.app.current_file = "";
+  Display(window.surfaces().picOriginal, Gradient(5, 4));
+  ShowOpenedPhoto(window.form);
+  EXPECT_EQ(window.form.lblTitleCaption, " - Unnamed Photo");
+  EXPECT_EQ(window.form.caption, "Tarnwell Pocket - Unnamed Photo");
+  EXPECT_EQ(window.form.names.entries, std::vector<std::string>{"Other (prompt)..."});
+  EXPECT_EQ(window.form.names.output_path, "");
+  EXPECT_EQ(window.surfaces().picSource.picture->width(), 5);
+}
+
+TEST(AskToSaveChangesTest, AnUnchangedPhotoIsNoQuestion) {
+  OpenedWindow window;
+  EXPECT_TRUE(AskToSaveChanges(window.form));
+  EXPECT_TRUE(window.dialogs.shown.empty());
+}
+
+TEST(AskToSaveChangesTest, GoesOnUnlessChangesWouldBeLost) {
+  const struct {
+    const char* name;
+    Answer answer;
+    std::optional<std::string> output;  // in the folder; nothing: the dialog comes up
+    bool goes_on;
+    bool still_changed;
+    std::size_t told;
+  } kRows[] = {
+      {"cancel", Answer::kCancel, "imgA.bmp", false, true, 0},
+      {"no", Answer::kNo, "imgA.bmp", true, true, 0},
+      {"yes", Answer::kYes, "imgA.bmp", true, false, 0},
+      {"yes, save dialog cancelled", Answer::kYes, std::nullopt, false, true, 1},
+      {"yes, cannot be written", Answer::kYes, "no folder\\imgA.bmp", false, true, 1},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    OpenedWindow window;
+    window.app.photo_changed = true;
+    window.form.names.output_path = row.output ? window.folder.File(*row.output) : "";
+    window.dialogs.answers = {row.answer};
+    window.dialogs.save_files = {std::nullopt};
+    EXPECT_EQ(AskToSaveChanges(window.form), row.goes_on);
+    EXPECT_EQ(window.app.photo_changed, row.still_changed);
+    EXPECT_EQ(window.dialogs.Told().size(), row.told);
+    EXPECT_EQ(window.folder.Holds("imgA.bmp"), row.answer == Answer::kYes && row.goes_on);
+    EXPECT_EQ(window.dialogs.shown[0],
+              (ScriptedDialogs::Shown{ScriptedDialogs::Kind::kAsk, "Tarnwell Pocket",
+                                      "Do you want to save the changes you made to img.bmp?",
+                                      Icon::kQuestion}));
+  }
+}
+
+TEST(AskToSaveChangesTest, APastedPhotoIsTheCurrentImage) {
+  OpenedWindow window;
+  window.app.current_file = "";
+  window.app.photo_changed = true;
+  window.dialogs.answers = {Answer::kNo};
+  EXPECT_TRUE(AskToSaveChanges(window.form));
+  EXPECT_EQ(window.dialogs.Asked()[0],
+            "Do you want to save the changes you made to the current image?");
+}
+
+TEST(FileOpenTest, UnsavedChangesHoldTheOpenBackOrAreGivenUpOnce) {
+  OpenedWindow window;
+  window.app.photo_changed = true;
+  window.app.opened_path = window.WriteBitmap("next.bmp", Gradient(6, 6));
+  window.dialogs.answers = {Answer::kCancel};
+  EXPECT_EQ(FileOpen(window.form, false).failure, Failure::kCancelled);
+  EXPECT_EQ(window.form.lblTitleCaption, " - img.bmp");
+  window.dialogs.answers = {Answer::kNo};
+  EXPECT_TRUE(FileOpen(window.form, false).ok());
+  EXPECT_EQ(window.form.lblTitleCaption, " - next.bmp");
+  EXPECT_TRUE(FileOpen(window.form, false).ok()) << "the new photo has no changes to ask about";
+}
+
+}  // namespace
+}  // namespace tarnwell
