@@ -18,6 +18,7 @@
 #include "platform/picture_codec.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
+#include "shell/letter_case.h"
 #include "shell/module1.h"
 
 namespace tarnwell {
@@ -88,10 +89,7 @@ Status SettleOutputPath(Form1& form) {
 }
 
 bool IsJpegPath(const std::string& path) {
-  std::string extension = SplitPhotoPath(path).extension;
-  for (char& c : extension) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  const std::string extension = FoldCase(SplitPhotoPath(path).extension);
   return extension == ".jpg" || extension == ".jpeg";
 }
 

@@ -14,8 +14,8 @@ class Files;
 // case.
 bool IsPhotoName(std::string_view file_name);
 
-// The names of the photos in `folder`, without sub-folders, sorted by name ignoring the case of
-// Latin letters. Fails with the listing's reason.
+// The names of the photos in `folder`, without sub-folders, sorted by name ignoring case. Fails
+// with the listing's reason.
 Result<std::vector<std::string>> ListPhotos(Files& files, const std::string& folder);
 
 }  // namespace tarnwell
