@@ -1,0 +1,45 @@
+#include "platform/win32/file_handle.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwell {
+
+FileHandle FileHandle::Open(const std::wstring& path, DWORD access, DWORD share,
+                            DWORD disposition) {
+  HANDLE handle = INVALID_HANDLE_VALUE;
+  bool existed = false;
+  const DWORD error = RetryWhileInUse([&] {
+    handle = CreateFileW(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                         nullptr);
+    existed = disposition == OPEN_EXISTING || GetLastError() == ERROR_ALREADY_EXISTS;
+    return handle != INVALID_HANDLE_VALUE;
+  });
+  return FileHandle(handle, error, existed);
+}
+
+FileHandle::FileHandle(FileHandle&& other) noexcept
+    : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)),
+      error_(other.error_),
+      existed_(other.existed_) {}
+
+DWORD FileHandle::Write(std::string_view bytes) {
+  constexpr std::size_t kMostAtOnce = std::size_t{1} << 26;
+  while (!bytes.empty()) {
+    DWORD written = 0;
+    const auto length = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
+    if (!WriteFile(handle_, bytes.data(), length, &written, nullptr)) return GetLastError();
+    if (written == 0) return ERROR_DISK_FULL;
+    bytes.remove_prefix(written);
+  }
+  return ERROR_SUCCESS;
+}
+
+DWORD FileHandle::Flush() { return FlushFileBuffers(handle_) ? ERROR_SUCCESS : GetLastError(); }
+
+void FileHandle::Close() {
+  if (is_open()) CloseHandle(handle_);
+  handle_ = INVALID_HANDLE_VALUE;
+}
+
+}  // namespace tarnwell

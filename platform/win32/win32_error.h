@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/status.h"
+
+namespace tarnwell {
+
+// The failure for an error code of the system (GetLastError), as "FILE: reason". Common reasons in
+// the program's own words, the others in the system's.
+Status StatusOfError(const std::string& path, std::uint32_t code);
+
+}  // namespace tarnwell

@@ -1,0 +1,334 @@
+#include "platform/win32/win32_files.h"
+
+#include <algorithm>
+#include <atomic>
+#include <new>
+#include <optional>
+#include <utility>
+#include <windows.h>
+
+#include "platform/win32/file_handle.h"
+#include "platform/win32/utf16.h"
+#include "platform/win32/wide_path.h"
+#include "platform/win32/win32_error.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr DWORD kNoFile = INVALID_FILE_ATTRIBUTES;
+
+Status InvalidName(const std::string& path) {
+  return Status::Error(Failure::kOther, path + ": not a valid file name");
+}
+
+Status NoSuch(const std::string& path, const char* what) {
+  return Status::Error(Failure::kNotFound, path + ": no such " + what);
+}
+
+DWORD AttributesOf(const std::string& path) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  return wide ? GetFileAttributesW(wide->c_str()) : kNoFile;
+}
+
+bool IsFolder(DWORD attributes) {
+  return attributes != kNoFile && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// Where the system refuses access because `path` is a folder, says so.
+Status FileError(const std::string& path, DWORD error) {
+  if (error == ERROR_ACCESS_DENIED && IsFolder(AttributesOf(path))) {
+    return Status::Error(Failure::kOther, path + ": is a folder");
+  }
+  return StatusOfError(path, error);
+}
+
+Status FolderError(const std::string& path, DWORD error) {
+  Status status = StatusOfError(path, error);
+  return status.failure == Failure::kNotFound ? NoSuch(path, "folder") : status;
+}
+
+// Nanoseconds since 1970. The count from 1601, where the system starts, would not fit.
+std::int64_t NanosOf(const FILETIME& time) {
+  constexpr std::uint64_t kTicksTo1970 = 116'444'736'000'000'000;
+  const std::uint64_t ticks =
+      (std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime) - kTicksTo1970;
+  return static_cast<std::int64_t>(ticks * 100);  // wraps for absurd dates; only compared
+}
+
+std::optional<FolderEntry> EntryOf(const WIN32_FIND_DATAW& found) {
+  const std::wstring_view wide = found.cFileName;
+  if (wide == L"." || wide == L"..") return std::nullopt;
+  // A name that is no valid UTF-16 could not be opened under any name handed back here.
+  std::optional<std::string> name = WideToUtf8(wide);
+  if (!name) return std::nullopt;
+  const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  const std::uint64_t size = std::uint64_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
+  return FolderEntry{.name = std::move(*name),
+                     .is_folder = is_folder,
+                     .size = is_folder ? 0 : size,
+                     .modified_nanos = NanosOf(found.ftLastWriteTime)};
+}
+
+// Reads as many bytes as `bytes` has, or fewer where the file has become shorter.
+DWORD ReadInto(HANDLE file, std::string& bytes) {
+  constexpr std::size_t kMostAtOnce = std::size_t{1} << 26;
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    DWORD got = 0;
+    const auto length = static_cast<DWORD>(std::min(bytes.size() - done, kMostAtOnce));
+    if (!ReadFile(file, bytes.data() + done, length, &got, nullptr)) return GetLastError();
+    if (got == 0) break;
+    done += got;
+  }
+  bytes.resize(done);
+  return ERROR_SUCCESS;
+}
+
+DWORD WriteNewFile(const std::wstring& path, std::string_view bytes) {
+  FileHandle file = FileHandle::Open(path, GENERIC_WRITE, 0, CREATE_NEW);
+  if (!file.is_open()) return file.error();
+  DWORD error = file.Write(bytes);
+  if (error == ERROR_SUCCESS) error = file.Flush();
+  file.Close();
+  if (error != ERROR_SUCCESS) DeleteFileW(path.c_str());
+  return error;
+}
+
+DWORD FlushFile(const std::wstring& path) {
+  FileHandle file = FileHandle::Open(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING);
+  return file.is_open() ? file.Flush() : file.error();
+}
+
+DWORD MoveFileTo(const std::wstring& from, const std::wstring& to, DWORD flags) {
+  return RetryWhileInUse(
+      [&] { return MoveFileExW(from.c_str(), to.c_str(), flags | MOVEFILE_WRITE_THROUGH); });
+}
+
+// Holds everybody else who appends to `file` off, for its lifetime. The byte that is locked lies
+// far behind the end of any file, so that readers are not disturbed.
+class AppendLock {
+ public:
+  explicit AppendLock(HANDLE file) : file_(file) {
+    where_.OffsetHigh = 0x40000000;
+    held_ = LockFileEx(file_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &where_) != 0;
+    if (!held_) error_ = GetLastError();
+  }
+  ~AppendLock() {
+    if (held_) UnlockFileEx(file_, 0, 1, 0, &where_);
+  }
+  AppendLock(const AppendLock&) = delete;
+  AppendLock& operator=(const AppendLock&) = delete;
+
+  DWORD error() const { return error_; }
+
+ private:
+  HANDLE file_;
+  OVERLAPPED where_ = {};
+  bool held_;
+  DWORD error_ = ERROR_SUCCESS;
+};
+
+// Appends under the lock. On failure the file has its old length again.
+DWORD AppendLocked(FileHandle& file, std::string_view bytes) {
+  const AppendLock lock(file.get());
+  if (lock.error() != ERROR_SUCCESS) return lock.error();
+  LARGE_INTEGER end;
+  if (!SetFilePointerEx(file.get(), {}, &end, FILE_END)) return GetLastError();
+  DWORD error = file.Write(bytes);
+  if (error == ERROR_SUCCESS) error = file.Flush();
+  if (error != ERROR_SUCCESS && SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN)) {
+    SetEndOfFile(file.get());
+  }
+  return error;
+}
+
+void SetReadOnly(const std::wstring& path, bool read_only) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes == kNoFile) return;
+  SetFileAttributesW(path.c_str(), read_only ? attributes | FILE_ATTRIBUTE_READONLY
+                                             : attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+}
+
+}  // namespace
+
+bool Win32Files::FileExists(const std::string& path) {
+  if (path.ends_with('\\')) return false;
+  const DWORD attributes = AttributesOf(path);
+  return attributes != kNoFile && !IsFolder(attributes);
+}
+
+bool Win32Files::FolderExists(const std::string& path) { return IsFolder(AttributesOf(path)); }
+
+Result<std::string> Win32Files::Read(const std::string& path, std::uint64_t most_bytes) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return NoSuch(path, "file");
+  // Writers are kept out while it is read, and a file that is being written cannot be opened: a
+  // half-copied photo must not pass for a whole one.
+  const FileHandle file =
+      FileHandle::Open(*wide, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);
+  if (!file.is_open()) return FileError(path, file.error());
+  LARGE_INTEGER size;
+  if (GetFileType(file.get()) != FILE_TYPE_DISK) return NoSuch(path, "file");
+  if (!GetFileSizeEx(file.get(), &size)) return FileError(path, GetLastError());
+  const auto length = static_cast<std::uint64_t>(size.QuadPart);
+  if (length > most_bytes) return Status::Error(Failure::kTooLarge, path + ": too large");
+  std::string bytes;
+  try {
+    if (length > bytes.max_size()) throw std::bad_alloc();
+    bytes.resize(static_cast<std::size_t>(length));
+  } catch (const std::bad_alloc&) {
+    return StatusOfError(path, ERROR_NOT_ENOUGH_MEMORY);
+  }
+  const DWORD error = ReadInto(file.get(), bytes);
+  if (error != ERROR_SUCCESS) return FileError(path, error);
+  return bytes;
+}
+
+Result<std::vector<FolderEntry>> Win32Files::List(const std::string& folder) {
+  if (!FolderExists(folder)) return NoSuch(folder, "folder");
+  const std::optional<std::wstring> pattern =
+      WidePath(folder.ends_with('\\') ? folder + "*" : folder + "\\*");
+  if (!pattern) return InvalidName(folder);
+  std::vector<FolderEntry> entries;
+  WIN32_FIND_DATAW found;
+  const HANDLE search = FindFirstFileW(pattern->c_str(), &found);
+  DWORD error = search == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+  while (error == ERROR_SUCCESS) {
+    if (std::optional<FolderEntry> entry = EntryOf(found)) entries.push_back(std::move(*entry));
+    if (!FindNextFileW(search, &found)) error = GetLastError();
+  }
+  if (search != INVALID_HANDLE_VALUE) FindClose(search);
+  // The root of an empty drive has not even "." and "..".
+  if (error != ERROR_NO_MORE_FILES && error != ERROR_FILE_NOT_FOUND) {
+    return FolderError(folder, error);
+  }
+  return entries;
+}
+
+Status Win32Files::CreateFolder(const std::string& folder) {
+  const std::optional<std::wstring> wide = WidePath(folder);
+  if (!wide) return InvalidName(folder);
+  if (CreateDirectoryW(wide->c_str(), nullptr)) return Status::Ok();
+  return FolderError(folder, GetLastError());
+}
+
+Status Win32Files::Replace(const std::string& path, std::string_view bytes) {
+  const std::string temporary = TemporaryBeside(path);
+  const std::optional<std::wstring> target = WidePath(path);
+  const std::optional<std::wstring> beside = WidePath(temporary);
+  if (!target || !beside) return InvalidName(path);
+  if (const DWORD error = WriteNewFile(*beside, bytes); error != ERROR_SUCCESS) {
+    return FileError(path, error);
+  }
+  const DWORD error = MoveFileTo(*beside, *target, MOVEFILE_REPLACE_EXISTING);
+  if (error == ERROR_SUCCESS) return Status::Ok();
+  const Status status = FileError(path, error);
+  DeleteFileW(beside->c_str());
+  return status;
+}
+
+Status Win32Files::Append(const std::string& path, std::string_view bytes) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return InvalidName(path);
+  FileHandle file =
+      FileHandle::Open(*wide, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS);
+  if (!file.is_open()) return FileError(path, file.error());
+  const DWORD error = AppendLocked(file, bytes);
+  if (error == ERROR_SUCCESS) return Status::Ok();
+  file.Close();
+  // Another program that appends to the new file by now holds it open and so keeps it.
+  if (!file.was_there()) DeleteFileW(wide->c_str());
+  return FileError(path, error);
+}
+
+std::string Win32Files::TemporaryBeside(const std::string& path) {
+  static std::atomic<std::uint32_t> counter = 0;
+  const std::string folder = path.substr(0, path.find_last_of("\\/:") + 1);
+  std::string name;
+  do {
+    // A file of this name may be left from a program that crashed with the same process id.
+    name = folder + "~tp" + std::to_string(GetCurrentProcessId()) + "-" +
+           std::to_string(++counter) + ".tmp";
+  } while (AttributesOf(name) != kNoFile);
+  return name;
+}
+
+Status Win32Files::Publish(const std::string& temporary, const std::string& path) {
+  const std::optional<std::wstring> from = WidePath(temporary);
+  const std::optional<std::wstring> to = WidePath(path);
+  if (!from) return InvalidName(temporary);
+  DWORD error = to ? FlushFile(*from) : ERROR_INVALID_NAME;
+  if (error == ERROR_FILE_NOT_FOUND) return NoSuch(temporary, "file");
+  if (error == ERROR_SUCCESS) error = MoveFileTo(*from, *to, 0);
+  if (error == ERROR_SUCCESS) return Status::Ok();
+  DeleteFileW(from->c_str());
+  return StatusOfError(path, error);
+}
+
+Status Win32Files::Move(const std::string& from, const std::string& to) {
+  const std::optional<std::wstring> source = WidePath(from);
+  const std::optional<std::wstring> target = WidePath(to);
+  if (!source) return NoSuch(from, "file");
+  if (!target) return InvalidName(to);
+  if (!FileExists(from)) return NoSuch(from, "file");
+  const DWORD error = MoveFileTo(*source, *target, 0);
+  if (error == ERROR_SUCCESS) return Status::Ok();
+  if (error == ERROR_NOT_SAME_DEVICE) return MoveByCopy(from, to);
+  const bool about_source = error == ERROR_SHARING_VIOLATION;
+  return StatusOfError(about_source ? from : to, error);
+}
+
+Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
+  const std::string temporary = TemporaryBeside(to);
+  const std::wstring source = WidePath(from).value_or(L"");
+  const std::wstring target = WidePath(to).value_or(L"");
+  const std::optional<std::wstring> beside = WidePath(temporary);
+  if (!beside) return InvalidName(to);
+  if (!CopyFileExW(source.c_str(), beside->c_str(), nullptr, nullptr, nullptr,
+                   COPY_FILE_FAIL_IF_EXISTS)) {
+    const DWORD error = GetLastError();
+    DeleteFileW(beside->c_str());
+    return StatusOfError(error == ERROR_SHARING_VIOLATION ? from : to, error);
+  }
+  // A read-only file can be neither flushed nor deleted.
+  const bool read_only = (AttributesOf(from) & FILE_ATTRIBUTE_READONLY) != 0;
+  if (read_only) SetReadOnly(*beside, false);
+  if (const Status published = Publish(temporary, to); !published.ok()) return published;
+  if (read_only) SetReadOnly(source, false);
+  const DWORD error = RetryWhileInUse([&] { return DeleteFileW(source.c_str()); });
+  if (error != ERROR_SUCCESS) {
+    // Nothing is moved then: the file must not be in both places.
+    DeleteFileW(target.c_str());
+    if (read_only) SetReadOnly(source, true);
+    return FileError(from, error);
+  }
+  if (read_only) SetReadOnly(target, true);
+  return Status::Ok();
+}
+
+Status Win32Files::Delete(const std::string& path) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return NoSuch(path, "file");
+  const DWORD error = RetryWhileInUse([&] { return DeleteFileW(wide->c_str()); });
+  return error == ERROR_SUCCESS ? Status::Ok() : FileError(path, error);
+}
+
+Status Win32Files::DeleteFolder(const std::string& path) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return NoSuch(path, "folder");
+  if (RemoveDirectoryW(wide->c_str())) return Status::Ok();
+  return FolderError(path, GetLastError());
+}
+
+std::string Win32Files::Absolute(const std::string& path) {
+  const bool has_root = path.starts_with("\\\\") || path.find(":\\") == 1;
+  if (has_root && path.find('/') == path.npos) return path;
+  const std::optional<std::wstring> wide = Utf8ToWide(path);
+  if (!wide || wide->empty()) return path;
+  const std::wstring full = FullWidePath(*wide);
+  return full.empty() ? path : WideToUtf8(full).value_or(path);
+}
+
+std::string Win32Files::Display(const std::string& path) { return path; }
+
+}  // namespace tarnwell

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace tarnwell {
+
+class Win32Files : public Files {
+ public:
+  bool FileExists(const std::string& path) override;
+  bool FolderExists(const std::string& path) override;
+  Result<std::string> Read(const std::string& path, std::uint64_t most_bytes) override;
+  Result<std::vector<FolderEntry>> List(const std::string& folder) override;
+  Status CreateFolder(const std::string& folder) override;
+  Status Replace(const std::string& path, std::string_view bytes) override;
+  Status Append(const std::string& path, std::string_view bytes) override;
+  std::string TemporaryBeside(const std::string& path) override;
+  Status Publish(const std::string& temporary, const std::string& path) override;
+  Status Move(const std::string& from, const std::string& to) override;
+  Status Delete(const std::string& path) override;
+  Status DeleteFolder(const std::string& path) override;
+  std::string Absolute(const std::string& path) override;
+  std::string Display(const std::string& path) override;
+
+ private:
+  // Moves to another volume: a copy beside the target that is flushed and published, then the
+  // source goes.
+  Status MoveByCopy(const std::string& from, const std::string& to);
+};
+
+}  // namespace tarnwell
