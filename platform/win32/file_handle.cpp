@@ -42,4 +42,14 @@ void FileHandle::Close() {
   handle_ = INVALID_HANDLE_VALUE;
 }
 
+DWORD WriteNewFile(const std::wstring& path, std::string_view bytes) {
+  FileHandle file = FileHandle::Open(path, GENERIC_WRITE, 0, CREATE_NEW);
+  if (!file.is_open()) return file.error();
+  DWORD error = file.Write(bytes);
+  if (error == ERROR_SUCCESS) error = file.Flush();
+  file.Close();
+  if (error != ERROR_SUCCESS) DeleteFileW(path.c_str());
+  return error;
+}
+
 }  // namespace tarnwell

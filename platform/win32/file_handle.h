@@ -53,4 +53,8 @@ DWORD RetryWhileInUse(Call call) {
   }
 }
 
+// Makes the file `path`, which must not exist, hold `bytes`, flushed. Returns the error code of the
+// system; no file is left then.
+DWORD WriteNewFile(const std::wstring& path, std::string_view bytes);
+
 }  // namespace tarnwell

@@ -84,16 +84,6 @@ DWORD ReadInto(HANDLE file, std::string& bytes) {
   return ERROR_SUCCESS;
 }
 
-DWORD WriteNewFile(const std::wstring& path, std::string_view bytes) {
-  FileHandle file = FileHandle::Open(path, GENERIC_WRITE, 0, CREATE_NEW);
-  if (!file.is_open()) return file.error();
-  DWORD error = file.Write(bytes);
-  if (error == ERROR_SUCCESS) error = file.Flush();
-  file.Close();
-  if (error != ERROR_SUCCESS) DeleteFileW(path.c_str());
-  return error;
-}
-
 DWORD FlushFile(const std::wstring& path) {
   FileHandle file = FileHandle::Open(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING);
   return file.is_open() ? file.Flush() : file.error();

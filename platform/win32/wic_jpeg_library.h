@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "imaging/jpeg_library.h"
+
+namespace tarnwell {
+
+// The three calls of the JPEG library, answered by the system's imaging components.
+class WicJpegLibrary : public JpegLibrary {
+ public:
+  // The codes that the calls return beside 0.
+  static constexpr int kBadRecord = -1;  // a field that cannot be, or another mode
+  static constexpr int kEncoderFailed = -2;
+  static constexpr int kNoMemory = -3;
+  static constexpr int kFileNotWritten = -4;
+
+  int ijlInit(JPEG_CORE_PROPERTIES* record) override;
+  int ijlWrite(JPEG_CORE_PROPERTIES* record, int mode) override;
+  int ijlFree(JPEG_CORE_PROPERTIES* record) override;
+  std::string EncodePath(const std::string& path) override;
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,50 @@
+#include "platform/win32/win32_picture_codec.h"
+
+#include <cstdint>
+#include <new>
+#include <optional>
+
+#include "imaging/bmp_file.h"
+#include "imaging/gif_structure.h"
+#include "imaging/jpeg_structure.h"
+#include "platform/win32/file_handle.h"
+#include "platform/win32/wic_decode.h"
+#include "platform/win32/wide_path.h"
+#include "platform/win32/win32_error.h"
+#include "platform/win32/win32_files.h"
+
+namespace tarnwell {
+namespace {
+
+Result<Picture> Decode(std::string_view bytes, const std::string& path) {
+  if (IsBmp(bytes)) return DecodeBmp(bytes, path);
+  if (IsJpeg(bytes)) return DecodeJpegWithWic(bytes, path);
+  if (IsGif(bytes)) return DecodeGifWithWic(bytes, path);
+  return Status::Error(Failure::kUnsupported, path + ": this is no BMP, GIF or JPEG picture");
+}
+
+Status NoMemory(const std::string& path) {
+  return Status::Error(Failure::kTooLarge, path + ": not enough memory for this picture");
+}
+
+}  // namespace
+
+Result<Picture> Win32PictureCodec::Load(const std::string& path) try {
+  // The largest bitmap that is read, 32767 pixels square with 32 bits each, lies below 4 GB.
+  const Result<std::string> bytes = Win32Files().Read(path, std::uint64_t{1} << 32);
+  if (!bytes.ok()) return bytes.status;
+  return Decode(*bytes, path);
+} catch (const std::bad_alloc&) {
+  return NoMemory(path);
+}
+
+Status Win32PictureCodec::SaveBitmap(const std::string& path, const PixelView& picture) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return StatusOfError(path, ERROR_INVALID_NAME);
+  const std::string bytes = EncodeBmp24(picture);
+  if (bytes.empty()) return NoMemory(path);
+  const DWORD error = WriteNewFile(*wide, bytes);
+  return error == ERROR_SUCCESS ? Status::Ok() : StatusOfError(path, error);
+}
+
+}  // namespace tarnwell
