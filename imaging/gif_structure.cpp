@@ -75,7 +75,7 @@ bool IsGif(std::string_view bytes) {
 }
 
 Result<GifFirstFrame> FindGifFirstFrame(std::string_view bytes, const std::string& name) {
-  constexpr const char* kBreaksOff = "the file breaks off before its last pixel";
+  constexpr const char* kBreaksOff = "the file breaks off";
   Reader reader(bytes);
   GifFirstFrame frame;
   reader.Skip(6);
@@ -84,7 +84,7 @@ Result<GifFirstFrame> FindGifFirstFrame(std::string_view bytes, const std::strin
   const std::size_t global_table = TableBytes(reader.Byte());
   reader.Skip(2 + global_table);
   if (!SkipToImage(reader)) {
-    return Damaged(name, reader.broke_off() ? kBreaksOff : "the file holds no picture");
+    return Damaged(name, reader.broke_off() ? kBreaksOff : "holds no picture");
   }
   frame.left = reader.Word();
   frame.top = reader.Word();
@@ -92,16 +92,25 @@ Result<GifFirstFrame> FindGifFirstFrame(std::string_view bytes, const std::strin
   frame.height = reader.Word();
   const std::size_t local_table = TableBytes(reader.Byte());
   reader.Skip(local_table + 1);
+  const std::size_t data_start = reader.at();
   reader.SkipSubBlocks();
   frame.end = reader.at();
-  const auto [shortest, longest] =
-      std::minmax({frame.screen_width, frame.screen_height, frame.width, frame.height});
+  // Some writers leave the screen's size out; the frame then is the picture.
+  if (frame.screen_width == 0) frame.screen_width = frame.width;
+  if (frame.screen_height == 0) frame.screen_height = frame.height;
+  const int longest =
+      std::max({frame.screen_width, frame.screen_height, frame.width, frame.height});
   if (longest > kMaxSide) {
     return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
   }
-  if (reader.broke_off()) return Damaged(name, kBreaksOff);
-  if (shortest == 0) return Damaged(name, "the picture has no pixels");
-  if (global_table + local_table == 0) return Damaged(name, "the picture has no colours");
+  // A code has at least 2 bits and stands for at most 4096 pixels.
+  constexpr std::uint64_t kMostPixelsPerByte = 4 * 4096;
+  const std::uint64_t pixels = static_cast<std::uint64_t>(frame.width) * frame.height;
+  if (reader.broke_off() || pixels > (frame.end - data_start) * kMostPixelsPerByte) {
+    return Damaged(name, kBreaksOff);
+  }
+  if (std::min(frame.width, frame.height) == 0) return Damaged(name, "holds no picture");
+  if (global_table + local_table == 0) return Damaged(name, "holds no colours");
   return frame;
 }
 

@@ -22,12 +22,19 @@ enum Marker : std::uint8_t {
   kStartOfScan = 0xDA,
 };
 
+// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
+// bytes. Photos have about ten scans; this allows 20 at 200 megapixels, and more for smaller ones.
+// The constant per scan stands for setting up its tables.
+constexpr double kMostScannedPixels = 4e9;
+constexpr double kPixelsPerScanSetup = 4096;
+
 struct Frame {
-  std::uint8_t marker;
-  int bits;
-  int height;
-  int width;
-  int components;
+  int marker = 0;
+  int bits = 0;
+  int height = 0;
+  int width = 0;
+  int components = 0;
+  std::uint64_t blocks = 0;  // of 8 x 8 samples, over all components; 0: the header is damaged
 };
 
 int ByteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
@@ -46,14 +53,48 @@ bool StandsAlone(int marker) {
   return marker <= 1 || (marker >= kFirstRestart && marker <= kStartOfImage);
 }
 
+// Blocks of all components, of which each has a resolution of its own: `factors` holds three bytes
+// a component, the middle one its factors across (high half) and down.
+std::uint64_t CountBlocks(std::int64_t width, std::int64_t height, std::string_view factors) {
+  int most_across = 1, most_down = 1;
+  for (std::size_t at = 1; at < factors.size(); at += 3) {
+    most_across = std::max(most_across, ByteAt(factors, at) >> 4);
+    most_down = std::max(most_down, ByteAt(factors, at) & 15);
+  }
+  std::uint64_t blocks = 0;
+  for (std::size_t at = 1; at < factors.size(); at += 3) {
+    const int across = ByteAt(factors, at) >> 4, down = ByteAt(factors, at) & 15;
+    if (across < 1 || across > 4 || down < 1 || down > 4) return 0;
+    const auto block_columns = (width * across + most_across * 8 - 1) / (most_across * 8);
+    const auto block_rows = (height * down + most_down * 8 - 1) / (most_down * 8);
+    blocks += static_cast<std::uint64_t>(block_columns * block_rows);
+  }
+  return blocks;
+}
+
+// `segment` starts with its length.
+Frame ReadFrame(int marker, std::string_view segment) {
+  Frame frame{.marker = marker};
+  if (segment.size() < 8) return frame;
+  frame.bits = ByteAt(segment, 2);
+  frame.height = WordAt(segment, 3);
+  frame.width = WordAt(segment, 5);
+  frame.components = ByteAt(segment, 7);
+  const std::string_view factors = segment.substr(8);
+  if (factors.size() == static_cast<std::size_t>(frame.components) * 3) {
+    frame.blocks = CountBlocks(frame.width, frame.height, factors);
+  }
+  return frame;
+}
+
 struct Walk {
   std::optional<Frame> frame;
+  int scans = 0;
   bool complete = false;  // a scan and the end marker were met
 };
 
 Walk WalkSegments(std::string_view bytes) {
   Walk walk;
-  bool scan_met = false;
   std::size_t at = 0;
   while ((at = bytes.find('\xFF', at)) != bytes.npos && at + 1 < bytes.size()) {
     const int marker = ByteAt(bytes, ++at);
@@ -61,18 +102,14 @@ Walk WalkSegments(std::string_view bytes) {
     ++at;
     if (StandsAlone(marker)) continue;
     if (marker == kEndOfImage) {
-      walk.complete = scan_met;
+      walk.complete = walk.scans > 0;
       break;
     }
     if (bytes.size() - at < 2) break;
     const auto length = static_cast<std::size_t>(WordAt(bytes, at));
     if (length < 2 || length > bytes.size() - at) break;
-    if (IsFrame(marker) && !walk.frame) {
-      if (length < 8) break;
-      walk.frame = Frame{static_cast<std::uint8_t>(marker), ByteAt(bytes, at + 2),
-                         WordAt(bytes, at + 3), WordAt(bytes, at + 5), ByteAt(bytes, at + 7)};
-    }
-    if (marker == kStartOfScan) scan_met = true;
+    if (IsFrame(marker) && !walk.frame) walk.frame = ReadFrame(marker, bytes.substr(at, length));
+    if (marker == kStartOfScan) ++walk.scans;
     at += length;
   }
   return walk;
@@ -82,25 +119,32 @@ Walk WalkSegments(std::string_view bytes) {
 
 bool IsJpeg(std::string_view bytes) { return bytes.starts_with("\xFF\xD8\xFF"); }
 
-Status CheckJpeg(std::string_view bytes, const std::string& name) {
+Result<PictureSize> CheckJpeg(std::string_view bytes, const std::string& name) {
   const Walk walk = WalkSegments(bytes);
-  if (!walk.frame) return Status::Error(Failure::kDamaged, name + ": the file is damaged");
+  const auto fails = [&](Failure failure, const char* reason) {
+    return Status::Error(failure, name + ": " + reason);
+  };
+  if (!walk.frame) return fails(Failure::kDamaged, "the file breaks off");
   const Frame& frame = *walk.frame;
-  const bool known_components =
-      frame.components == 1 || frame.components == 3 || frame.components == 4;
-  if (frame.marker > kProgressive || frame.bits != 8 || !known_components) {
-    return Status::Error(Failure::kUnsupported, name + ": this kind of JPEG file cannot be read");
+  if (frame.marker > kProgressive || (frame.bits != 8 && frame.bits != 0)) {
+    return fails(Failure::kUnsupported, "a kind of JPEG that cannot be read");
   }
   if (std::max(frame.width, frame.height) > kMaxSide) {
-    return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
+    return fails(Failure::kTooLarge, "the picture is too large");
   }
-  if (frame.width == 0 || frame.height == 0) {
-    return Status::Error(Failure::kDamaged, name + ": the file is damaged");
+  if (frame.blocks == 0) return fails(Failure::kDamaged, "the picture data is damaged");
+  if (frame.components != 1 && frame.components != 3 && frame.components != 4) {
+    return fails(Failure::kUnsupported, "a kind of JPEG that cannot be read");
   }
-  if (!walk.complete) {
-    return Status::Error(Failure::kDamaged, name + ": the file breaks off before its last pixel");
+  const double pixels = static_cast<double>(frame.width) * frame.height;
+  if (walk.scans * (pixels + kPixelsPerScanSetup) > kMostScannedPixels) {
+    return fails(Failure::kTooLarge, "the picture is too large");
   }
-  return Status::Ok();
+  // Every block has a code of at least one bit for its mean.
+  if (!walk.complete || frame.blocks > std::uint64_t{bytes.size()} * 8) {
+    return fails(Failure::kDamaged, "the file breaks off");
+  }
+  return PictureSize{frame.width, frame.height};
 }
 
 }  // namespace tarnwell

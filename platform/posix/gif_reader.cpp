@@ -114,10 +114,6 @@ void FillWhite(MutablePixelView picture) {
 
 }  // namespace
 
-bool IsGif(std::string_view bytes) {
-  return bytes.starts_with("GIF87a") || bytes.starts_with("GIF89a");
-}
-
 Result<Picture> DecodeGif(std::string_view bytes, const std::string& name) {
   std::string_view rest = bytes;
   int error = 0;

@@ -8,8 +8,6 @@
 
 namespace tarnwell {
 
-bool IsGif(std::string_view bytes);
-
 // Decodes the first frame of a GIF file, placed on the logical screen; white where it is
 // transparent or does not reach. What follows the first frame is not looked at. `name` is the
 // file's name for the message of a failure ("NAME: reason").

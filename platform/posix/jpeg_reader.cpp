@@ -66,8 +66,6 @@ void ClearUnused(MutablePixelView picture) {
 
 }  // namespace
 
-bool IsJpeg(std::string_view bytes) { return bytes.starts_with("\xFF\xD8\xFF"); }
-
 Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name) {
   const std::unique_ptr<JpegDecoder, Closer> decoder(new JpegDecoder{});
   if (!ReadJpegHeader(decoder.get(), reinterpret_cast<const std::uint8_t*>(bytes.data()),

@@ -8,8 +8,6 @@
 
 namespace tarnwell {
 
-bool IsJpeg(std::string_view bytes);
-
 // Decodes a baseline or progressive JPEG file of grey, YCbCr, RGB, CMYK or YCCK. `name` is the
 // file's name for the message of a failure ("NAME: reason"). Bytes after the end marker and odd
 // headers are let pass; missing or corrupt data is kDamaged. kTooLarge also stands for a

@@ -1,6 +1,8 @@
 #include "platform/posix/posix_picture_codec.h"
 
 #include "imaging/bmp_file.h"
+#include "imaging/gif_structure.h"
+#include "imaging/jpeg_structure.h"
 #include "platform/posix/gif_reader.h"
 #include "platform/posix/jpeg_reader.h"
 #include "platform/posix/posix_error.h"

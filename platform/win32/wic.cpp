@@ -10,17 +10,17 @@ HRESULT MakeImagingFactory(ComPtr<IWICImagingFactory>& factory) {
 Status StatusOfImagingError(const std::string& path, HRESULT error) {
   switch (error) {
     case E_OUTOFMEMORY:
-      return Status::Error(Failure::kTooLarge, path + ": not enough memory for this picture");
+      return Status::Error(Failure::kTooLarge, path + ": not enough memory");
     case WINCODEC_ERR_COMPONENTNOTFOUND:
     case WINCODEC_ERR_UNSUPPORTEDOPERATION:
     case WINCODEC_ERR_UNSUPPORTEDPIXELFORMAT:
     case WINCODEC_ERR_UNSUPPORTEDVERSION:
-      return Status::Error(Failure::kUnsupported, path + ": this kind of picture cannot be read");
+      return Status::Error(Failure::kUnsupported, path + ": a kind of picture that cannot be read");
     case REGDB_E_CLASSNOTREG:
       return Status::Error(Failure::kOther, path + ": the system cannot read pictures");
     default:
       // Decoders name many reasons for the same thing, some of them only "failed".
-      return Status::Error(Failure::kDamaged, path + ": the file is damaged");
+      return Status::Error(Failure::kDamaged, path + ": the picture data is damaged");
   }
 }
 

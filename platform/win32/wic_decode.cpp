@@ -9,6 +9,7 @@
 
 #include "imaging/gif_structure.h"
 #include "imaging/jpeg_structure.h"
+#include "platform/win32/memory_limit.h"
 #include "platform/win32/wic.h"
 
 namespace tarnwell {
@@ -18,7 +19,7 @@ namespace {
 constexpr int kBandRows = 64;
 
 Status TooLarge(const std::string& path) {
-  return Status::Error(Failure::kTooLarge, path + ": not enough memory for this picture");
+  return Status::Error(Failure::kTooLarge, path + ": not enough memory");
 }
 
 // Opens the first frame of a file in memory. `bytes` must outlive the frame.
@@ -92,14 +93,14 @@ HRESULT CopyConverted(IWICImagingFactory& factory, IWICBitmapSource& source,
   });
 }
 
-// The colours of `frame` by index; black behind the end of its palette.
+// The colours of `frame` by index; transparent behind the end of its palette.
 HRESULT ReadPalette(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
                     std::array<WICColor, 256>& colours) {
   ComPtr<IWICPalette> palette;
   HRESULT result = factory.CreatePalette(&palette);
   if (SUCCEEDED(result)) result = frame.CopyPalette(palette.Get());
   if (FAILED(result)) return result;
-  colours.fill(0xFF000000);
+  colours.fill(0);
   UINT count = 0;
   return palette->GetColors(static_cast<UINT>(colours.size()), colours.data(), &count);
 }
@@ -146,7 +147,9 @@ HRESULT SizeOf(IWICBitmapSource& source, int& width, int& height) {
 
 Result<Picture> DecodeJpegWithWic(std::string_view bytes, const std::string& path) {
   if (bytes.size() > std::numeric_limits<DWORD>::max()) return TooLarge(path);
-  if (Status checked = CheckJpeg(bytes, path); !checked.ok()) return checked;
+  const Result<PictureSize> size = CheckJpeg(bytes, path);
+  if (!size.ok()) return size.status;
+  if (!MemoryHoldsPicture(size->width, size->height)) return TooLarge(path);
   const ComApartment apartment;
   ComPtr<IWICImagingFactory> factory;
   ComPtr<IWICBitmapFrameDecode> frame;
@@ -171,6 +174,7 @@ Result<Picture> DecodeJpegWithWic(std::string_view bytes, const std::string& pat
 Result<Picture> DecodeGifWithWic(std::string_view bytes, const std::string& path) {
   const Result<GifFirstFrame> place = FindGifFirstFrame(bytes, path);
   if (!place.ok()) return place.status;
+  if (!MemoryHoldsPicture(place->screen_width, place->screen_height)) return TooLarge(path);
   if (place->end >= std::numeric_limits<DWORD>::max()) return TooLarge(path);
   // The other frames of an animation are kept from the decoder: it would read, and could stumble
   // over, what nobody looks at.

@@ -17,21 +17,15 @@ struct Reason {
 };
 
 constexpr Reason kReasons[] = {
-    {ERROR_FILE_NOT_FOUND, Failure::kNotFound, "no such file"},
-    {ERROR_PATH_NOT_FOUND, Failure::kNotFound, "no such file"},
-    {ERROR_INVALID_DRIVE, Failure::kNotFound, "no such file"},
-    {ERROR_BAD_NETPATH, Failure::kNotFound, "no such file"},
-    {ERROR_BAD_NET_NAME, Failure::kNotFound, "no such file"},
-    {ERROR_DIRECTORY, Failure::kNotFound, "no such folder"},
-    {ERROR_ALREADY_EXISTS, Failure::kExists, "already exists"},
-    {ERROR_FILE_EXISTS, Failure::kExists, "already exists"},
+    {ERROR_ALREADY_EXISTS, Failure::kExists, "something of that name exists already"},
+    {ERROR_FILE_EXISTS, Failure::kExists, "something of that name exists already"},
     {ERROR_ACCESS_DENIED, Failure::kNoAccess, "no permission"},
-    {ERROR_WRITE_PROTECT, Failure::kNoAccess, "the disk is write-protected"},
+    {ERROR_WRITE_PROTECT, Failure::kNoAccess, "the disk is read-only"},
     {ERROR_SHARING_VIOLATION, Failure::kNoAccess, "in use by another program"},
     {ERROR_LOCK_VIOLATION, Failure::kNoAccess, "in use by another program"},
     {ERROR_DISK_FULL, Failure::kDiskFull, "disk full"},
     {ERROR_HANDLE_DISK_FULL, Failure::kDiskFull, "disk full"},
-    {kDiskQuotaExceeded, Failure::kDiskFull, "disk full"},
+    {kDiskQuotaExceeded, Failure::kDiskFull, "your share of the disk is full"},
     {ERROR_NOT_ENOUGH_MEMORY, Failure::kTooLarge, "not enough memory"},
     {ERROR_OUTOFMEMORY, Failure::kTooLarge, "not enough memory"},
     {ERROR_DIR_NOT_EMPTY, Failure::kOther, "the folder is not empty"},
@@ -39,6 +33,26 @@ constexpr Reason kReasons[] = {
     {ERROR_BAD_PATHNAME, Failure::kOther, "not a valid file name"},
     {ERROR_FILENAME_EXCED_RANGE, Failure::kOther, "the name is too long"},
 };
+
+bool IsMissing(DWORD code) {
+  return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND ||
+         code == ERROR_INVALID_DRIVE || code == ERROR_DIRECTORY || code == ERROR_BAD_NETPATH ||
+         code == ERROR_BAD_NET_NAME;
+}
+
+const char* MissingText(Subject subject) {
+  switch (subject) {
+    case Subject::kFile:
+      return "no such file";
+    case Subject::kNewFile:
+      return "its folder does not exist";
+    case Subject::kFolder:
+      return "no such folder";
+    case Subject::kNewFolder:
+      return "the folder above it does not exist";
+  }
+  return "no such file";
+}
 
 // The system's sentence as the second half of ours: one line, no full stop.
 std::string SystemText(DWORD code) {
@@ -54,7 +68,10 @@ std::string SystemText(DWORD code) {
 
 }  // namespace
 
-Status StatusOfError(const std::string& path, std::uint32_t code) {
+Status StatusOfError(const std::string& path, std::uint32_t code, Subject subject) {
+  if (IsMissing(code)) {
+    return Status::Error(Failure::kNotFound, path + ": " + MissingText(subject));
+  }
   for (const Reason& reason : kReasons) {
     if (reason.code == code) return Status::Error(reason.failure, path + ": " + reason.text);
   }

@@ -18,11 +18,11 @@ namespace {
 constexpr DWORD kNoFile = INVALID_FILE_ATTRIBUTES;
 
 Status InvalidName(const std::string& path) {
-  return Status::Error(Failure::kOther, path + ": not a valid file name");
+  return StatusOfError(path, ERROR_INVALID_NAME, Subject::kFile);
 }
 
-Status NoSuch(const std::string& path, const char* what) {
-  return Status::Error(Failure::kNotFound, path + ": no such " + what);
+Status NoSuch(const std::string& path, Subject subject) {
+  return StatusOfError(path, ERROR_FILE_NOT_FOUND, subject);
 }
 
 DWORD AttributesOf(const std::string& path) {
@@ -35,16 +35,18 @@ bool IsFolder(DWORD attributes) {
 }
 
 // Where the system refuses access because `path` is a folder, says so.
-Status FileError(const std::string& path, DWORD error) {
+Status FileError(const std::string& path, DWORD error, Subject subject) {
   if (error == ERROR_ACCESS_DENIED && IsFolder(AttributesOf(path))) {
-    return Status::Error(Failure::kOther, path + ": is a folder");
+    return Status::Error(Failure::kOther, path + ": is a folder, not a file");
   }
-  return StatusOfError(path, error);
+  return StatusOfError(path, error, subject);
 }
 
-Status FolderError(const std::string& path, DWORD error) {
-  Status status = StatusOfError(path, error);
-  return status.failure == Failure::kNotFound ? NoSuch(path, "folder") : status;
+// The source of a move exists; what else is wrong lies with the target, unless somebody holds the
+// source.
+Status MoveError(const std::string& from, const std::string& to, DWORD error) {
+  if (error == ERROR_SHARING_VIOLATION) return StatusOfError(from, error, Subject::kFile);
+  return StatusOfError(to, error, Subject::kNewFile);
 }
 
 // Nanoseconds since 1970. The count from 1601, where the system starts, would not fit.
@@ -151,31 +153,32 @@ bool Win32Files::FolderExists(const std::string& path) { return IsFolder(Attribu
 
 Result<std::string> Win32Files::Read(const std::string& path, std::uint64_t most_bytes) {
   const std::optional<std::wstring> wide = WidePath(path);
-  if (!wide) return NoSuch(path, "file");
+  if (!wide) return NoSuch(path, Subject::kFile);
   // Writers are kept out while it is read, and a file that is being written cannot be opened: a
   // half-copied photo must not pass for a whole one.
   const FileHandle file =
       FileHandle::Open(*wide, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);
-  if (!file.is_open()) return FileError(path, file.error());
+  if (!file.is_open()) return FileError(path, file.error(), Subject::kFile);
   LARGE_INTEGER size;
-  if (GetFileType(file.get()) != FILE_TYPE_DISK) return NoSuch(path, "file");
-  if (!GetFileSizeEx(file.get(), &size)) return FileError(path, GetLastError());
+  if (GetFileType(file.get()) != FILE_TYPE_DISK) return NoSuch(path, Subject::kFile);
+  if (!GetFileSizeEx(file.get(), &size)) return FileError(path, GetLastError(), Subject::kFile);
   const auto length = static_cast<std::uint64_t>(size.QuadPart);
-  if (length > most_bytes) return Status::Error(Failure::kTooLarge, path + ": too large");
+  if (length > most_bytes)
+    return Status::Error(Failure::kTooLarge, path + ": the file is too large");
   std::string bytes;
   try {
     if (length > bytes.max_size()) throw std::bad_alloc();
     bytes.resize(static_cast<std::size_t>(length));
   } catch (const std::bad_alloc&) {
-    return StatusOfError(path, ERROR_NOT_ENOUGH_MEMORY);
+    return StatusOfError(path, ERROR_NOT_ENOUGH_MEMORY, Subject::kFile);
   }
   const DWORD error = ReadInto(file.get(), bytes);
-  if (error != ERROR_SUCCESS) return FileError(path, error);
+  if (error != ERROR_SUCCESS) return FileError(path, error, Subject::kFile);
   return bytes;
 }
 
 Result<std::vector<FolderEntry>> Win32Files::List(const std::string& folder) {
-  if (!FolderExists(folder)) return NoSuch(folder, "folder");
+  if (!FolderExists(folder)) return NoSuch(folder, Subject::kFolder);
   const std::optional<std::wstring> pattern =
       WidePath(folder.ends_with('\\') ? folder + "*" : folder + "\\*");
   if (!pattern) return InvalidName(folder);
@@ -190,7 +193,7 @@ Result<std::vector<FolderEntry>> Win32Files::List(const std::string& folder) {
   if (search != INVALID_HANDLE_VALUE) FindClose(search);
   // The root of an empty drive has not even "." and "..".
   if (error != ERROR_NO_MORE_FILES && error != ERROR_FILE_NOT_FOUND) {
-    return FolderError(folder, error);
+    return StatusOfError(folder, error, Subject::kFolder);
   }
   return entries;
 }
@@ -199,7 +202,7 @@ Status Win32Files::CreateFolder(const std::string& folder) {
   const std::optional<std::wstring> wide = WidePath(folder);
   if (!wide) return InvalidName(folder);
   if (CreateDirectoryW(wide->c_str(), nullptr)) return Status::Ok();
-  return FolderError(folder, GetLastError());
+  return StatusOfError(folder, GetLastError(), Subject::kNewFolder);
 }
 
 Status Win32Files::Replace(const std::string& path, std::string_view bytes) {
@@ -208,11 +211,11 @@ Status Win32Files::Replace(const std::string& path, std::string_view bytes) {
   const std::optional<std::wstring> beside = WidePath(temporary);
   if (!target || !beside) return InvalidName(path);
   if (const DWORD error = WriteNewFile(*beside, bytes); error != ERROR_SUCCESS) {
-    return FileError(path, error);
+    return FileError(path, error, Subject::kNewFile);
   }
   const DWORD error = MoveFileTo(*beside, *target, MOVEFILE_REPLACE_EXISTING);
   if (error == ERROR_SUCCESS) return Status::Ok();
-  const Status status = FileError(path, error);
+  const Status status = FileError(path, error, Subject::kNewFile);
   DeleteFileW(beside->c_str());
   return status;
 }
@@ -222,13 +225,13 @@ Status Win32Files::Append(const std::string& path, std::string_view bytes) {
   if (!wide) return InvalidName(path);
   FileHandle file =
       FileHandle::Open(*wide, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS);
-  if (!file.is_open()) return FileError(path, file.error());
+  if (!file.is_open()) return FileError(path, file.error(), Subject::kNewFile);
   const DWORD error = AppendLocked(file, bytes);
   if (error == ERROR_SUCCESS) return Status::Ok();
   file.Close();
   // Another program that appends to the new file by now holds it open and so keeps it.
   if (!file.was_there()) DeleteFileW(wide->c_str());
-  return FileError(path, error);
+  return FileError(path, error, Subject::kNewFile);
 }
 
 std::string Win32Files::TemporaryBeside(const std::string& path) {
@@ -248,24 +251,22 @@ Status Win32Files::Publish(const std::string& temporary, const std::string& path
   const std::optional<std::wstring> to = WidePath(path);
   if (!from) return InvalidName(temporary);
   DWORD error = to ? FlushFile(*from) : ERROR_INVALID_NAME;
-  if (error == ERROR_FILE_NOT_FOUND) return NoSuch(temporary, "file");
+  if (error == ERROR_FILE_NOT_FOUND) return NoSuch(temporary, Subject::kFile);
   if (error == ERROR_SUCCESS) error = MoveFileTo(*from, *to, 0);
   if (error == ERROR_SUCCESS) return Status::Ok();
   DeleteFileW(from->c_str());
-  return StatusOfError(path, error);
+  return StatusOfError(path, error, Subject::kNewFile);
 }
 
 Status Win32Files::Move(const std::string& from, const std::string& to) {
   const std::optional<std::wstring> source = WidePath(from);
   const std::optional<std::wstring> target = WidePath(to);
-  if (!source) return NoSuch(from, "file");
+  if (!source || !FileExists(from)) return NoSuch(from, Subject::kFile);
   if (!target) return InvalidName(to);
-  if (!FileExists(from)) return NoSuch(from, "file");
   const DWORD error = MoveFileTo(*source, *target, 0);
   if (error == ERROR_SUCCESS) return Status::Ok();
   if (error == ERROR_NOT_SAME_DEVICE) return MoveByCopy(from, to);
-  const bool about_source = error == ERROR_SHARING_VIOLATION;
-  return StatusOfError(about_source ? from : to, error);
+  return MoveError(from, to, error);
 }
 
 Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
@@ -278,7 +279,7 @@ Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
                    COPY_FILE_FAIL_IF_EXISTS)) {
     const DWORD error = GetLastError();
     DeleteFileW(beside->c_str());
-    return StatusOfError(error == ERROR_SHARING_VIOLATION ? from : to, error);
+    return MoveError(from, to, error);
   }
   // A read-only file can be neither flushed nor deleted.
   const bool read_only = (AttributesOf(from) & FILE_ATTRIBUTE_READONLY) != 0;
@@ -290,7 +291,7 @@ Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
     // Nothing is moved then: the file must not be in both places.
     DeleteFileW(target.c_str());
     if (read_only) SetReadOnly(source, true);
-    return FileError(from, error);
+    return FileError(from, error, Subject::kFile);
   }
   if (read_only) SetReadOnly(target, true);
   return Status::Ok();
@@ -298,16 +299,16 @@ Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
 
 Status Win32Files::Delete(const std::string& path) {
   const std::optional<std::wstring> wide = WidePath(path);
-  if (!wide) return NoSuch(path, "file");
+  if (!wide) return NoSuch(path, Subject::kFile);
   const DWORD error = RetryWhileInUse([&] { return DeleteFileW(wide->c_str()); });
-  return error == ERROR_SUCCESS ? Status::Ok() : FileError(path, error);
+  return error == ERROR_SUCCESS ? Status::Ok() : FileError(path, error, Subject::kFile);
 }
 
 Status Win32Files::DeleteFolder(const std::string& path) {
   const std::optional<std::wstring> wide = WidePath(path);
-  if (!wide) return NoSuch(path, "folder");
+  if (!wide) return NoSuch(path, Subject::kFolder);
   if (RemoveDirectoryW(wide->c_str())) return Status::Ok();
-  return FolderError(path, GetLastError());
+  return StatusOfError(path, GetLastError(), Subject::kFolder);
 }
 
 std::string Win32Files::Absolute(const std::string& path) {

@@ -20,11 +20,11 @@ Result<Picture> Decode(std::string_view bytes, const std::string& path) {
   if (IsBmp(bytes)) return DecodeBmp(bytes, path);
   if (IsJpeg(bytes)) return DecodeJpegWithWic(bytes, path);
   if (IsGif(bytes)) return DecodeGifWithWic(bytes, path);
-  return Status::Error(Failure::kUnsupported, path + ": this is no BMP, GIF or JPEG picture");
+  return Status::Error(Failure::kUnsupported, path + ": not a BMP, GIF or JPEG picture");
 }
 
 Status NoMemory(const std::string& path) {
-  return Status::Error(Failure::kTooLarge, path + ": not enough memory for this picture");
+  return Status::Error(Failure::kTooLarge, path + ": not enough memory");
 }
 
 }  // namespace
@@ -39,12 +39,15 @@ Result<Picture> Win32PictureCodec::Load(const std::string& path) try {
 }
 
 Status Win32PictureCodec::SaveBitmap(const std::string& path, const PixelView& picture) {
+  if (picture.empty()) {
+    return Status::Error(Failure::kUnsupported, path + ": there is no picture to save");
+  }
   const std::optional<std::wstring> wide = WidePath(path);
-  if (!wide) return StatusOfError(path, ERROR_INVALID_NAME);
+  if (!wide) return StatusOfError(path, ERROR_INVALID_NAME, Subject::kNewFile);
   const std::string bytes = EncodeBmp24(picture);
   if (bytes.empty()) return NoMemory(path);
   const DWORD error = WriteNewFile(*wide, bytes);
-  return error == ERROR_SUCCESS ? Status::Ok() : StatusOfError(path, error);
+  return error == ERROR_SUCCESS ? Status::Ok() : StatusOfError(path, error, Subject::kNewFile);
 }
 
 }  // namespace tarnwell

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <knownfolders.h>
 #include <shlobj.h>
 #include <windows.h>
 
