@@ -80,17 +80,18 @@ HRESULT CopyConverted(IWICImagingFactory& factory, IWICBitmapSource& source,
   ComPtr<IWICFormatConverter> converter;
   HRESULT result = factory.CreateFormatConverter(&converter);
   if (FAILED(result)) return result;
-  result = converter->Initialize(&source, GUID_WICPixelFormat24bppBGR, WICBitmapDitherTypeNone,
+  result = converter->Initialize(&source, GUID_WICPixelFormat32bppBGR, WICBitmapDitherTypeNone,
                                  nullptr, 0, WICBitmapPaletteTypeCustom);
   if (FAILED(result)) return result;
-  return ForEachRow(*converter.Get(), pixels.width, pixels.height, 3, [&](int y, const BYTE* row) {
-    std::uint8_t* pixel = pixels.at(0, y);
-    for (int x = 0; x < pixels.width; ++x, row += 3, pixel += kBytesPerPixel) {
-      pixel[kBlue] = row[kBlue];
-      pixel[kGreen] = row[kGreen];
-      pixel[kRed] = row[kRed];
-    }
-  });
+  return ForEachRow(
+      *converter.Get(), pixels.width, pixels.height, kBytesPerPixel, [&](int y, const BYTE* row) {
+        std::uint8_t* pixel = pixels.at(0, y);
+        for (int x = 0; x < pixels.width; ++x, row += kBytesPerPixel, pixel += kBytesPerPixel) {
+          pixel[kBlue] = row[kBlue];
+          pixel[kGreen] = row[kGreen];
+          pixel[kRed] = row[kRed];
+        }
+      });
 }
 
 // The colours of `frame` by index; transparent behind the end of its palette.

@@ -1,0 +1,95 @@
+#include "imaging/jpeg_structure.h"
+
+#include <gtest/gtest.h>
+
+namespace tarnwell {
+namespace {
+
+using namespace std::string_literals;
+
+std::string Word(int value) {
+  return {static_cast<char>(value >> 8), static_cast<char>(value & 255)};
+}
+
+struct Header {
+  int marker = 0xC0;
+  int bits = 8;
+  int width = 16;
+  int height = 24;
+  std::string factors = "\1\x11\0"s;  // three bytes a component
+};
+
+std::string FrameSegment(const Header& header) {
+  return "\xFF"s + static_cast<char>(header.marker) +
+         Word(8 + static_cast<int>(header.factors.size())) + static_cast<char>(header.bits) +
+         Word(header.height) + Word(header.width) + static_cast<char>(header.factors.size() / 3) +
+         header.factors;
+}
+
+const std::string kStart = "\xFF\xD8\xFF\xE1\0\6\xFF\xD9??"s;  // an end marker inside a segment
+const std::string kScan = "\xFF\xDA\0\x08\1\1\0\0?\0ab\xFF\0c\xFF\xD0zz\xFF\xFF\0d"s;
+const std::string kEnd = "\xFF\xD9"s;
+
+std::string FileOf(const Header& header) { return kStart + FrameSegment(header) + kScan + kEnd; }
+
+TEST(JpegStructureTest, AcceptsWholeFilesWhateverFollowsThem) {
+  for (const std::string& tail : {""s, "x"s, "\xFF\xD8\xFF\xE0"s, std::string(1000, '\xFF')}) {
+    const auto size = CheckJpeg(FileOf({}) + tail, "a.jpg");
+    ASSERT_TRUE(size.ok()) << size.status.message;
+    EXPECT_EQ(size->width, 16);
+    EXPECT_EQ(size->height, 24);
+  }
+}
+
+TEST(JpegStructureTest, EveryPrefixBreaksOff) {
+  const std::string whole = FileOf({});
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    const auto size = CheckJpeg(whole.substr(0, length), "a.jpg");
+    EXPECT_EQ(size.status.failure, Failure::kDamaged) << length;
+    EXPECT_EQ(size.status.message, "a.jpg: the file breaks off") << length;
+  }
+}
+
+TEST(JpegStructureTest, ChecksTheFrameHeader) {
+  const std::string three = "\1\x22\0\2\x11\1\3\x11\1"s;
+  const struct {
+    const char* name;
+    Header header;
+    Failure failure;
+  } kCases[] = {
+      {"progressive", {.marker = 0xC2, .factors = three}, Failure::kNone},
+      {"four components", {.factors = three + "\4\x22\0"s}, Failure::kNone},
+      {"longest side", {.width = 32767, .height = 1}, Failure::kDamaged},
+      {"too wide", {.width = 32768, .height = 1}, Failure::kTooLarge},
+      {"too high", {.width = 1, .height = 32768}, Failure::kTooLarge},
+      {"no width", {.width = 0}, Failure::kDamaged},
+      {"no height", {.height = 0}, Failure::kDamaged},
+      {"lossless", {.marker = 0xC3}, Failure::kUnsupported},
+      {"arithmetic", {.marker = 0xC9}, Failure::kUnsupported},
+      {"12 bits", {.bits = 12}, Failure::kUnsupported},
+      {"two components", {.factors = three.substr(0, 6)}, Failure::kUnsupported},
+      {"no components", {.factors = ""}, Failure::kDamaged},
+      {"factor 0", {.factors = "\1\x01\0"s}, Failure::kDamaged},
+      {"factor 5", {.factors = "\1\x51\0"s}, Failure::kDamaged},
+      {"more blocks than bits", {.width = 1600, .height = 1600}, Failure::kDamaged},
+  };
+  for (const auto& c : kCases) {
+    const auto size = CheckJpeg(FileOf(c.header), "a.jpg");
+    EXPECT_EQ(size.status.failure, c.failure) << c.name << ": " << size.status.message;
+  }
+}
+
+TEST(JpegStructureTest, EveryScanCountsAgainstThePicture) {
+  const Header big{.marker = 0xC2, .width = 4000, .height = 4000};
+  const std::string blocks(4000 * 4000 / 64 / 8, 'x');
+  const auto file_of = [&](int scans) {
+    std::string bytes = kStart + FrameSegment(big) + blocks;
+    for (int i = 0; i < scans; ++i) bytes += kScan;
+    return bytes + kEnd;
+  };
+  EXPECT_TRUE(CheckJpeg(file_of(200), "a.jpg").ok());
+  EXPECT_EQ(CheckJpeg(file_of(300), "a.jpg").status.failure, Failure::kTooLarge);
+}
+
+}  // namespace
+}  // namespace tarnwell
