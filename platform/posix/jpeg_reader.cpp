@@ -66,10 +66,11 @@ void ClearUnused(MutablePixelView picture) {
 
 }  // namespace
 
-Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name) {
+Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name,
+                           double most_scanned_pixels) {
   const std::unique_ptr<JpegDecoder, Closer> decoder(new JpegDecoder{});
   if (!ReadJpegHeader(decoder.get(), reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                      bytes.size())) {
+                      bytes.size(), most_scanned_pixels)) {
     return ProblemStatus(decoder->errors, name);
   }
   const jpeg_decompress_struct& info = decoder->info;

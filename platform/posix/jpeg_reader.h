@@ -8,10 +8,17 @@
 
 namespace tarnwell {
 
+// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
+// bytes of the file. Photos have about ten scans; this allows 20 at 200 megapixels, and more for
+// smaller ones.
+inline constexpr double kMostScannedPixels = 4e9;
+
 // Decodes a baseline or progressive JPEG file of grey, YCbCr, RGB, CMYK or YCCK. `name` is the
 // file's name for the message of a failure ("NAME: reason"). Bytes after the end marker and odd
 // headers are let pass; missing or corrupt data is kDamaged. kTooLarge also stands for a
-// progressive file with so many scans that decoding it would take minutes.
-Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name);
+// file with so many scans that decoding it would take minutes (scans times pixels above
+// `most_scanned_pixels`).
+Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name,
+                           double most_scanned_pixels = kMostScannedPixels);
 
 }  // namespace tarnwell

@@ -9,10 +9,7 @@ namespace {
 // is enough for 250 megapixels.
 constexpr long kMostCoefficientBytes = 2'000'000'000;
 
-// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
-// bytes. Photos have about ten scans; this allows 20 at 200 megapixels, and more for smaller ones.
-// The constant per scan stands for setting up its tables.
-constexpr double kMostScannedPixels = 4e9;
+// Setting up the tables of a scan costs as much as going over some pixels.
 constexpr double kPixelsPerScanSetup = 4096;
 
 JpegProblem ProblemOfError(int code) {
@@ -65,8 +62,9 @@ void OnMessage(j_common_ptr info, int level) {
 
 void OnProgress(j_common_ptr common) {
   const auto* info = reinterpret_cast<j_decompress_ptr>(common);
+  const auto* decoder = static_cast<const JpegDecoder*>(common->client_data);
   const double pixels = static_cast<double>(info->image_width) * info->image_height;
-  if (info->input_scan_number * (pixels + kPixelsPerScanSetup) > kMostScannedPixels) {
+  if (info->input_scan_number * (pixels + kPixelsPerScanSetup) > decoder->most_scanned_pixels) {
     Escape(common, JpegProblem::kTooLarge);
   }
 }
@@ -102,13 +100,16 @@ void Encode(jpeg_compress_struct* info, const JpegRows* rows, int quality, bool 
 
 }  // namespace
 
-bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size) {
+bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size,
+                    double most_scanned_pixels) {
   jpeg_decompress_struct* info = &decoder->info;
   *info = {};
   SetUp(&decoder->errors);
   info->err = &decoder->errors.manager;
   if (setjmp(decoder->errors.escape) != 0) return false;
   jpeg_create_decompress(info);
+  info->client_data = decoder;
+  decoder->most_scanned_pixels = most_scanned_pixels;
   info->mem->max_memory_to_use = kMostCoefficientBytes;
   decoder->progress = {};
   decoder->progress.progress_monitor = OnProgress;

@@ -9,8 +9,7 @@
 #include <csetjmp>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-// libjpeg's header needs <cstdio> before it.
+#include <cstdio>  // libjpeg's header needs it before
 #include <jpeglib.h>
 
 namespace tarnwell {
@@ -35,11 +34,14 @@ struct JpegDecoder {
   jpeg_decompress_struct info;
   JpegErrors errors;
   jpeg_progress_mgr progress;
+  double most_scanned_pixels;
 };
 
-// Reads up to the first scan. `bytes` must outlive the decoder. CloseJpeg is due afterwards in any
-// case. False on failure, as in the functions that follow; errors.problem then tells why.
-bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size);
+// Reads up to the first scan. `bytes` must outlive the decoder. `most_scanned_pixels` bounds the
+// work: the scans of a picture times its pixels. CloseJpeg is due afterwards in any case. False on
+// failure, as in the functions that follow; errors.problem then tells why.
+bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size,
+                    double most_scanned_pixels);
 
 // Decodes into rows of 4 bytes per pixel: blue, green, red and a byte of any value, or cyan,
 // magenta, yellow and black for a picture of four inks. Reads on to the end marker.

@@ -1,0 +1,222 @@
+#include "platform/posix/posix_files.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/posix/posix_error.h"
+#include "platform/posix/posix_picture_codec.h"
+#include "platform/system.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarnwell {
+namespace {
+
+using Names = std::vector<std::string>;
+
+// A file name that holds a backslash, made past the program's own spelling.
+void WriteWithBackslash(const TempFolder& folder, const char* name) {
+  const std::string path = folder.SystemPath().string() + "/" + name;
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT, 0666);
+  ASSERT_GE(file, 0);
+  ASSERT_EQ(write(file, "secret", 6), 6);
+  close(file);
+}
+
+TEST(PosixFilesTest, NamesWithABackslashAreRefusedWithTheNameAsTheUserKnowsIt) {
+  TempFolder folder;
+  const auto system_files = MakeSystemFiles();
+  Files& files = *system_files;
+  WriteWithBackslash(folder, "a\\b.jpg");
+  folder.Write("a\\b.jpg", "the file b.jpg in the folder a");
+  const std::string word = folder.SystemPath().string() + "/a\\b.jpg";
+
+  const std::string path = files.Absolute(word);
+  EXPECT_EQ(files.Display(path), word);
+  EXPECT_FALSE(files.FileExists(path));
+  for (const Status& status :
+       {files.Read(path).status, files.Replace(path, "x"), files.Append(path, "x"),
+        files.Delete(path), files.Move(path, folder.File("c")), files.Publish(path, path),
+        files.CreateFolder(path), PosixPictureCodec().Load(path).status}) {
+    EXPECT_EQ(status.failure, Failure::kUnsupported);
+    EXPECT_EQ(status.message,
+              word + ": names that contain a backslash cannot be used; rename it first");
+  }
+  EXPECT_EQ(folder.Read("a\\b.jpg"), "the file b.jpg in the folder a") << "the wrong file";
+  const auto entries = files.List(folder.path());
+  ASSERT_EQ(entries->size(), 1u) << "only the folder is listed";
+  EXPECT_EQ(entries->front().name, "a");
+}
+
+TEST(PosixFilesTest, AbsoluteLeavesIdlePartsOut) {
+  const auto system_files = MakeSystemFiles();
+  Files& files = *system_files;
+  const std::string here = files.Absolute("a.jpg");
+  EXPECT_EQ(files.Absolute("./a.jpg"), here);
+  EXPECT_EQ(files.Absolute(".//./a.jpg"), here);
+  EXPECT_EQ(files.Absolute("/home/me/a.jpg"), "\\home\\me\\a.jpg");
+  EXPECT_EQ(files.Absolute("."), here.substr(0, here.size() - 6));
+  EXPECT_EQ(files.Absolute(""), "");
+}
+
+TEST(PosixFilesTest, PipesAreNeitherFilesNorWaitedFor) {
+  TempFolder folder;
+  const auto system_files = MakeSystemFiles();
+  Files& files = *system_files;
+  const std::string pipe = folder.File("pipe.jpg");
+  ASSERT_EQ(mkfifo(folder.SystemPath("pipe.jpg").c_str(), 0666), 0);
+  EXPECT_FALSE(files.FileExists(pipe));
+  EXPECT_FALSE(files.Read(pipe).ok());
+  EXPECT_FALSE(files.Append(pipe, "x").ok());
+  EXPECT_FALSE(files.Replace(pipe, "x").ok());
+  EXPECT_FALSE(PosixPictureCodec().Load(pipe).ok());
+  EXPECT_EQ(files.Read("\\dev\\zero").status.message, "/dev/zero: is not a file");
+  EXPECT_TRUE(files.List(folder.path())->empty());
+  EXPECT_TRUE(folder.Holds("pipe.jpg"));
+}
+
+TEST(PosixFilesTest, LinksAreWrittenThroughAndRightsKept) {
+  TempFolder folder;
+  const auto system_files = MakeSystemFiles();
+  Files& files = *system_files;
+  folder.Write("kept\\real.ini", "old");
+  ASSERT_EQ(chmod(folder.SystemPath("kept\\real.ini").c_str(), 0640), 0);
+  std::filesystem::create_symlink("kept/real.ini", folder.SystemPath("link.ini"));
+  ASSERT_TRUE(files.Replace(folder.File("link.ini"), "new").ok());
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.SystemPath("link.ini")));
+  EXPECT_EQ(folder.Read("kept\\real.ini"), "new");
+  struct stat found;
+  ASSERT_EQ(stat(folder.SystemPath("kept\\real.ini").c_str(), &found), 0);
+  EXPECT_EQ(found.st_mode & 0777, 0640u);
+  EXPECT_EQ(folder.Names("kept"), Names{"real.ini"});
+}
+
+TEST(PosixFilesTest, ALinkThatLeadsNowhereStillTakesItsName) {
+  TempFolder folder;
+  const auto system_files = MakeSystemFiles();
+  Files& files = *system_files;
+  std::filesystem::create_symlink("nowhere", folder.SystemPath("photoA.jpg"));
+  const std::string temporary = folder.Write("new.tmp", "new");
+  EXPECT_EQ(files.Publish(temporary, folder.File("photoA.jpg")).failure, Failure::kExists);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.SystemPath("photoA.jpg")));
+}
+
+// While it lives, no file may grow past `most_bytes`: a disk that fills up in the middle of a
+// write.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t most_bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{most_bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_;
+  void (*signal_)(int);
+};
+
+TEST(PosixFilesTest, AWriteThatFailsHalfwayLeavesTheOldContent) {
+  TempFolder folder;
+  const auto system_files = MakeSystemFiles();
+  Files& files = *system_files;
+  const std::string path = folder.Write("a.tsd", std::string(3000, 'o'));
+  const std::string much(5000, 'n');
+  const PixelArray pixels(40, 40);
+  Status appended, replaced, saved;
+  {
+    FullDisk full(4096);
+    appended = files.Append(path, much);
+    replaced = files.Replace(path, much);
+    saved = PosixPictureCodec().SaveBitmap(folder.File("a.bmp"), pixels.view());
+  }
+  for (const Status& status : {appended, replaced}) {
+    EXPECT_FALSE(status.ok());
+    EXPECT_TRUE(status.message.starts_with(files.Display(path) + ": ")) << status.message;
+  }
+  EXPECT_FALSE(saved.ok());
+  EXPECT_EQ(folder.Read("a.tsd"), std::string(3000, 'o'));
+  EXPECT_EQ(folder.Names(), Names{"a.tsd"});
+}
+
+// Linux mounts a second volume there; without it there is nothing to test.
+class OtherVolume {
+ public:
+  OtherVolume() {
+    char name[] = "/dev/shm/tarnwell-test-XXXXXX";
+    const char* made = mkdtemp(name);
+    if (made != nullptr) folder_ = made;
+  }
+  ~OtherVolume() {
+    std::error_code ignored;
+    if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);
+  }
+  bool DiffersFrom(const TempFolder& folder) const {
+    struct stat here, there;
+    return !folder_.empty() && stat(folder_.c_str(), &here) == 0 &&
+           stat(folder.SystemPath().c_str(), &there) == 0 && here.st_dev != there.st_dev;
+  }
+  std::string File(const std::string& name) const {
+    return PosixFiles().Absolute(folder_ + "/" + name);
+  }
+
+ private:
+  std::string folder_;
+};
+
+TEST(PosixFilesTest, MovesToAnotherVolumeByCopying) {
+  TempFolder folder;
+  OtherVolume other;
+  if (!other.DiffersFrom(folder)) GTEST_SKIP() << "there is no second volume";
+  const auto system_files = MakeSystemFiles();
+  Files& files = *system_files;
+  const std::string bytes(3'000'000, 'p');
+  const std::string from = folder.Write("a.jpg", bytes);
+  const auto modified = files.List(folder.path())->front().modified_nanos;
+
+  ASSERT_TRUE(files.Move(from, other.File("a.jpg")).ok());
+  EXPECT_EQ(folder.Names(), Names{});
+  EXPECT_EQ(*files.Read(other.File("a.jpg")), bytes);
+  const auto moved = files.List(other.File(""));
+  ASSERT_EQ(moved->size(), 1u) << "a temporary file was left";
+  EXPECT_EQ(moved->front().modified_nanos, modified);
+
+  folder.Write("a.jpg", "another");
+  EXPECT_EQ(files.Move(from, other.File("a.jpg")).failure, Failure::kExists);
+  EXPECT_EQ(folder.Read("a.jpg"), "another");
+  EXPECT_EQ(files.List(other.File(""))->size(), 1u);
+}
+
+TEST(PosixErrorTest, ReasonsAreInPlainWords) {
+  const struct {
+    int error;
+    Subject subject;
+    Failure failure;
+    const char* message;
+  } kCases[] = {
+      {ENOENT, Subject::kFile, Failure::kNotFound, "/a/b: no such file"},
+      {ENOENT, Subject::kFolder, Failure::kNotFound, "/a/b: no such folder"},
+      {ENOENT, Subject::kNewFile, Failure::kNotFound, "/a/b: its folder does not exist"},
+      {EACCES, Subject::kFile, Failure::kNoAccess, "/a/b: no permission"},
+      {ENOSPC, Subject::kNewFile, Failure::kDiskFull, "/a/b: disk full"},
+      {EEXIST, Subject::kNewFile, Failure::kExists, "/a/b: something of that name exists already"},
+  };
+  for (const auto& c : kCases) {
+    const Status status = SystemError(c.error, "\\a\\b", c.subject);
+    EXPECT_EQ(status.failure, c.failure) << c.message;
+    EXPECT_EQ(status.message, c.message);
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell
