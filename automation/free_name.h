@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace tarnwell {
+
+class Files;
+
+// `path` itself when nothing has that name; otherwise with "~" and the lowest number from 1 on that
+// makes it free: the part before the LAST dot of the whole path, "~", the number, then everything
+// from the FIRST dot of the whole path on. So x.y.jpg becomes x.y~1.y.jpg. `path` is absolute.
+std::string FreeName(const std::string& path, Files& files);
+
+// The name that FreeName tries for `number`; 0 is `path` itself.
+std::string NumberedName(const std::string& path, int number);
+
+}  // namespace tarnwell

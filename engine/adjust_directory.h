@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/status.h"
+
+namespace tarnwell {
+
+struct Form1;
+
+// The sub-folder that corrected photos of a folder go to; spelled with a lower-case "out" on
+// purpose.
+inline constexpr char kOutputSubfolder[] = "TWout\\";
+
+// What became of a folder's photos.
+struct DirectoryOutcome {
+  int total = 0;                      // photos in the folder
+  int corrected = 0;                  // saved in the output folder
+  std::vector<std::string> failures;  // one line for each photo that was not, naming it and why
+  bool cancelled = false;             // the rest was not begun
+};
+
+// Told before each photo: its number from 1, how many there are, its name.
+using PhotoBegins = std::function<void(int number, int total, const std::string& name)>;
+
+// Corrects every photo in the folder of form.app.current_file at full size with the settings in
+// force and saves each as a JPEG file in the folder's "TWout\", never replacing one. No question
+// comes up, nothing is learnt, and a photo that fails is skipped. Afterwards the photo that was
+// open is shown again, as it was. Fails when the folder cannot be listed or the output folder not
+// be made.
+Result<DirectoryOutcome> AdjustDirectory(Form1& form, const PhotoBegins& photo_begins);
+
+}  // namespace tarnwell
