@@ -5,7 +5,7 @@
 #include <windows.h>
 
 #include "platform/win32/utf16.h"
-#include "platform/win32/wic_jpeg_library.h"
+#include "platform/win32/win32_jpeg_library.h"
 
 namespace tarnwell {
 namespace {
@@ -71,7 +71,7 @@ std::unique_ptr<JpegLibrary> ChooseJpegLibrary(const std::wstring& file) {
   constexpr bool kLayoutFits = sizeof(void*) == 4;
   std::unique_ptr<JpegLibrary> library;
   if (kLayoutFits) library = BindExternalJpegLibrary(file);
-  if (!library) library = std::make_unique<WicJpegLibrary>();
+  if (!library) library = std::make_unique<Win32JpegLibrary>();
   return library;
 }
 

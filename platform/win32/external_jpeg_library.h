@@ -16,8 +16,8 @@ inline constexpr const wchar_t* kExternalJpegLibrary = L"ijl10.dll";
 std::unique_ptr<JpegLibrary> BindExternalJpegLibrary(const std::wstring& file);
 
 // The library that the program writes JPEG files with: the external one where the record has the
-// layout that it knows (in a 32-bit program) and `file` can be bound, otherwise the system's
-// imaging components.
+// layout that it knows (in a 32-bit program) and `file` can be bound, otherwise the program's
+// own encoder.
 std::unique_ptr<JpegLibrary> ChooseJpegLibrary(const std::wstring& file);
 
 }  // namespace tarnwell

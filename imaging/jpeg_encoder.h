@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace tarnwell {
+
+// Rows of blue, green, red bytes; `step` leads from a row to the one below and may be negative.
+struct BgrRows {
+  const std::uint8_t* top = nullptr;
+  std::ptrdiff_t step = 0;
+  int width = 0;  // 1 to kMaxSide, like the height
+  int height = 0;
+};
+
+// The content of a baseline JPEG file of the picture, YCbCr, at `quality` 0 to 100, the chrominance
+// at half the resolution both ways where `half_chrominance`. Every platform gives the same bytes.
+// Throws std::bad_alloc when memory does not suffice.
+std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance);
+
+}  // namespace tarnwell

@@ -1,0 +1,101 @@
+#include "imaging/jpeg_encoder.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <random>
+#include <vector>
+
+#include "imaging/jpeg_structure.h"
+#include "platform/picture_codec.h"
+#include "platform/system.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarnwell {
+namespace {
+
+struct Bgr {
+  int width, height;
+  std::vector<std::uint8_t> bytes;
+
+  Bgr(int w, int h) : width(w), height(h), bytes(static_cast<std::size_t>(w) * h * 3) {}
+  BgrRows rows() const { return {bytes.data(), std::ptrdiff_t{3} * width, width, height}; }
+};
+
+Bgr Noise(int width, int height) {
+  Bgr picture(width, height);
+  std::mt19937 random(7);
+  for (std::uint8_t& byte : picture.bytes) byte = static_cast<std::uint8_t>(random());
+  return picture;
+}
+
+// Slopes in all channels, that even halved chrominance carries.
+Bgr Slopes(int width, int height) {
+  Bgr picture(width, height);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      std::uint8_t* pixel = &picture.bytes[static_cast<std::size_t>(y * width + x) * 3];
+      pixel[0] = static_cast<std::uint8_t>(20 + x * 3);
+      pixel[1] = static_cast<std::uint8_t>(200 - y * 3);
+      pixel[2] = static_cast<std::uint8_t>(60 + x + y);
+    }
+  }
+  return picture;
+}
+
+// The largest difference of a channel after the system's reader has decoded what was encoded.
+int WorstError(const Bgr& picture, int quality, bool half_chrominance) {
+  const TempFolder folder;
+  const std::string path =
+      folder.Write("a.jpg", EncodeJpeg(picture.rows(), quality, half_chrominance));
+  const Result<Picture> loaded = MakeSystemPictureCodec()->Load(path);
+  EXPECT_TRUE(loaded.ok()) << loaded.status.message;
+  if (!loaded.ok()) return 256;
+  const PixelView view = (*loaded)->view();
+  EXPECT_EQ(view.width, picture.width);
+  EXPECT_EQ(view.height, picture.height);
+  int worst = 0;
+  for (std::size_t i = 0; i < picture.bytes.size(); ++i) {
+    const int decoded = view.data[i / 3 * 4 + i % 3];
+    worst = std::max(worst, std::abs(decoded - picture.bytes[i]));
+  }
+  return worst;
+}
+
+TEST(JpegEncoderTest, EveryOddSizeComesBack) {
+  for (int side : {1, 2, 7, 8, 9, 15, 16, 17, 33}) {
+    for (bool half : {false, true}) {
+      EXPECT_LE(WorstError(Slopes(side, 5), 100, half), 10) << side << " wide, half " << half;
+      EXPECT_LE(WorstError(Slopes(5, side), 100, half), 10) << side << " high, half " << half;
+    }
+  }
+}
+
+// Noise takes the longest codes; a wrong entry in a table would throw the rest of the file over.
+TEST(JpegEncoderTest, NoiseAtFullQualityKeepsEveryPixel) {
+  EXPECT_LE(WorstError(Noise(64, 64), 100, false), 4);
+}
+
+TEST(JpegEncoderTest, LowerQualityStillDecodes) {
+  for (int quality : {0, 1, 25, 49, 50, 75}) {
+    for (bool half : {false, true}) {
+      EXPECT_TRUE(CheckJpeg(EncodeJpeg(Noise(40, 40).rows(), quality, half), "a").ok());
+      EXPECT_LE(WorstError(Noise(40, 40), quality, half), 255) << quality;
+    }
+  }
+  EXPECT_LE(WorstError(Slopes(40, 40), 75, true), 16);
+}
+
+TEST(JpegEncoderTest, RowsMayRunUpwardsAndLieApart) {
+  const Bgr picture = Slopes(5, 9);
+  Bgr flipped(6, 9);  // rows of 18 bytes, of which 15 are used
+  for (int y = 0; y < 9; ++y) {
+    std::copy_n(&picture.bytes[static_cast<std::size_t>(y) * 15], 15,
+                &flipped.bytes[static_cast<std::size_t>(8 - y) * 18]);
+  }
+  const BgrRows upwards{&flipped.bytes[8 * 18], -18, 5, 9};
+  EXPECT_EQ(EncodeJpeg(upwards, 80, true), EncodeJpeg(picture.rows(), 80, true));
+}
+
+}  // namespace
+}  // namespace tarnwell
