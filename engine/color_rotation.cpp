@@ -29,7 +29,9 @@ void RotateHue(std::uint8_t* pixel, int degrees) {
   if (spread == 0) return;
 
   const int circle = 360 * spread;
-  const int hue = (ScaledHue(red, green, blue, max, spread) + degrees * spread + circle) % circle;
+  // A preset's text may ask for more than a turn; the remainder of a negative number is negative.
+  const int turn = degrees % 360 * spread;
+  const int hue = (ScaledHue(red, green, blue, max, spread) + turn + circle) % circle;
   const int sixth = hue / (60 * spread);
   const int into_sixth = hue % (60 * spread);
 

@@ -28,6 +28,10 @@ TEST(ColorRotationTest, ByHand) {
       {{255, 0, 0}, 180, {0, 255, 255}},
       {{255, 0, 0}, -180, {0, 255, 255}},
       {{40, 40, 40}, 77, {40, 40, 40}},
+      // A preset's text is taken as it is: whole turns on top change nothing.
+      {{255, 0, 0}, -480, {0, 0, 255}},
+      {{255, 0, 0}, 32760 + 120, {0, 255, 0}},
+      {{255, 0, 0}, -32760 - 120, {0, 0, 255}},
       // A spread of 30: one degree is half a level. 10 + 0.5 and 11 + 0.5 go to the even side.
       {{40, 10, 10}, 1, {40, 10, 10}},
       {{41, 11, 11}, 1, {41, 12, 11}},
