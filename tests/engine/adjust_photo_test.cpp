@@ -1,0 +1,327 @@
+#include "engine/adjust_photo.h"
+
+#include <gtest/gtest.h>
+#include <map>
+
+#include "tests/support/pictures.h"
+#include "tests/support/test_window.h"
+
+namespace tarnwell {
+namespace {
+
+void SetModules(TestWindow& window, std::initializer_list<int> open) {
+  window.modules.open = {};
+  for (const int module : open) window.modules.open[module] = 1;
+}
+
+PixelArray Result(const TestWindow& window) { return *window.form.buffer.surfaces.picSource.image; }
+
+// --- Cancel -------------------------------------------------------------------------------------
+
+bool operator==(const PictureSurface& a, const PictureSurface& b) {
+  return a.image == b.image && a.picture == b.picture && a.visible == b.visible &&
+         a.left == b.left && a.top == b.top && a.width == b.width && a.height == b.height;
+}
+
+void ExpectUntouched(const PhotoSurfaces& before, const PhotoSurfaces& after) {
+  EXPECT_TRUE(before.picOriginal == after.picOriginal);
+  EXPECT_TRUE(before.picSource == after.picSource);
+  EXPECT_TRUE(before.picThumb == after.picThumb);
+  EXPECT_TRUE(before.picTContainer == after.picTContainer);
+  EXPECT_TRUE(before.picGraphic == after.picGraphic);
+  EXPECT_TRUE(before.picReturn == after.picReturn);
+}
+
+TEST(AdjustPhotoTest, CancelledRunLeavesNothingBehind) {
+  constexpr int kWidth = 40;
+  for (const bool preview : {false, true}) {
+    for (const int threads : {1, 3}) {
+      // Events are let in once at the start, then after every column of the three passes: analysis,
+      // adjustment, colour rotation.
+      for (int pass = 0; pass < 3; ++pass) {
+        for (const int column : {1, kWidth / 2, kWidth}) {
+          SCOPED_TRACE(testing::Message() << (preview ? "preview, " : "full, ") << threads
+                                          << " threads, pass " << pass << ", column " << column);
+          TestWindow window;
+          window.form.threads = threads;
+          SetModules(window, {kSmartPhotoCorrection, kNoiseReduction, kRotation, kColorRotation});
+          window.modules.sliders[12].text = "77";
+          window.Show(NoisyPicture(kWidth, 30, 1));
+          ASSERT_TRUE(AnalyzeOpenedPhoto(window.form).ok());
+          window.app.learning_record = "of the last run";
+          const PhotoSurfaces before = window.surfaces();
+
+          const int cancel_at = window.events.runs + 1 + pass * kWidth + column;
+          window.events.on_run = [&](int run) {
+            if (run == cancel_at)
+              CancelClicked(window.progress, window.app.cancel_requested, window.events);
+          };
+          EXPECT_EQ(AdjustPhoto(window.form, preview).failure, Failure::kCancelled);
+          ExpectUntouched(before, window.surfaces());
+          EXPECT_FALSE(window.app.photo_changed);
+          EXPECT_EQ(window.app.learning_record, "of the last run");
+
+          window.events.on_run = nullptr;
+          ASSERT_TRUE(AdjustPhoto(window.form, preview).ok());
+          EXPECT_TRUE(window.app.photo_changed);
+          EXPECT_NE(window.app.learning_record, "of the last run");
+          TestWindow undisturbed;
+          undisturbed.modules.open = window.modules.open;
+          undisturbed.modules.sliders[12].text = "77";
+          undisturbed.Show(NoisyPicture(kWidth, 30, 1));
+          ASSERT_TRUE(AdjustPhoto(undisturbed.form, preview).ok());
+          EXPECT_EQ(Result(window), Result(undisturbed));
+        }
+      }
+    }
+  }
+}
+
+TEST(AdjustPhotoTest, CancelKeepsAnEarlierCorrection) {
+  TestWindow window;
+  window.Show(NoisyPicture(12, 9, 1));
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  const PixelArray corrected = Result(window);
+  const std::string record = window.app.learning_record;
+  window.events.on_run = [&](int) { window.app.cancel_requested = true; };
+  EXPECT_EQ(AdjustPhoto(window.form, true).failure, Failure::kCancelled);
+  EXPECT_EQ(Result(window), corrected);
+  EXPECT_TRUE(window.app.photo_changed);
+  EXPECT_EQ(window.app.learning_record, record);
+}
+
+// --- Progress -----------------------------------------------------------------------------------
+
+// Writes down what the progress window is told, as lines.
+class RecordingView : public ProgressView {
+ public:
+  std::vector<std::string> lines;
+  std::map<std::string, std::vector<float>> bars;  // by the text that was shown
+
+  void ShowWindow() override { lines.push_back("show"); }
+  void HideWindow() override { lines.push_back("hide"); }
+  void ShowText(const std::string& lblJob) override {
+    lines.push_back(lblJob);
+    text_ = lblJob;
+  }
+  void DrawBar(float percentage) override { bars[text_].push_back(percentage); }
+
+ private:
+  std::string text_;
+};
+
+// The percentages that were drawn above 0 during `stage`, each pass starting at 0.
+std::vector<float> Drawn(const RecordingView& view, const std::string& stage) {
+  std::vector<float> drawn;
+  if (!view.bars.contains(stage)) return drawn;
+  for (const float percentage : view.bars.at(stage)) {
+    if (percentage > 0) drawn.push_back(percentage);
+  }
+  return drawn;
+}
+
+std::vector<float> Steps(float first, float last, float step) {
+  std::vector<float> steps;
+  for (float percentage = first; percentage <= last; percentage += step) {
+    steps.push_back(percentage);
+  }
+  return steps;
+}
+
+TEST(AdjustPhotoTest, ProgressGoesThroughTheStages) {
+  TestWindow window;
+  RecordingView view;
+  window.progress.view = &view;
+  SetModules(window, {kSmartPhotoCorrection, kColorRotation});
+  window.modules.sliders[12].text = "10";
+  window.Show(NoisyPicture(7, 5, 1));
+  ASSERT_TRUE(AdjustPhoto(window.form, true).ok());
+  // The window may come up before or after its first text.
+  std::vector<std::string> texts = view.lines;
+  std::erase(texts, "show");
+  EXPECT_EQ(texts, (std::vector<std::string>{"Analyzing...", "Adjusting Photo...",
+                                             "Rotating Hue...", "hide"}));
+  // 200 / 7 x column, rounded half to even, halved.
+  const std::vector<float> sevenths = {14.5f, 28.5f, 43, 57, 71.5f, 85.5f, 100};
+  EXPECT_EQ(Drawn(view, "Adjusting Photo..."), sevenths);
+}
+
+TEST(AdjustPhotoTest, ProgressAdvancesByAMinimumStep) {
+  struct Case {
+    bool preview;
+    bool analyze_full;
+    std::vector<float> analysis;
+    std::vector<float> adjustment;
+  };
+  // A thumbnail of 320 columns reaches every half percent. Of the full photo's 640, the analysis
+  // shows every tenth percent and the adjustment every whole one.
+  const std::vector<float> halves = Steps(0.5f, 100, 0.5f);
+  const std::vector<float> wholes = Steps(1, 100, 1);
+  const std::vector<float> tens = Steps(10, 100, 10);
+  for (const Case& c : {Case{true, false, halves, halves}, Case{false, false, halves, wholes},
+                        Case{true, true, tens, halves}, Case{false, true, tens, wholes}}) {
+    SCOPED_TRACE(testing::Message() << "preview " << c.preview << ", full " << c.analyze_full);
+    TestWindow window;
+    RecordingView view;
+    window.progress.view = &view;
+    window.app.analyze_full_source = c.analyze_full;
+    window.Show(NoisyPicture(640, 2, 1));
+    ASSERT_TRUE(AdjustPhoto(window.form, c.preview).ok());
+    EXPECT_EQ(Drawn(view, "Analyzing..."), c.analysis);
+    std::vector<float> adjustment = Drawn(view, "Adjusting Photo...");
+    // The end of the run shows 100 once more.
+    EXPECT_EQ(adjustment.back(), 100);
+    adjustment.pop_back();
+    EXPECT_EQ(adjustment, c.adjustment);
+  }
+}
+
+// --- Previews and full runs ---------------------------------------------------------------------
+
+TEST(AdjustPhotoTest, RepeatedPreviewsDoNotCompound) {
+  TestWindow window;
+  SetModules(window, {kSmartPhotoCorrection, kAdjustBrightness, kRotation});
+  window.modules.sliders[3].text = "30";
+  window.Show(NoisyPicture(700, 40, 1));
+  ASSERT_TRUE(AdjustPhoto(window.form, true).ok());
+  const PixelArray first = Result(window);
+  const std::string record = window.app.learning_record;
+  EXPECT_EQ(first.height(), 320) << "a quarter turn of a 320 x 18 preview";
+  ASSERT_TRUE(AdjustPhoto(window.form, true).ok());
+  EXPECT_EQ(Result(window), first);
+  EXPECT_EQ(window.app.learning_record, record);
+
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  TestWindow fresh;
+  fresh.modules = window.modules;
+  fresh.Show(NoisyPicture(700, 40, 1));
+  ASSERT_TRUE(AdjustPhoto(fresh.form, false).ok());
+  EXPECT_EQ(Result(window), Result(fresh)) << "after previews";
+  EXPECT_EQ(window.app.learning_record, fresh.app.learning_record);
+
+  ASSERT_TRUE(AdjustPhoto(window.form, true).ok());
+  EXPECT_EQ(Result(window), first) << "after a full run";
+}
+
+TEST(AdjustPhotoTest, ShowsTheResultInPicSourceAndAsThumbnail) {
+  TestWindow window;
+  SetModules(window, {kRotation});
+  const Picture photo = NoisyPicture(30, 20, 1);
+  window.Show(photo);
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  const PhotoSurfaces& surfaces = window.surfaces();
+  EXPECT_EQ(surfaces.picOriginal.image, photo);
+  EXPECT_EQ(surfaces.picSource.width, 20);
+  EXPECT_EQ(surfaces.picSource.height, 30);
+  EXPECT_EQ(surfaces.picSource.picture, surfaces.picSource.image);
+  EXPECT_TRUE(surfaces.picThumb.visible);
+  EXPECT_EQ(surfaces.picThumb.width, 20);
+  EXPECT_EQ(surfaces.picThumb.left, 150);
+}
+
+TEST(AdjustPhotoTest, RefusesWhenNothingCanBeCorrected) {
+  TestWindow window;
+  EXPECT_EQ(AdjustPhoto(window.form, true).failure, Failure::kNotFound) << "no photo";
+  window.Show(NoisyPicture(8, 8, 1));
+  const PhotoSurfaces before = window.surfaces();
+  const int runs = window.events.runs;
+  window.app.closing = true;
+  EXPECT_EQ(AdjustPhoto(window.form, false).failure, Failure::kCancelled);
+  ExpectUntouched(before, window.surfaces());
+  EXPECT_EQ(window.events.runs, runs);
+  EXPECT_FALSE(window.app.photo_changed);
+}
+
+// --- White balance and values -------------------------------------------------------------------
+
+TEST(AdjustPhotoTest, TellsOnceThatNoWhiteBalanceWasSaved) {
+  const std::vector<std::string> message = {
+      "Tarnwell Pocket could not find any saved white balance setting for this camera and mode."};
+  struct Case {
+    const char* strength;
+    std::vector<std::string> told;
+  };
+  for (const Case& c :
+       {Case{"50", message}, Case{"1", message}, Case{"0", {}}, Case{"-3", {}}, Case{"half", {}}}) {
+    for (const bool preview : {false, true}) {
+      SCOPED_TRACE(c.strength);
+      TestWindow window;
+      SetModules(window, {kSmartPhotoCorrection, kSmartWhiteBalance});
+      window.modules.sliders[2].text = c.strength;
+      window.Show(NoisyPicture(20, 20, 1));
+      ASSERT_TRUE(AdjustPhoto(window.form, preview).ok());
+      EXPECT_EQ(window.dialogs.Told(), c.told);
+      for (const auto& box : window.dialogs.shown) {
+        EXPECT_EQ(box.title, "Tarnwell Pocket");
+        EXPECT_EQ(box.icon, Icon::kInformation);
+      }
+      TestWindow closed;
+      SetModules(closed, {kSmartPhotoCorrection});
+      closed.Show(NoisyPicture(20, 20, 1));
+      ASSERT_TRUE(AdjustPhoto(closed.form, preview).ok());
+      EXPECT_EQ(Result(window), Result(closed));
+      EXPECT_EQ(window.app.learning_record, closed.app.learning_record);
+    }
+  }
+}
+
+TEST(AdjustPhotoTest, LearnsOnlyFromMeasuredRuns) {
+  TestWindow window;
+  window.Show(NoisyPicture(8, 8, 1));
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  EXPECT_FALSE(window.app.learning_record.empty());
+  SetModules(window, {kAdjustBrightness});
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  EXPECT_EQ(window.app.learning_record, "");
+}
+
+TEST(AdjustPhotoTest, ValueTextThatIsNoNumberSkipsItsStep) {
+  struct Case {
+    const char* name;
+    int module;
+    int slider;
+    std::string same_as;  // the value text that gives the same run
+    int check = -1;       // checked as well
+  };
+  for (const Case& c : {
+           Case{"brightness", kAdjustBrightness, 3, "0"},
+           Case{"contrast", kAdjustContrast, 4, "0"},
+           Case{"saturation", kAdjustSaturation, 5, "0"},
+           Case{"white balance strength", kSmartWhiteBalance, 2, "0"},
+           Case{"noise threshold", kNoiseReduction, 7, "0"},
+           Case{"noise radius", kNoiseReduction, 8, "1"},
+           Case{"focus distance", kAdjustFocus, 10, "1"},
+           Case{"focus amount", kAdjustFocus, 11, "0"},
+           Case{"degrees", kColorRotation, 12, "0"},
+           Case{"black limit", kSmartPhotoCorrection, 1, "0", kBlackLimitByHand},
+       }) {
+    for (const char* text : {"", "much", "12x", "99999", "--4"}) {
+      SCOPED_TRACE(testing::Message() << c.name << " '" << text << "'");
+      TestWindow window;
+      SetModules(window, {kSmartPhotoCorrection, c.module});
+      if (c.check >= 0) window.modules.checks[c.check] = "1";
+      window.Show(NoisyPicture(24, 18, 1));
+      window.modules.sliders[c.slider].text = c.same_as;
+      ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+      const PixelArray expected = Result(window);
+      window.modules.sliders[c.slider].text = text;
+      ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+      EXPECT_EQ(Result(window), expected);
+      EXPECT_TRUE(window.dialogs.shown.empty());
+    }
+  }
+}
+
+TEST(AdjustPhotoTest, WhiteLimitThatIsNoNumberComesFromTheHistogram) {
+  TestWindow window;
+  window.Show(NoisyPicture(24, 18, 1));
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  const std::string automatic = window.app.learning_record;
+  window.modules.checks[kWhiteLimitByHand] = "1";
+  window.modules.sliders[0].text = "much";
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  EXPECT_EQ(window.app.learning_record, automatic);
+}
+
+}  // namespace
+}  // namespace tarnwell
