@@ -1,10 +1,47 @@
 #include "console/program.h"
 
-namespace tarnwell {
+#include <new>
 
-int RunProgram(int, const char* const*) { return 2; }
-#ifdef _WIN32
-int RunProgram(int, const wchar_t* const*) { return 2; }
-#endif
+#include "console/console_host.h"
+#include "console/correct_command.h"
+#include "console/help_text.h"
+#include "console/options.h"
+
+namespace tarnwell {
+namespace {
+
+// Runs a command on its words, or prints what the parser has to say about them.
+template <typename Options>
+int Dispatch(const ParsedWords<Options>& parsed, int (*command)(const Options&, ConsoleHost&),
+             ConsoleHost& host) {
+  if (parsed.options) return command(*parsed.options, host);
+  host.out << parsed.out;
+  host.err << parsed.err;
+  return parsed.exit_code;
+}
+
+}  // namespace
+
+int RunProgram(const std::vector<std::string>& words, ConsoleHost& host) {
+  const std::string command = words.empty() ? "" : words.front();
+  if (command == "--help" || command == "-h") {
+    host.out << CommandsHelp();
+    return kDone;
+  }
+  if (command == "--version") {
+    host.out << "tarnwell-pocket " TARNWELL_VERSION "\n";
+    return kDone;
+  }
+  const std::vector<std::string> rest(words.begin() + (words.empty() ? 0 : 1), words.end());
+  try {
+    if (command == "correct") return Dispatch(ParseCorrectWords(rest), RunCorrectCommand, host);
+  } catch (const std::bad_alloc&) {
+    host.err << command << ": not enough memory" << std::endl;
+    return kSomePhotoFailed;
+  }
+  host.err << (command.empty() ? "A command is missing.\n" : command + ": no such command\n")
+           << CommandsHelp();
+  return kWrongUsage;
+}
 
 }  // namespace tarnwell

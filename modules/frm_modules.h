@@ -30,6 +30,9 @@ struct Slider {
   std::string text;  // the value as shown, and as the correction reads it
 };
 
+// Last column and row of the hue picker's field.
+inline constexpr int kHueFieldLast = 105;
+
 // The hue picker: a round field of 106 x 106 pixels.
 struct HuePicker {
   int marker_x = 53;

@@ -13,7 +13,6 @@ namespace tarnwell {
 namespace {
 
 constexpr int kHueCentre = 53;  // of the field, and its radius
-constexpr int kHueLast = 105;
 
 std::array<float, 3> FactorsAt(int dx, int dy) {
   if (dx == 0 && dy == 0) return {0, 0, 0};
@@ -36,8 +35,8 @@ int Tinted(int channel, float factor) {
 }  // namespace
 
 void MoveHueMarker(HuePicker& hue, int x, int y) {
-  hue.marker_x = std::clamp(x, 0, kHueLast);
-  hue.marker_y = std::clamp(y, 0, kHueLast);
+  hue.marker_x = std::clamp(x, 0, kHueFieldLast);
+  hue.marker_y = std::clamp(y, 0, kHueFieldLast);
   hue.factors = FactorsAt(hue.marker_x - kHueCentre, hue.marker_y - kHueCentre);
   const Rgb& plain = hue.lblHue[0];
   hue.lblHue[1] = {Tinted(plain.red, hue.factors[0]), Tinted(plain.green, hue.factors[1]),

@@ -1,0 +1,43 @@
+#include "console/console_dialogs.h"
+
+namespace tarnwell {
+namespace {
+
+// A message as one line: line ends of any kind become single blanks.
+std::string OneLine(const std::string& text) {
+  std::string line;
+  for (const char c : text) {
+    const bool line_end = c == '\r' || c == '\n';
+    if (line_end && (line.empty() || line.back() == ' ')) continue;
+    line += line_end ? ' ' : c;
+  }
+  return line;
+}
+
+}  // namespace
+
+Answer ConsoleDialogs::Ask(const std::string&, const std::string& text, Icon) {
+  if (text.starts_with("You have not yet applied your changes")) {
+    return save_thumbnail_ ? Answer::kNo : Answer::kYes;
+  }
+  if (text.starts_with("Do you want to save the changes")) return Answer::kNo;
+  return Answer::kCancel;
+}
+
+void ConsoleDialogs::Tell(const std::string&, const std::string& text, Icon) {
+  err_ << OneLine(text) << std::endl;
+}
+
+std::string ConsoleDialogs::AskText(const std::string&, const std::string&) { return {}; }
+
+std::optional<std::string> ConsoleDialogs::ChooseOpenFile(const std::string&, const std::string&) {
+  return std::nullopt;
+}
+
+std::optional<std::string> ConsoleDialogs::ChooseSaveFile(const std::string&, const std::string&) {
+  return std::nullopt;
+}
+
+std::optional<std::string> ConsoleDialogs::ChooseFolder(const std::string&) { return std::nullopt; }
+
+}  // namespace tarnwell

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "platform/dialogs.h"
+
+namespace tarnwell {
+
+// Nobody sits at a command: messages become lines on standard error, and questions have answers
+// that were fixed beforehand.
+class ConsoleDialogs : public Dialogs {
+ public:
+  // `save_thumbnail`: what the save does when only the thumbnail was corrected; it corrects the
+  // full photo otherwise.
+  ConsoleDialogs(std::ostream& err, bool save_thumbnail)
+      : err_(err), save_thumbnail_(save_thumbnail) {}
+
+  // Unsaved changes are given up; every question that could lose something else is cancelled.
+  Answer Ask(const std::string& title, const std::string& text, Icon icon) override;
+  void Tell(const std::string& title, const std::string& text, Icon icon) override;
+  // These are all cancelled.
+  std::string AskText(const std::string& title, const std::string& prompt) override;
+  std::optional<std::string> ChooseOpenFile(const std::string& title,
+                                            const std::string& filter) override;
+  std::optional<std::string> ChooseSaveFile(const std::string& title,
+                                            const std::string& filter) override;
+  std::optional<std::string> ChooseFolder(const std::string& title) override;
+
+ private:
+  std::ostream& err_;
+  bool save_thumbnail_;
+};
+
+}  // namespace tarnwell

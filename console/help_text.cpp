@@ -1,0 +1,72 @@
+#include "console/help_text.h"
+
+#include <iomanip>
+#include <sstream>
+
+#include "modules/frm_modules.h"
+
+namespace tarnwell {
+namespace {
+
+void ListModules(std::ostream& out) {
+  out << "Modules (--module N=on|off). A module's settings act only while it is on.\n";
+  for (int module = 0; module < kModuleCount; ++module) {
+    const ModuleInfo& info = kModules[module];
+    out << std::right << std::setw(4) << module << "  " << std::left << std::setw(24) << info.title
+        << (info.open_at_first_start ? "on   " : "off  ") << info.purpose << "\n";
+  }
+}
+
+void ListSliders(std::ostream& out) {
+  const frmModules defaults = FirstStartPanel();
+  out << "Sliders (--slider N=VALUE)\n"
+      << "   N  Value                      From    To  Default  Module\n";
+  for (int slider = 0; slider < kSliderCount; ++slider) {
+    const SliderInfo& info = kSliders[slider];
+    out << std::right << std::setw(4) << slider << "  " << std::left << std::setw(25) << info.name
+        << std::right << std::setw(6) << info.lowest << std::setw(6) << info.highest << std::setw(9)
+        << defaults.sliders[slider].text << "  " << info.module << " "
+        << kModules[info.module].title << "\n";
+  }
+}
+
+void ListChecks(std::ostream& out) {
+  out << "Check options (--check N=0|1)\n";
+  for (int check = 0; check < kCheckCount; ++check) {
+    const CheckInfo& info = kChecks[check];
+    out << std::right << std::setw(4) << check << "  " << std::left << std::setw(24) << info.caption
+        << (info.default_checked ? "1    " : "0    ") << "module " << info.module << "\n";
+  }
+}
+
+}  // namespace
+
+std::string CommandsHelp() {
+  return "Tarnwell Pocket corrects photos taken with phone cameras.\n"
+         "\n"
+         "Usage: tarnwell-pocket COMMAND WORDS...\n"
+         "\n"
+         "Commands:\n"
+         "  correct PHOTO...   corrects photos and saves each as a new file\n"
+         "\n"
+         "  COMMAND --help     everything that a command understands\n"
+         "  --version          the version of this program\n";
+}
+
+std::string SettingsHelp() {
+  std::ostringstream out;
+  ListModules(out);
+  out << "\n";
+  ListSliders(out);
+  out << "\n";
+  ListChecks(out);
+  out << "\nRotations (--rotation N, acts while module 9 is on)\n"
+         "   0  a quarter turn to the left\n"
+         "   1  a quarter turn to the right\n"
+         "   2  a half turn\n"
+         "   3  top and bottom exchanged\n"
+         "   4  left and right exchanged\n";
+  return out.str();
+}
+
+}  // namespace tarnwell

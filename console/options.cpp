@@ -1,0 +1,170 @@
+#include "console/options.h"
+
+#include <CLI/CLI.hpp>
+
+#include "console/help_text.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr char kCorrectUsage[] =
+    "Usage: tarnwell-pocket correct PHOTO... [settings]\n"
+    "                               [--output FILE | --output-folder DIR] [--preview] [--record]\n";
+
+constexpr int kMostThreads = 256;
+
+// An option that may be given again and again, one word each time, read by `parse`.
+template <typename Setting>
+void AddRepeated(CLI::App& app, const std::string& name, const std::string& placeholder,
+                 Result<Setting> (*parse)(std::string_view), std::vector<Setting>& settings,
+                 const std::string& description) {
+  app.add_option_function<std::vector<std::string>>(
+         name,
+         [name, parse, &settings](const std::vector<std::string>& words) {
+           for (const std::string& word : words) {
+             const Result<Setting> setting = parse(word);
+             if (!setting.ok()) throw CLI::ValidationError(name, setting.status.message);
+             settings.push_back(*setting);
+           }
+         },
+         description)
+      ->allow_extra_args(false)
+      ->type_name(placeholder)
+      ->group("Settings");
+}
+
+template <typename Setting>
+CLI::Option* AddSingle(CLI::App& app, const std::string& name, const std::string& placeholder,
+                       Result<Setting> (*parse)(std::string_view), std::optional<Setting>& setting,
+                       const std::string& description) {
+  return app
+      .add_option_function<std::string>(
+          name,
+          [name, parse, &setting](const std::string& word) {
+            const Result<Setting> parsed = parse(word);
+            if (!parsed.ok()) throw CLI::ValidationError(name, parsed.status.message);
+            setting = *parsed;
+          },
+          description)
+      ->type_name(placeholder)
+      ->group("Settings");
+}
+
+void AddSettings(CLI::App& app, Settings& settings) {
+  app.add_option("--camera", settings.camera, "Whose learnt corrections are used; made if missing")
+      ->type_name("NAME")
+      ->group("Settings");
+  app.add_option("--mode", settings.mode, "The camera's mode; made if missing")
+      ->type_name("NAME")
+      ->group("Settings");
+  CLI::Option* const learn = app.add_flag_callback(
+                                    "--learn", [&settings] { settings.learn = true; },
+                                    "Let later corrections learn from this one, as check option 2")
+                                 ->group("Settings");
+  app.add_flag_callback(
+         "--no-learn", [&settings] { settings.learn = false; }, "Or do not")
+      ->excludes(learn)
+      ->group("Settings");
+  app.add_option("--preset", settings.preset, "A preset to start from; other settings change it")
+      ->type_name("FILE.twp")
+      ->group("Settings");
+  AddRepeated(app, "--module", "N=on|off", ParseModuleSetting, settings.modules,
+              "Switch a module on or off; may be repeated");
+  AddRepeated(app, "--slider", "N=VALUE", ParseSliderSetting, settings.sliders,
+              "Set a value; may be repeated");
+  AddRepeated(app, "--check", "N=0|1", ParseCheckSetting, settings.checks,
+              "Set a check option; may be repeated");
+  app.add_option("--rotation", settings.rotation, "Which way module 9 turns the photo")
+      ->type_name("0..4")
+      ->check(CLI::Range(0, 4).description(""))
+      ->group("Settings");
+  AddSingle(app, "--hue", "X,Y", ParseHueMarker, settings.hue,
+            "Place of the hue marker, 0 to 105 each; 53,53 is the centre and changes nothing");
+  CLI::Option* const white =
+      AddSingle(app, "--white", "R,G,B", ParseColour, settings.white,
+                "The colour that is to become white, as module 2 corrects towards it");
+  app.add_option("--white-file", settings.white_file, "A white balance file to take it from")
+      ->type_name("FILE.wbs")
+      ->excludes(white)
+      ->group("Settings");
+  app.add_option_function<std::string>(
+         "--analyze",
+         [&settings](const std::string& word) { settings.analyze_full = word == "full"; },
+         "What module 1 measures (thumbnail unless said)")
+      ->check(CLI::IsMember({"thumbnail", "full"}).description(""))
+      ->type_name("thumbnail|full")
+      ->group("Settings");
+  app.add_flag("--extended-noise", settings.extended_noise,
+               "Take the noise radius as it is, not an eighth of it: slow and thorough")
+      ->group("Settings");
+  app.add_option("--threads", settings.threads,
+                 "Threads that share the work (as many as processors unless said); the result is "
+                 "the same")
+      ->type_name("N")
+      ->check(CLI::Range(1, kMostThreads).description(""))
+      ->group("Settings");
+  app.add_flag("--quiet", settings.quiet, "Show no progress")->group("Settings");
+  app.add_option("--program-folder", settings.program_folder,
+                 "Folder that holds the camera tree (your data folder unless said)")
+      ->type_name("DIR")
+      ->group("Settings");
+}
+
+// Runs the parser over the words. What it refuses ends with its text, then `usage`.
+template <typename Options>
+ParsedWords<Options> Parse(CLI::App& app, const std::vector<std::string>& words,
+                           const Options& options, const std::string& usage) {
+  ParsedWords<Options> parsed;
+  try {
+    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
+    parsed.options = options;
+  } catch (const CLI::CallForHelp&) {
+    parsed.out = app.help();
+  } catch (const CLI::ParseError& error) {
+    parsed.exit_code = 2;
+    parsed.err = std::string(error.what()) + "\n" + usage + "\"" + app.get_name() +
+                 " --help\" explains every word.\n";
+  }
+  return parsed;
+}
+
+}  // namespace
+
+ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& words) {
+  CorrectOptions options;
+  CLI::App app("Corrects photos and saves each as a new file; no file is ever replaced.",
+               "tarnwell-pocket correct");
+  app.allow_windows_style_options(false);
+  app.footer(SettingsHelp);
+
+  app.add_option("PHOTO", options.photos, "Photos to correct: BMP, GIF or JPEG files")
+      ->required()
+      ->type_name("");
+  CLI::Option* const output =
+      app.add_option("--output", options.output,
+                     "File to write, for one photo; .jpg and .jpeg make a JPEG, anything else a "
+                     "bitmap (a free name beside the photo unless said)")
+          ->type_name("FILE");
+  app.add_option("--output-folder", options.output_folder,
+                 "Folder to write into, under a name that is free there")
+      ->type_name("DIR")
+      ->excludes(output);
+  app.add_flag("--preview", options.preview,
+               "Correct and save the thumbnail, at most 320 x 320 pixels");
+  app.add_flag("--record", options.record,
+               "Print what was measured and set: 21 fields with tabs between them");
+  AddSettings(app, options.settings);
+
+  ParsedWords<CorrectOptions> parsed = Parse(app, words, options, kCorrectUsage);
+  if (parsed.options && options.photos.size() > 1 && !options.output.empty()) {
+    parsed.options.reset();
+    parsed.exit_code = 2;
+    parsed.err = std::string(
+                     "--output names one file, but there are several photos; "
+                     "--output-folder takes any number\n") +
+                 kCorrectUsage;
+  }
+  return parsed;
+}
+
+}  // namespace tarnwell

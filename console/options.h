@@ -1,0 +1,55 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "console/setting_words.h"
+#include "modules/frm_modules.h"
+
+namespace tarnwell {
+
+// What the words of every command can say about the correction. Paths are as the user wrote them.
+struct Settings {
+  std::string camera;  // empty: "Default"
+  std::string mode;    // empty: "Default"
+  std::string preset;  // empty: none
+  std::vector<ModuleSetting> modules;
+  std::vector<SliderSetting> sliders;
+  std::vector<CheckSetting> checks;
+  std::optional<bool> learn;    // as check option 2
+  std::optional<int> rotation;  // 0 to 4
+  std::optional<HueMarker> hue;
+  std::optional<Rgb> white;
+  std::string white_file;  // empty: none
+  bool analyze_full = false;
+  bool extended_noise = false;
+  int threads = 0;             // 0: as many as there are processors
+  bool quiet = false;          // no progress, no hints
+  std::string program_folder;  // empty: the user's data folder
+};
+
+struct CorrectOptions {
+  Settings settings;
+  std::vector<std::string> photos;  // at least one
+  std::string output;               // empty: the proposed name
+  std::string output_folder;        // empty: beside the photo
+  bool preview = false;             // corrects and saves the thumbnail
+  bool record = false;              // prints the learning record
+};
+
+// What became of a command's words: its options, or texts to print and an exit code. A request for
+// help ends with code 0 and text for standard output, a mistake with code 2 and text for standard
+// error.
+template <typename Options>
+struct ParsedWords {
+  std::optional<Options> options;
+  int exit_code = 0;
+  std::string out;
+  std::string err;
+};
+
+// Reads the words behind "correct".
+ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& words);
+
+}  // namespace tarnwell

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include "shell/frm_progress.h"
+
+namespace tarnwell {
+
+// The progress window of a terminal: one line that is drawn again and again in place, and wiped
+// when the window is hidden.
+class ProgressBar : public ProgressView {
+ public:
+  explicit ProgressBar(std::ostream& terminal) : terminal_(terminal) {}
+  ~ProgressBar() override { HideWindow(); }
+
+  void ShowWindow() override;
+  void HideWindow() override;
+  void DrawBar(float percentage) override;
+  void ShowText(const std::string& lblJob) override;
+
+ private:
+  void Draw();
+
+  std::ostream& terminal_;
+  std::string text_;
+  int percent_ = 0;
+  bool shown_ = false;
+};
+
+}  // namespace tarnwell
