@@ -1,0 +1,42 @@
+#pragma once
+
+namespace tarnwell {
+
+class MainView;
+struct Form1;
+struct Tips;
+
+// Timer2's interval.
+inline constexpr int kPollingMilliseconds = 1000;
+
+// The main window while it runs: its data, its view, and what its commands and timers must know of
+// each other. One per program, owned by the host.
+struct MainWindow {
+  Form1& form;
+  MainView& view;
+  Tips& tips;
+
+  // A command runs and may let pending events in; no other command begins meanwhile, and the
+  // polling timer skips its ticks.
+  bool occupied = false;
+  // The user closed the window while a command ran.
+  bool close_wanted = false;
+
+  bool start_up_tip_due = true;
+  int timer1_interval = 1;  // milliseconds; 0 is off
+};
+
+// Marks the window as occupied for one scope. A close that was wanted meanwhile is requested again
+// at the end.
+class Occupied {
+ public:
+  explicit Occupied(MainWindow& window) : window_(window) { window_.occupied = true; }
+  ~Occupied();
+  Occupied(const Occupied&) = delete;
+  Occupied& operator=(const Occupied&) = delete;
+
+ private:
+  MainWindow& window_;
+};
+
+}  // namespace tarnwell
