@@ -62,6 +62,10 @@ Status FileOpen(Form1& form, bool show_dialog) {
   const std::string path = PathToOpen(form, show_dialog);
   if (path.empty()) return Status::Error(Failure::kCancelled, "No photo was chosen.");
 
+  return OpenPhotoFile(form, path);
+}
+
+Status OpenPhotoFile(Form1& form, const std::string& path) {
   // Decoded before anything changes, so that a photo that cannot be read leaves the window alone.
   Result<Picture> photo = form.platform.codec.Load(path);
   if (!photo.ok()) return photo.status;

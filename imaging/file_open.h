@@ -23,6 +23,10 @@ bool AskToSaveChanges(Form1& form);
 // told, and the next run measures again.
 Status FileOpen(Form1& form, bool show_dialog);
 
+// The part of FileOpen behind the question and the dialog, for callers that have asked already.
+// Fails with the loader's reason.
+Status OpenPhotoFile(Form1& form, const std::string& path);
+
 // The part of FileOpen that takes the photo which picOriginal displays into the rest of the window;
 // also for pasted photos. form.app.current_file is set before (empty for a pasted one).
 void ShowOpenedPhoto(Form1& form);

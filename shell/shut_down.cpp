@@ -1,0 +1,33 @@
+#include "shell/shut_down.h"
+
+#include "imaging/file_open.h"
+#include "platform/events.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/main_view.h"
+#include "shell/main_window.h"
+#include "shell/module1.h"
+
+namespace tarnwell {
+
+bool CloseMainWindow(MainWindow& window) {
+  Form1& form = window.form;
+  if (window.occupied) {
+    form.app.cancel_requested = true;
+    window.close_wanted = true;
+    return false;
+  }
+  const Occupied occupied(window);
+  if (!AskToSaveChanges(form)) return false;
+  window.view.ReleaseDrawing();
+
+  form.app.cancel_requested = true;
+  form.app.closing = true;
+  window.view.RestoreWindowProcedure();
+  form.platform.events.Run();
+  window.view.UnloadOtherWindows();
+  window.view.RemoveTrayIcon();
+  return true;
+}
+
+}  // namespace tarnwell

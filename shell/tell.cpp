@@ -1,0 +1,15 @@
+#include "shell/tell.h"
+
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/module1.h"
+
+namespace tarnwell {
+
+void TellFailure(Form1& form, const Status& status) {
+  if (status.ok() || status.failure == Failure::kCancelled) return;
+  form.platform.dialogs.Tell(form.app.title, status.message, Icon::kExclamation);
+}
+
+}  // namespace tarnwell

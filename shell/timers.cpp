@@ -1,0 +1,71 @@
+#include "shell/timers.h"
+
+#include <optional>
+#include <string>
+
+#include "imaging/file_open.h"
+#include "modules/presets.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/line_reader.h"
+#include "shell/main_view.h"
+#include "shell/main_window.h"
+#include "shell/module1.h"
+#include "shell/preset_files.h"
+#include "shell/tell.h"
+#include "shell/tips.h"
+
+namespace tarnwell {
+namespace {
+
+// A path is never as long as this; what is longer was not written by this program.
+constexpr std::uint64_t kMostQueueBytes = 1 << 20;
+
+// Takes the first line of the queue file and deletes the file, so that a photo is opened once.
+// Nothing when the file must wait for a later tick: another instance has it in hand.
+std::optional<std::string> TakeQueuedPath(Form1& form) {
+  Files& files = form.platform.files;
+  const auto text = files.Read(form.app.queue_file, kMostQueueBytes);
+  if (!text.ok() && text.status.failure != Failure::kTooLarge) return std::nullopt;
+  if (!files.Delete(form.app.queue_file).ok()) return std::nullopt;
+  if (!text.ok()) return std::nullopt;
+  return std::string(LineReader(*text, "").Next().value_or(""));
+}
+
+void OpenQueuedPhoto(MainWindow& window) {
+  Form1& form = window.form;
+  if (!form.platform.files.FileExists(form.app.queue_file)) return;
+  // On Cancel the file stays and the question comes back: a queued photo is never dropped silently.
+  if (!AskToSaveChanges(form)) return;
+  const auto path = TakeQueuedPath(form);
+  if (!path || path->empty() || !form.platform.files.FileExists(*path)) return;
+  TellFailure(form, OpenPhotoFile(form, *path));
+  window.view.Refresh();
+}
+
+}  // namespace
+
+void Timer1_Tick(MainWindow& window) {
+  if (window.timer1_interval == 0 || window.occupied) return;
+  window.timer1_interval = 0;
+  const Occupied occupied(window);
+  Form1& form = window.form;
+  for (const std::string& name : ListPresetFiles(form.platform.files, form.app.program_folder)) {
+    TellFailure(form,
+                PresetLoad(form.app, form.platform, form.modules, form.app.program_folder + name));
+  }
+  window.view.Refresh();
+}
+
+void Timer2_Tick(MainWindow& window) {
+  if (window.occupied || window.form.app.closing) return;
+  const Occupied occupied(window);
+  if (window.start_up_tip_due) {
+    window.start_up_tip_due = false;
+    OfferTip(window, kStartUpTip);
+  }
+  OpenQueuedPhoto(window);
+}
+
+}  // namespace tarnwell
