@@ -1,0 +1,64 @@
+#include "automation/render_directory.h"
+
+#include <algorithm>
+
+#include "engine/adjust_directory.h"
+#include "imaging/output_names.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/module1.h"
+#include "shell/tell.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr char kQuestionTitle[] = "Render Directory...";
+constexpr char kQuestion[] =
+    "This will adjust all photos in the same directory as the current photo,\r"
+    "using the settings which are being applied to the current photo.\r"
+    "\r"
+    "Are you sure you wish to continue?";
+
+// A message box grows with its lines; more would not fit on a small screen.
+constexpr std::size_t kMostFailuresShown = 10;
+
+std::string Summary(const DirectoryOutcome& outcome, const std::string& output_folder) {
+  std::string text = std::to_string(outcome.corrected) + " of " + std::to_string(outcome.total) +
+                     " photos were corrected and saved in " + output_folder;
+  if (outcome.cancelled) text += "\rYou cancelled before the rest.";
+  if (outcome.failures.empty()) return text;
+
+  text += "\r\rThese photos were left out:";
+  const std::size_t shown = std::min(outcome.failures.size(), kMostFailuresShown);
+  for (std::size_t i = 0; i < shown; ++i) text += "\r" + outcome.failures[i];
+  if (const std::size_t more = outcome.failures.size() - shown; more > 0) {
+    text += "\rand " + std::to_string(more) + " more";
+  }
+  return text;
+}
+
+}  // namespace
+
+void Command1_Click(Form1& form, const std::function<void(const std::string&)>& show_status) {
+  Dialogs& dialogs = form.platform.dialogs;
+  if (form.app.current_file.empty()) {
+    dialogs.Tell(form.app.title, "Open a photo of the directory first.", Icon::kInformation);
+    return;
+  }
+  if (dialogs.Ask(kQuestionTitle, kQuestion, Icon::kQuestion) != Answer::kYes) return;
+
+  const std::string folder = SplitPhotoPath(form.app.current_file).folder;
+  const auto outcome = AdjustDirectory(form, [&](int number, int total, const std::string& name) {
+    show_status("Photo " + std::to_string(number) + " of " + std::to_string(total) + ": " + name);
+  });
+  show_status("");
+  if (!outcome.ok()) return TellFailure(form, outcome.status);
+  const bool all_done = outcome->failures.empty();
+  dialogs.Tell(form.app.title,
+               Summary(*outcome, form.platform.files.Display(folder + kOutputSubfolder)),
+               all_done ? Icon::kInformation : Icon::kExclamation);
+}
+
+}  // namespace tarnwell
