@@ -1,0 +1,122 @@
+#include "shell/menu_click.h"
+
+#include "automation/render_directory.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+#include "shell/dispatch.h"
+#include "shell/form1.h"
+#include "shell/main_view.h"
+#include "shell/main_window.h"
+#include "shell/menus.h"
+#include "shell/module1.h"
+#include "shell/save_as.h"
+#include "shell/tell.h"
+#include "shell/tips.h"
+#include "shell/tool_button.h"
+
+namespace tarnwell {
+namespace {
+
+void RunFileRow(MainWindow& window, int row) {
+  switch (row) {
+    case 0:
+      return PressToolButton(window, kOpenButton);
+    case 1:
+      return PressToolButton(window, kSaveButton);
+    case 2:
+      return TellFailure(window.form, SaveAs(window.form));
+    case 4:
+      return PressToolButton(window, kRestoreButton);
+  }
+}
+
+void RunEditRow(MainWindow& window, int row) {
+  switch (row) {
+    case 0:
+      return PressToolButton(window, kCopySourceButton);
+    case 1:
+      return PressToolButton(window, kPasteSourceButton);
+    case 3:
+      return PressToolButton(window, kCopyThumbButton);
+  }
+}
+
+void RunOptionsRow(MainWindow& window, int row) {
+  Module1& app = window.form.app;
+  switch (row) {
+    case 0:
+      return PressToolButton(window, kModulesButton);
+    case 1:
+      app.auto_preview = !app.auto_preview;
+      return;
+    case 2:
+      return PressToolButton(window, kQuickLaunchButton);
+    case 3:
+      return window.view.ShowOpenMode();
+    case 4:
+      RestoreAllTips(window.tips);
+      window.form.platform.dialogs.Tell(app.title, "All tips will now be shown again.",
+                                        Icon::kInformation);
+      return;
+  }
+}
+
+void RunToolsRow(MainWindow& window, int row) {
+  Form1& form = window.form;
+  switch (row) {
+    case 0:
+      form.app.analyze_full_source = false;
+      return;
+    case 1:
+      form.app.analyze_full_source = true;
+      return;
+    case 3:
+      form.app.extended_noise = !form.app.extended_noise;
+      return;
+    case 8:
+      return Command1_Click(form, [&](const std::string& text) { window.view.ShowStatus(text); });
+  }
+}
+
+void RunHelpRow(MainWindow& window, int row) {
+  switch (row) {
+    case 0:
+      return PressToolButton(window, kHelpButton);
+    case 1:
+      return PressToolButton(window, kWebPageButton);
+    case 3:
+      return PressToolButton(window, kAboutButton);
+  }
+}
+
+}  // namespace
+
+void RunMenuRow(MainWindow& window, int menu, int row) {
+  if (!IsRowEnabled(window.form, menu, row)) return;
+  switch (menu) {
+    case kFileMenu:
+      RunFileRow(window, row);
+      break;
+    case kEditMenu:
+      RunEditRow(window, row);
+      break;
+    case kOptionsMenu:
+      RunOptionsRow(window, row);
+      break;
+    case kToolsMenu:
+      RunToolsRow(window, row);
+      break;
+    case kHelpMenu:
+      RunHelpRow(window, row);
+      break;
+  }
+}
+
+void MenuClick(MainWindow& window, int menu, int row) {
+  if (window.occupied || !IsRowEnabled(window.form, menu, row)) return;
+  const Occupied occupied(window);
+  RunMenuRow(window, menu, row);
+  window.view.Refresh();
+}
+
+}  // namespace tarnwell
