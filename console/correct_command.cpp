@@ -42,6 +42,7 @@ class CorrectCommand {
   Status Prepare();
   Status CorrectPhoto(const std::string& photo);
   Status CorrectOpenedPhoto(Form1& form, const std::string& output_path);
+  std::string OutputPath(const std::string& photo);
   Result<std::string> PlanOutput(const std::string& photo);
   std::string TakenText(const std::string& path) {
     return files().Display(path) + ": exists already";
@@ -90,28 +91,29 @@ Status CorrectCommand::Prepare() {
   return ApplySettings(options_.settings, platform, start_.app, start_.modules);
 }
 
-// The path that the corrected photo goes to, looked at before the work begins: a name that is taken
-// is no reason to correct first.
-Result<std::string> CorrectCommand::PlanOutput(const std::string& photo) {
-  std::string path;
-  if (!options_.output.empty()) {
-    path = files().Absolute(options_.output);
-  } else {
-    std::string named_after = photo;
-    if (!options_.output_folder.empty()) {
-      std::string folder = files().Absolute(options_.output_folder);
-      if (!folder.ends_with('\\')) folder += '\\';
-      named_after = folder + SplitPhotoPath(photo).file_name;
-    }
-    OutputNames names;
-    BuildOutputNames(names, named_after, files());
-    path = names.output_path;
+std::string CorrectCommand::OutputPath(const std::string& photo) {
+  if (!options_.output.empty()) return files().Absolute(options_.output);
+  std::string named_after = photo;
+  if (!options_.output_folder.empty()) {
+    std::string folder = files().Absolute(options_.output_folder);
+    if (!folder.ends_with('\\')) folder += '\\';
+    named_after = folder + SplitPhotoPath(photo).file_name;
   }
+  OutputNames names;
+  BuildOutputNames(names, named_after, files());
+  return names.output_path;
+}
+
+// Looked at before the work begins: what cannot be saved is not worth correcting. The folder of the
+// photo itself needs no look, because opening the photo tells more.
+Result<std::string> CorrectCommand::PlanOutput(const std::string& photo) {
+  const std::string path = OutputPath(photo);
   if (files().FileExists(path) || files().FolderExists(path)) {
     return Status::Error(Failure::kExists, TakenText(path));
   }
+  const bool elsewhere = !options_.output.empty() || !options_.output_folder.empty();
   const std::string folder = SplitPhotoPath(path).folder;
-  if (!files().FolderExists(folder)) {
+  if (elsewhere && !files().FolderExists(folder)) {
     return Status::Error(Failure::kNotFound, files().Display(folder) + ": there is no such folder");
   }
   return path;

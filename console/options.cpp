@@ -139,7 +139,10 @@ ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& wo
 
   app.add_option("PHOTO", options.photos, "Photos to correct: BMP, GIF or JPEG files")
       ->required()
-      ->type_name("");
+      ->type_name("")
+      ->check([](const std::string& word) {
+        return word.empty() ? std::string("a name is missing") : std::string();
+      });
   CLI::Option* const output =
       app.add_option("--output", options.output,
                      "File to write, for one photo; .jpg and .jpeg make a JPEG, anything else a "

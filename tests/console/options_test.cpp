@@ -76,6 +76,7 @@ TEST(OptionsTest, WrongWordsEndWithTheReasonAndTheUsage) {
   } rows[] = {
       {{}, "PHOTO"},
       {{"--preview"}, "PHOTO"},
+      {{"a.jpg", ""}, "a name is missing"},
       {{"a.jpg", "--previews"}, "--previews"},
       {{"a.jpg", "-x"}, "-x"},
       {{"a.jpg", "--slider"}, "--slider"},
