@@ -128,7 +128,7 @@ void ReadFocus(const Input& in, Parameters& p) {
 
 // --- Analysis -----------------------------------------------------------------------------------
 
-using Histogram = std::vector<long>;
+using Histogram = std::vector<std::int64_t>;
 
 Histogram Count(const PixelArray& picture) {
   Histogram counts(766, 0);
@@ -151,7 +151,7 @@ int TopLevelOf(const Histogram& counts) {
 
 double AutomaticWhite(const Histogram& counts, int width, int height) {
   const double target = (width * 0.1) * (height * 0.1);
-  long total = 0;
+  std::int64_t total = 0;
   int level = 765;
   for (; level >= 0; --level) {
     total += counts[level];
@@ -358,11 +358,11 @@ void ApplyLearntOffsets(const Input& in, Measures& m, Parameters& p, Record& rec
 
 // What the neighbours that count pull a channel to: A = sum of (R' - R), B = sum of d x (R' - R).
 struct Pull {
-  long a = 0;
-  long b = 0;
+  std::int64_t a = 0;
+  std::int64_t b = 0;
   void Add(int neighbour, int own, int d) {
     a += neighbour - own;
-    b += static_cast<long>(d) * (neighbour - own);
+    b += std::int64_t{d} * (neighbour - own);
   }
 };
 
