@@ -176,6 +176,9 @@ Status AdjustPhoto(Form1& form, bool preview) {
   if (!form.buffer.surfaces.picOriginal.image) {
     return Status::Error(Failure::kNotFound, "no photo is open");
   }
+  // A run lets events in; a second one would take the pixels from under the first.
+  if (form.correcting) return Status::Error(Failure::kOther, "a correction is already running");
+  form.correcting = true;
   form.app.cancel_requested = false;
   if (!form.correction_ready) MeasureOriginal(form);
 
@@ -183,6 +186,7 @@ Status AdjustPhoto(Form1& form, bool preview) {
   form.platform.events.Run();
   const PhotoSurfaces before = form.buffer.surfaces;
   Status status = RunCorrection(form, preview);
+  form.correcting = false;
   if (status.ok()) {
     form.app.photo_changed = true;
   } else {

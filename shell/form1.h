@@ -31,6 +31,9 @@ struct Form1 {
   // The photo in picOriginal has been measured since it came there; a run measures it first
   // otherwise.
   bool correction_ready = false;
+  // A correction run is under way. It lets events in, and whatever would change the photo or its
+  // surfaces meanwhile must wait or refuse.
+  bool correcting = false;
 
   std::string lblTitleCaption = " - Unnamed Photo";
   std::string caption = {};             // of the window

@@ -232,6 +232,25 @@ TEST(AdjustPhotoTest, RefusesWhenNothingCanBeCorrected) {
   EXPECT_FALSE(window.app.photo_changed);
 }
 
+TEST(AdjustPhotoTest, RefusesToRunInsideARun) {
+  TestWindow window;
+  window.Show(NoisyPicture(330, 12, 1));
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  const PixelArray expected = Result(window);
+  bool was_running = false;
+  // A second click on Adjust, or a timer, while the run lets events in.
+  window.events.on_run = [&](int run) {
+    if (run % 50 == 0) {
+      EXPECT_FALSE(AdjustPhoto(window.form, true).ok());
+    }
+    was_running = was_running || window.form.correcting;
+  };
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  EXPECT_EQ(Result(window), expected);
+  EXPECT_TRUE(was_running);
+  EXPECT_FALSE(window.form.correcting);
+}
+
 // --- White balance and values -------------------------------------------------------------------
 
 TEST(AdjustPhotoTest, TellsOnceThatNoWhiteBalanceWasSaved) {
