@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,6 +19,9 @@ struct FolderEntry {
   std::uint64_t size = 0;           // bytes; 0 for folders
   std::int64_t modified_nanos = 0;  // system time of the last change; only compared, never shown
 };
+
+// Makes the new content of a file from the present one; nothing when the file is to stay.
+using FileChange = std::function<std::optional<std::string>(std::string_view)>;
 
 // The file system as the flows see it.
 //
@@ -50,6 +55,14 @@ class Files {
   // at the same time lose nothing and interleave nothing. On failure the file is cut back to what
   // it was.
   virtual Status Append(const std::string& path, std::string_view bytes) = 0;
+
+  // Hands the content of `path` to `change` and replaces the file by what that gives, like Replace.
+  // Whoever appends to the file or updates it, in this program or another, waits meanwhile, so that
+  // nothing added in between is lost. `change` is called once at most and must not call Files for
+  // the same path. kNotFound when there is no such file, kTooLarge when it is longer than
+  // `most_bytes`; on any failure the file is as it was.
+  virtual Status Update(const std::string& path, const FileChange& change,
+                        std::uint64_t most_bytes = std::uint64_t{1} << 32) = 0;
 
   // A name for a new file in the folder of `path` that no other call and no other program is given.
   // The file is not made.

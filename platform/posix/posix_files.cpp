@@ -65,10 +65,41 @@ std::optional<FolderEntry> EntryOf(int folder, const std::string& name) {
   return entry;
 }
 
-// Locks a file against other programs that append to it. File systems without locks are left to
-// the atomicity of a single appending write.
-void LockForAppending(const PosixFile& file) {
-  while (flock(file.descriptor(), LOCK_EX) != 0 && errno == EINTR) {
+// The whole content of an open file.
+Result<std::string> ContentOf(const PosixFile& file, const std::string& path,
+                              std::uint64_t most_bytes) {
+  struct stat found;
+  if (fstat(file.descriptor(), &found) != 0) return SystemError(errno, path, Subject::kFile);
+  const auto size = static_cast<std::uint64_t>(found.st_size);
+  if (size > most_bytes) return PathError(Failure::kTooLarge, path, "the file is too large");
+  std::string bytes;
+  try {
+    const Status read = ReadToEnd(file, path, size, most_bytes, bytes);
+    if (!read.ok()) return read;
+  } catch (const std::bad_alloc&) {
+    return SystemError(ENOMEM, path, Subject::kFile);
+  }
+  return bytes;
+}
+
+// Whether `path` still leads to the open file, and has not been replaced or deleted.
+bool IsNamed(const PosixFile& file, const std::string& path) {
+  struct stat opened, named;
+  if (stat(ToSystemPath(path)->c_str(), &named) != 0) return errno != ENOENT && errno != ENOTDIR;
+  if (fstat(file.descriptor(), &opened) != 0) return true;
+  return opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+// Opens a file and locks it against everybody else who adds to it or updates it, until it is
+// closed. File systems without locks are left to the atomicity of a single appending write.
+Result<PosixFile> OpenLocked(const std::string& path, int flags, Subject subject) {
+  for (;;) {
+    Result<PosixFile> file = OpenFile(path, flags, subject);
+    if (!file.ok()) return file;
+    while (flock(file->descriptor(), LOCK_EX) != 0 && errno == EINTR) {
+    }
+    // An update by another program puts a new file in the place of the one that was waited for.
+    if (IsNamed(*file, path)) return file;
   }
 }
 
@@ -112,18 +143,7 @@ bool PosixFiles::FolderExists(const std::string& path) { return LooksLike(path, 
 Result<std::string> PosixFiles::Read(const std::string& path, std::uint64_t most_bytes) {
   const Result<PosixFile> file = OpenFile(path, O_RDONLY, Subject::kFile);
   if (!file.ok()) return file.status;
-  struct stat found;
-  if (fstat(file->descriptor(), &found) != 0) return SystemError(errno, path, Subject::kFile);
-  const auto size = static_cast<std::uint64_t>(found.st_size);
-  if (size > most_bytes) return PathError(Failure::kTooLarge, path, "the file is too large");
-  std::string bytes;
-  try {
-    const Status read = ReadToEnd(*file, path, size, most_bytes, bytes);
-    if (!read.ok()) return read;
-  } catch (const std::bad_alloc&) {
-    return SystemError(ENOMEM, path, Subject::kFile);
-  }
-  return bytes;
+  return ContentOf(*file, path, most_bytes);
 }
 
 Result<std::vector<FolderEntry>> PosixFiles::List(const std::string& folder) {
@@ -176,9 +196,8 @@ Status PosixFiles::Replace(const std::string& path, std::string_view bytes) {
 }
 
 Status PosixFiles::Append(const std::string& path, std::string_view bytes) {
-  const Result<PosixFile> file = OpenFile(path, O_WRONLY | O_APPEND | O_CREAT, Subject::kNewFile);
+  const Result<PosixFile> file = OpenLocked(path, O_WRONLY | O_APPEND | O_CREAT, Subject::kNewFile);
   if (!file.ok()) return file.status;
-  LockForAppending(*file);
   struct stat before;
   if (fstat(file->descriptor(), &before) != 0) return SystemError(errno, path, Subject::kFile);
   Status appended = WriteAll(*file, bytes, path);
@@ -187,6 +206,16 @@ Status PosixFiles::Append(const std::string& path, std::string_view bytes) {
     appended.message += ", and part of the addition may be left in it";
   }
   return appended;
+}
+
+Status PosixFiles::Update(const std::string& path, const FileChange& change,
+                          std::uint64_t most_bytes) {
+  const Result<PosixFile> file = OpenLocked(path, O_RDWR, Subject::kFile);
+  if (!file.ok()) return file.status;
+  const Result<std::string> bytes = ContentOf(*file, path, most_bytes);
+  if (!bytes.ok()) return bytes.status;
+  const std::optional<std::string> changed = change(*bytes);
+  return changed ? Replace(path, *changed) : Status::Ok();
 }
 
 std::string PosixFiles::TemporaryBeside(const std::string& path) {

@@ -16,6 +16,8 @@ class PosixFiles : public Files {
   Status CreateFolder(const std::string& folder) override;
   Status Replace(const std::string& path, std::string_view bytes) override;
   Status Append(const std::string& path, std::string_view bytes) override;
+  Status Update(const std::string& path, const FileChange& change,
+                std::uint64_t most_bytes) override;
   std::string TemporaryBeside(const std::string& path) override;
   Status Publish(const std::string& temporary, const std::string& path) override;
   Status Move(const std::string& from, const std::string& to) override;

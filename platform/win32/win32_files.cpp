@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include "platform/win32/file_handle.h"
+#include "platform/win32/file_lock.h"
 #include "platform/win32/utf16.h"
 #include "platform/win32/wide_path.h"
 #include "platform/win32/win32_error.h"
@@ -96,34 +97,8 @@ DWORD MoveFileTo(const std::wstring& from, const std::wstring& to, DWORD flags) 
       [&] { return MoveFileExW(from.c_str(), to.c_str(), flags | MOVEFILE_WRITE_THROUGH); });
 }
 
-// Holds everybody else who appends to `file` off, for its lifetime. The byte that is locked lies
-// far behind the end of any file, so that readers are not disturbed.
-class AppendLock {
- public:
-  explicit AppendLock(HANDLE file) : file_(file) {
-    where_.OffsetHigh = 0x40000000;
-    held_ = LockFileEx(file_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &where_) != 0;
-    if (!held_) error_ = GetLastError();
-  }
-  ~AppendLock() {
-    if (held_) UnlockFileEx(file_, 0, 1, 0, &where_);
-  }
-  AppendLock(const AppendLock&) = delete;
-  AppendLock& operator=(const AppendLock&) = delete;
-
-  DWORD error() const { return error_; }
-
- private:
-  HANDLE file_;
-  OVERLAPPED where_ = {};
-  bool held_;
-  DWORD error_ = ERROR_SUCCESS;
-};
-
-// Appends under the lock. On failure the file has its old length again.
-DWORD AppendLocked(FileHandle& file, std::string_view bytes) {
-  const AppendLock lock(file.get());
-  if (lock.error() != ERROR_SUCCESS) return lock.error();
+// On failure the file has its old length again.
+DWORD AppendTo(FileHandle& file, std::string_view bytes) {
   LARGE_INTEGER end;
   if (!SetFilePointerEx(file.get(), {}, &end, FILE_END)) return GetLastError();
   DWORD error = file.Write(bytes);
@@ -223,15 +198,27 @@ Status Win32Files::Replace(const std::string& path, std::string_view bytes) {
 Status Win32Files::Append(const std::string& path, std::string_view bytes) {
   const std::optional<std::wstring> wide = WidePath(path);
   if (!wide) return InvalidName(path);
-  FileHandle file =
-      FileHandle::Open(*wide, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS);
+  const FileLock lock(*wide);
+  if (lock.error() != ERROR_SUCCESS) return FileError(path, lock.error(), Subject::kNewFile);
+  FileHandle file = FileHandle::Open(*wide, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS);
   if (!file.is_open()) return FileError(path, file.error(), Subject::kNewFile);
-  const DWORD error = AppendLocked(file, bytes);
+  const DWORD error = AppendTo(file, bytes);
   if (error == ERROR_SUCCESS) return Status::Ok();
   file.Close();
-  // Another program that appends to the new file by now holds it open and so keeps it.
   if (!file.was_there()) DeleteFileW(wide->c_str());
   return FileError(path, error, Subject::kNewFile);
+}
+
+Status Win32Files::Update(const std::string& path, const FileChange& change,
+                          std::uint64_t most_bytes) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide || !FileExists(path)) return NoSuch(path, Subject::kFile);
+  const FileLock lock(*wide);
+  if (lock.error() != ERROR_SUCCESS) return FileError(path, lock.error(), Subject::kFile);
+  const Result<std::string> bytes = Read(path, most_bytes);
+  if (!bytes.ok()) return bytes.status;
+  const std::optional<std::string> changed = change(*bytes);
+  return changed ? Replace(path, *changed) : Status::Ok();
 }
 
 std::string Win32Files::TemporaryBeside(const std::string& path) {

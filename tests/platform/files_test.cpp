@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <atomic>
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <thread>
 
 #include "platform/system.h"
+#include "tests/support/crowded_file.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarnwell {
@@ -112,23 +114,42 @@ TEST_F(FilesTest, ListsFilesAndFolders) {
   EXPECT_EQ(by_name["\xC3\xA9"].size, 0u);
 }
 
+TEST_F(FilesTest, UpdateReplacesWhatItWasHanded) {
+  const std::string path = folder.Write("a", "old");
+  const auto becomes = [](std::optional<std::string> after) {
+    return [after](std::string_view before) {
+      EXPECT_EQ(before, "old");
+      return after;
+    };
+  };
+  EXPECT_TRUE(files->Update(path, becomes(std::nullopt)).ok());
+  EXPECT_EQ(folder.Read("a"), "old");
+  ExpectFails(files->Update(path, becomes("never"), 2), Failure::kTooLarge, path);
+  EXPECT_EQ(folder.Read("a"), "old");
+  EXPECT_TRUE(files->Update(path, becomes("new"), 3).ok());
+  EXPECT_EQ(folder.Read("a"), "new");
+  EXPECT_TRUE(files->Append(path, "er").ok());
+  EXPECT_EQ(folder.Read("a"), "newer");
+  EXPECT_EQ(folder.Names(), Names{"a"}) << "something was left beside it";
+
+  const std::string missing = folder.File("missing");
+  ExpectFails(files->Update(missing, becomes("never")), Failure::kNotFound, missing);
+  EXPECT_EQ(folder.Names(), Names{"a"}) << "a file was made";
+}
+
 TEST_F(FilesTest, AppendsFromManyHandsLoseAndMixNothing) {
-  constexpr int kWriters = 4, kLines = 25;
-  const std::string path = folder.File("Smart Data.tsd");
+  CrowdedFile crowded(folder.File("Smart Data.tsd"));
+  std::atomic<int> at_work = CrowdedFile::kWriters;
   std::vector<std::thread> writers;
-  for (int writer = 0; writer < kWriters; ++writer) {
-    writers.emplace_back([&path, writer] {
-      const auto own = MakeSystemFiles();
-      const std::string line = std::string(300, static_cast<char>('a' + writer)) + "\r\n";
-      for (int i = 0; i < kLines; ++i) EXPECT_TRUE(own->Append(path, line).ok());
+  for (int writer = 0; writer < CrowdedFile::kWriters; ++writer) {
+    writers.emplace_back([&crowded, &at_work, writer] {
+      EXPECT_TRUE(crowded.AppendAll(writer));
+      --at_work;
     });
   }
+  while (at_work > 0) crowded.TakeFirstLines();
   for (std::thread& writer : writers) writer.join();
-  const std::string bytes = folder.Read("Smart Data.tsd");
-  ASSERT_EQ(bytes.size(), std::size_t{kWriters * kLines * 302});
-  for (std::size_t at = 0; at < bytes.size(); at += 302) {
-    EXPECT_EQ(bytes.substr(at, 302), std::string(300, bytes[at]) + "\r\n");
-  }
+  crowded.ExpectEveryLineOnce();
 }
 
 TEST_F(FilesTest, TemporaryNamesAreNeverSharedAndLieBeside) {

@@ -30,6 +30,10 @@ class ForwardingFiles : public Files {
   Status Append(const std::string& path, std::string_view bytes) override {
     return target_->Append(path, bytes);
   }
+  Status Update(const std::string& path, const FileChange& change,
+                std::uint64_t most_bytes) override {
+    return target_->Update(path, change, most_bytes);
+  }
   std::string TemporaryBeside(const std::string& path) override {
     return target_->TemporaryBeside(path);
   }

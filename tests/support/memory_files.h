@@ -43,6 +43,14 @@ class MemoryFiles final : public Files {
     return Replace(path, files[path] + std::string(bytes));
   }
 
+  Status Update(const std::string& path, const FileChange& change,
+                std::uint64_t most_bytes) override {
+    const Result<std::string> bytes = Read(path, most_bytes);
+    if (!bytes.ok()) return bytes.status;
+    const std::optional<std::string> changed = change(*bytes);
+    return changed ? Replace(path, *changed) : Status::Ok();
+  }
+
   std::string TemporaryBeside(const std::string& path) override { return path + ".tmp"; }
   Status Publish(const std::string& temporary, const std::string& path) override {
     return Move(temporary, path);
