@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 
 #include "shell/lenient_number.h"
 
@@ -81,7 +82,8 @@ StoredRecord ParseLearningRecord(std::string_view line) {
     const std::size_t separator = line.find(kSeparator);
     const std::string_view field = line.substr(0, separator);
     if (record.field_count < kRecordColumns) {
-      if (const auto number = ParseLenientNumber(field)) {
+      const auto number = ParseLenientNumber(field);
+      if (number && std::fabs(*number) <= std::numeric_limits<float>::max()) {
         record.fields[record.field_count] = static_cast<float>(*number);
       }
     }
