@@ -8,6 +8,7 @@
 #include "engine/learning_data.h"
 #include "imaging/output_names.h"
 #include "imaging/pixel_buffer.h"
+#include "shell/window_memory.h"
 
 namespace tarnwell {
 
@@ -38,6 +39,8 @@ struct Form1 {
   std::string lblTitleCaption = " - Unnamed Photo";
   std::string caption = {};             // of the window
   std::vector<std::string> File1 = {};  // names of the photos in the current photo's folder
+
+  WindowMemory memory = {};
 
   int threads = 1;  // worker threads a pass may use, the calling one included
 

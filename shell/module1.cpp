@@ -7,6 +7,7 @@ void SetProgramFolder(Module1& app, const std::string& program_folder,
   app.program_folder = program_folder;
   if (!app.program_folder.ends_with('\\')) app.program_folder += '\\';
   app.help_file = app.program_folder + executable_base_name + ".hlp";
+  app.settings_file = app.program_folder + executable_base_name + ".ini";
   app.queue_file = app.program_folder + "queue.ini";
   app.cameras_root = app.program_folder + "Cameras\\";
   SetProfile(app, "Default", "Default");

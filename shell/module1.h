@@ -12,6 +12,7 @@ struct Module1 {
   std::string program_folder;
   std::string help_file;
   std::string queue_file;
+  std::string settings_file;  // the last-used settings
   std::string cameras_root;
   std::string camera_folder;
   std::string mode_folder;
@@ -30,6 +31,7 @@ struct Module1 {
   bool auto_preview = false;         // a preview run follows every open
   bool confirm_reset = true;         // "Default Values" asks first
   int open_mode = 0;                 // what opening a photo does to the panel (0 to 2)
+  bool power_toys = false;           // the power-toys menu is shown, its settings are kept
 
   std::string learning_record;     // of the last run; empty when it measured nothing
   bool suppress_learning = false;  // nothing is learnt from this photo
