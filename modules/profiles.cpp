@@ -1,6 +1,7 @@
 #include "modules/profiles.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "modules/frm_modules.h"
 #include "modules/profile_names.h"
@@ -93,21 +94,26 @@ Result<std::vector<std::string>> ListProfiles(const Module1& app, Files& files,
   return names;
 }
 
+void SelectProfileByName(Module1& app, Platform& platform, frmModules& panel, std::string camera,
+                         std::string mode) {
+  SetProfile(app, camera, mode);
+  panel.camera = std::move(camera);
+  panel.mode = std::move(mode);
+  // A camera folder that was made by hand may lack the mode.
+  const Status there = EnsureProfileFolders(app, platform.files);
+  if (!there.ok()) return Explain(app, platform, there);
+  picMode_Click(app, platform, panel, WhiteBalanceMode::kModeDefault);
+}
+
 void SelectProfile(Module1& app, Platform& platform, frmModules& panel, ProfileList list,
                    const std::string& entry) {
   if (entry.empty()) return;
   const std::string name = entry.substr(1);
   if (list == ProfileList::kCameras) {
-    panel.camera = name;
-    panel.mode = kDefaultName;
+    SelectProfileByName(app, platform, panel, name, kDefaultName);
   } else {
-    panel.mode = name;
+    SelectProfileByName(app, platform, panel, panel.camera, name);
   }
-  SetProfile(app, panel.camera, panel.mode);
-  // A camera folder that was made by hand may lack the mode.
-  const Status there = EnsureProfileFolders(app, platform.files);
-  if (!there.ok()) return Explain(app, platform, there);
-  picMode_Click(app, platform, panel, WhiteBalanceMode::kModeDefault);
 }
 
 void NewCamera(Module1& app, Platform& platform, frmModules& panel) {

@@ -26,9 +26,13 @@ Status EnsureProfileFolders(const Module1& app, Files& files);
 Result<std::vector<std::string>> ListProfiles(const Module1& app, Files& files,
                                               const frmModules& panel, ProfileList list);
 
-// A click on an entry of a list. A camera is selected with its mode "Default". White balance mode 0
-// is selected again, which reads the mode's white balance. What was learnt for camera and mode is
-// the caller's to load again.
+// Selects camera and mode: captions and folders (made when missing), then white balance mode 0,
+// which reads the mode's white balance. Failures are told to the user. What was learnt for camera
+// and mode is the caller's to load again, here and below.
+void SelectProfileByName(Module1& app, Platform& platform, frmModules& panel, std::string camera,
+                         std::string mode);
+
+// A click on an entry of a list. A camera is selected with its mode "Default".
 void SelectProfile(Module1& app, Platform& platform, frmModules& panel, ProfileList list,
                    const std::string& entry);
 

@@ -1,0 +1,163 @@
+#include "shell/start_state.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/learning_store.h"
+#include "shell/profile_selection.h"
+#include "shell/settings_store.h"
+#include "tests/support/test_window.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr char kNight[] = "program\\Cameras\\Phone\\Night\\";
+
+std::string Record() {
+  return FormatLearningRecord({612, 30, 229, 7, 0.5, 0.1, 0.4, 0.2, 700, 0}) + "\r\n";
+}
+
+// A window whose camera "Phone" has the mode "Night" with a white balance and two learnt records.
+struct WindowWithNight : TestWindow {
+  WindowWithNight() {
+    folder.Write(std::string(kNight) + "White Balance.wbs",
+                 "Red: 10\r\nGrn: 20\r\nBlu: 30\r\nSld: 145\r\n");
+    folder.Write(std::string(kNight) + kLearningFile, Record() + Record());
+    folder.Write("program\\Cameras\\Default\\Default\\Smart Data.tsd", Record());
+  }
+  std::string Profile() const { return modules.camera + "/" + modules.mode; }
+};
+
+TEST(ProfileSelectionTest, SelectingBringsFoldersWhiteBalanceAndLearning) {
+  WindowWithNight window;
+  window.modules.white_balance_mode = WhiteBalanceMode::kPickedPixel;
+  SelectCameraAndMode(window.form, "Phone", "Night");
+  EXPECT_EQ(window.Profile(), "Phone/Night");
+  EXPECT_EQ(window.app.mode_folder, window.folder.File(kNight));
+  EXPECT_EQ(window.modules.white_balance_mode, WhiteBalanceMode::kModeDefault);
+  EXPECT_EQ(window.modules.lblWhiteClr, (Rgb{10, 20, 30}));
+  EXPECT_EQ(window.modules.sliders[2].text, "80");
+  EXPECT_EQ(window.form.learning.records.size(), 2u);
+
+  ProfileEntry_Click(window.form, ProfileList::kModes, " Day");
+  EXPECT_EQ(window.Profile(), "Phone/Day");
+  EXPECT_TRUE(window.folder.Holds("program\\Cameras\\Phone\\Day\\White Balance.wbs"));
+  EXPECT_TRUE(window.form.learning.records.empty());
+
+  ProfileEntry_Click(window.form, ProfileList::kModes, " Night");
+  EXPECT_EQ(window.form.learning.records.size(), 2u);
+  ProfileEntry_Click(window.form, ProfileList::kCameras, ">Default");
+  EXPECT_EQ(window.Profile(), "Default/Default");
+  EXPECT_EQ(window.form.learning.records.size(), 1u);
+  EXPECT_TRUE(window.dialogs.shown.empty());
+}
+
+TEST(ProfileSelectionTest, ANewModeHasLearntNothing) {
+  WindowWithNight window;
+  SelectCameraAndMode(window.form, "Phone", "Night");
+  window.dialogs.texts = {"Snow", ""};
+  NewModeClick(window.form);
+  EXPECT_EQ(window.Profile(), "Phone/Snow");
+  EXPECT_TRUE(window.form.learning.records.empty());
+}
+
+TEST(ProfileSelectionTest, DefaultValuesOfTheFirstModuleGoBackToDefault) {
+  for (const Answer answer : {Answer::kYes, Answer::kNo}) {
+    WindowWithNight window;
+    SelectCameraAndMode(window.form, "Phone", "Night");
+    window.dialogs.answers = {answer};
+    const bool yes = answer == Answer::kYes;
+    EXPECT_EQ(DefaultValuesClick(window.form, kCameraAndMode), yes);
+    EXPECT_EQ(window.Profile(), yes ? "Default/Default" : "Phone/Night");
+    EXPECT_EQ(window.form.learning.records.size(), yes ? 1u : 2u);
+  }
+}
+
+TEST(ProfileSelectionTest, ADamagedLearningFileIsToldAndTheRestOfItCounts) {
+  WindowWithNight window;
+  window.folder.Write(std::string(kNight) + kLearningFile, Record() + "1\t2\r\n" + Record());
+  SelectCameraAndMode(window.form, "Phone", "Night");
+  EXPECT_EQ(window.form.learning.records.size(), 3u);
+  ASSERT_EQ(window.dialogs.Told().size(), 1u);
+  EXPECT_NE(window.dialogs.Told()[0].find("Smart Data.tsd: line 2: "), std::string::npos);
+}
+
+TEST(StartStateTest, AFirstStartMakesTheFolders) {
+  TestWindow window;
+  SetProgramFolder(window.app, window.folder.File("fresh"), "TarnwellPocket");
+  LoadStartState(window.form);
+  EXPECT_TRUE(window.folder.Holds("fresh\\Cameras\\Default\\Default\\White Balance.wbs"));
+  EXPECT_EQ(window.modules.camera + window.modules.mode, "DefaultDefault");
+  EXPECT_TRUE(window.dialogs.shown.empty());
+}
+
+TEST(StartStateTest, CameraAndModeComeBackWhereTheirFoldersAreStillThere) {
+  const struct {
+    const char* camera;
+    const char* mode;
+    const char* expected;
+  } kRows[] = {
+      {"Phone", "Night", "Phone/Night"},    {"Phone", "Gone", "Phone/Default"},
+      {"Gone", "Night", "Default/Default"}, {"..", "Cameras", "Default/Default"},
+      {"Phone", "..", "Phone/Default"},     {"Phone\\Night", "", "Default/Default"},
+      {"", "", "Default/Default"},          {"Phone", "~ Dead Pixels", "Phone/Default"},
+  };
+  for (const auto& row : kRows) {
+    WindowWithNight before, window;
+    window.folder.MakeFolder("program\\Cameras\\Phone\\~ Dead Pixels");
+    before.modules.camera = row.camera;
+    before.modules.mode = row.mode;
+    ASSERT_TRUE(INISave(before.form).ok());
+    window.folder.Write("program\\TarnwellPocket.ini",
+                        before.folder.Read("program\\TarnwellPocket.ini"));
+    LoadStartState(window.form);
+    EXPECT_EQ(window.Profile(), row.expected) << row.camera << "/" << row.mode;
+    const bool night = window.Profile() == "Phone/Night";
+    EXPECT_EQ(window.modules.lblWhiteClr, (night ? Rgb{10, 20, 30} : Rgb{192, 192, 192}));
+    EXPECT_TRUE(window.dialogs.shown.empty());
+  }
+}
+
+TEST(StartStateTest, AWhiteReferenceOfOnesOwnStaysInForce) {
+  TestWindow window;
+  window.modules.custom_white_file =
+      window.folder.Write("snow.wbs", "Red: 1\r\nGrn: 2\r\nBlu: 3\r\nSld: 0\r\n");
+  window.modules.picked_white = Rgb{7, 8, 9};
+  SetSliderValue(window.modules, 2, 61);
+
+  window.modules.white_balance_mode = WhiteBalanceMode::kPickedPixel;
+  SelectStartProfile(window.form);
+  EXPECT_EQ(window.modules.white_balance_mode, WhiteBalanceMode::kPickedPixel);
+  EXPECT_EQ(window.modules.lblWhiteClr, (Rgb{7, 8, 9}));
+  EXPECT_EQ(window.modules.sliders[2].text, "61");
+
+  window.modules.white_balance_mode = WhiteBalanceMode::kCustomFile;
+  SelectStartProfile(window.form);
+  EXPECT_EQ(window.modules.white_balance_mode, WhiteBalanceMode::kCustomFile);
+  EXPECT_EQ(window.modules.lblWhiteClr, (Rgb{1, 2, 3}));
+  EXPECT_EQ(window.modules.sliders[2].text, "61");
+
+  ASSERT_TRUE(window.files->Delete(window.modules.custom_white_file).ok());
+  SelectStartProfile(window.form);
+  EXPECT_EQ(window.modules.white_balance_mode, WhiteBalanceMode::kModeDefault);
+  EXPECT_EQ(window.modules.custom_white_file, "");
+  EXPECT_TRUE(window.dialogs.shown.empty());
+}
+
+TEST(StartStateTest, DamagedFilesAreToldOneByOneAndStay) {
+  TestWindow window;
+  const char* kFiles[] = {"program\\powertoys.ini", "program\\skintones.ski",
+                          "program\\TarnwellPocket.ini"};
+  const std::string kTexts[] = {"x\r\n", "Pale\r\n", std::string(TARNWELL_VERSION) + "\r\n"};
+  for (int i = 0; i < 3; ++i) window.folder.Write(kFiles[i], kTexts[i]);
+  LoadStartState(window.form);
+  const auto told = window.dialogs.Told();
+  ASSERT_EQ(told.size(), 3u);
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_TRUE(told[i].starts_with(window.files->Display(window.folder.File(kFiles[i])) + ": "))
+        << told[i];
+    EXPECT_EQ(window.folder.Read(kFiles[i]), kTexts[i]);
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell
