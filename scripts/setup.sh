@@ -15,7 +15,7 @@ for group in "$@"; do
         wine wine64 xvfb xauth fonts-liberation fonts-wine)
       ;;
     window32) packages+=(g++-mingw-w64-i686-posix) ;;
-    test) packages+=(googletest) ;;
+    test) packages+=(googletest libbenchmark-dev) ;;
     fuzz) packages+=(clang libclang-rt-dev) ;;
     format) packages+=(git clang-format) ;;
     *)
