@@ -3,6 +3,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "console/console_dialogs.h"
 #include "console/console_events.h"
@@ -11,6 +12,7 @@
 #include "console/panel_settings.h"
 #include "console/progress_bar.h"
 #include "engine/adjust_photo.h"
+#include "engine/learning_store.h"
 #include "imaging/file_open.h"
 #include "imaging/file_save.h"
 #include "imaging/output_names.h"
@@ -29,6 +31,7 @@ constexpr int kLeaveSettingsAlone = 2;  // photo open mode
 struct StartingPoint {
   Module1 app;
   frmModules modules = FirstStartPanel();
+  LearningData learning;
 };
 
 class CorrectCommand {
@@ -78,17 +81,17 @@ int CorrectCommand::Run() {
 }
 
 Status CorrectCommand::Prepare() {
-  const std::string& chosen = options_.settings.program_folder;
-  const std::string folder = chosen.empty() ? SystemDataFolder() : files().Absolute(chosen);
-  if (folder.empty()) {
-    return Status::Error(Failure::kNotFound,
-                         "This user has no data folder; please name one with --program-folder.");
-  }
-  SetProgramFolder(start_.app, folder, "tarnwell-pocket");
+  const Status found = UseProgramFolder(options_.settings.program_folder, files(), start_.app);
+  if (!found.ok()) return found;
   start_.app.open_mode = kLeaveSettingsAlone;
   ConsoleEvents events(host_.interrupted, start_.app.cancel_requested);
   Platform platform = PlatformWith(events);
-  return ApplySettings(options_.settings, platform, start_.app, start_.modules);
+  const Status applied = ApplySettings(options_.settings, platform, start_.app, start_.modules);
+  if (!applied.ok()) return applied;
+  LoadedLearning learnt = LoadLearningData(files(), start_.app.mode_folder);
+  if (!learnt.status.ok()) host_.err << learnt.status.message << std::endl;
+  start_.learning = std::move(learnt.data);
+  return Status::Ok();
 }
 
 std::string CorrectCommand::OutputPath(const std::string& photo) {
@@ -133,6 +136,7 @@ Status CorrectCommand::CorrectPhoto(const std::string& photo) {
     ConsoleEvents events(host_.interrupted, app.cancel_requested);
     Platform platform = PlatformWith(events);
     Form1 form{.app = app, .platform = platform, .modules = modules, .progress = progress};
+    form.learning = start_.learning;
     form.threads =
         options_.settings.threads > 0 ? options_.settings.threads : SystemProcessorCount();
 

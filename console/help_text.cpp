@@ -48,6 +48,9 @@ std::string CommandsHelp() {
          "\n"
          "Commands:\n"
          "  correct PHOTO...   corrects photos and saves each as a new file\n"
+         "  presets save FILE  keeps settings in a preset\n"
+         "  cameras            lists cameras, modes and how much was learnt for them\n"
+         "  learning           tells or resets what was learnt for a camera and mode\n"
          "\n"
          "  COMMAND --help     everything that a command understands\n"
          "  --version          the version of this program\n";

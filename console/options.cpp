@@ -11,6 +11,12 @@ constexpr char kCorrectUsage[] =
     "Usage: tarnwell-pocket correct PHOTO... [settings]\n"
     "                               [--output FILE | --output-folder DIR] [--preview] [--record]\n";
 
+constexpr char kPresetsUsage[] = "Usage: tarnwell-pocket presets save FILE.twp [settings]\n";
+constexpr char kCamerasUsage[] = "Usage: tarnwell-pocket cameras [--program-folder DIR]\n";
+constexpr char kLearningUsage[] =
+    "Usage: tarnwell-pocket learning [--camera NAME] [--mode NAME] [--reset]\n"
+    "                                [--program-folder DIR]\n";
+
 constexpr int kMostThreads = 256;
 
 // An option that may be given again and again, one word each time, read by `parse`.
@@ -48,6 +54,13 @@ CLI::Option* AddSingle(CLI::App& app, const std::string& name, const std::string
           description)
       ->type_name(placeholder)
       ->group("Settings");
+}
+
+CLI::Option* AddProgramFolder(CLI::App& app, std::string& folder) {
+  return app
+      .add_option("--program-folder", folder,
+                  "Folder that holds the camera tree (your data folder unless said)")
+      ->type_name("DIR");
 }
 
 void AddSettings(CLI::App& app, Settings& settings) {
@@ -104,10 +117,7 @@ void AddSettings(CLI::App& app, Settings& settings) {
       ->check(CLI::Range(1, kMostThreads).description(""))
       ->group("Settings");
   app.add_flag("--quiet", settings.quiet, "Show no progress")->group("Settings");
-  app.add_option("--program-folder", settings.program_folder,
-                 "Folder that holds the camera tree (your data folder unless said)")
-      ->type_name("DIR")
-      ->group("Settings");
+  AddProgramFolder(app, settings.program_folder)->group("Settings");
 }
 
 // Runs the parser over the words. What it refuses ends with its text, then `usage`.
@@ -168,6 +178,43 @@ ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& wo
                  kCorrectUsage;
   }
   return parsed;
+}
+
+ParsedWords<PresetsOptions> ParsePresetsWords(const std::vector<std::string>& words) {
+  PresetsOptions options;
+  CLI::App app("Keeps settings in a preset, which --preset puts in force again.",
+               "tarnwell-pocket presets");
+  app.allow_windows_style_options(false);
+  app.footer(SettingsHelp);
+  std::string action;
+  app.add_option("ACTION", action, "\"save\": writes the preset, replacing a file of this name")
+      ->required()
+      ->check(CLI::IsMember({"save"}).description(""))
+      ->type_name("");
+  app.add_option("FILE", options.file, "The preset to write")->required()->type_name("");
+  AddSettings(app, options.settings);
+  return Parse(app, words, options, kPresetsUsage);
+}
+
+ParsedWords<CamerasOptions> ParseCamerasWords(const std::vector<std::string>& words) {
+  CamerasOptions options;
+  CLI::App app("Lists cameras, their modes, and how many corrections were learnt for each.",
+               "tarnwell-pocket cameras");
+  app.allow_windows_style_options(false);
+  AddProgramFolder(app, options.program_folder);
+  return Parse(app, words, options, kCamerasUsage);
+}
+
+ParsedWords<LearningOptions> ParseLearningWords(const std::vector<std::string>& words) {
+  LearningOptions options;
+  CLI::App app("Tells how many corrections were learnt for a camera and mode, or forgets them.",
+               "tarnwell-pocket learning");
+  app.allow_windows_style_options(false);
+  app.add_option("--camera", options.camera, "The camera (Default unless said)")->type_name("NAME");
+  app.add_option("--mode", options.mode, "Its mode (Default unless said)")->type_name("NAME");
+  app.add_flag("--reset", options.reset, "Delete permanently what was learnt, without a question");
+  AddProgramFolder(app, options.program_folder);
+  return Parse(app, words, options, kLearningUsage);
 }
 
 }  // namespace tarnwell

@@ -38,6 +38,22 @@ struct CorrectOptions {
   bool record = false;              // prints the learning record
 };
 
+struct PresetsOptions {
+  Settings settings;
+  std::string file;  // the preset to write
+};
+
+struct CamerasOptions {
+  std::string program_folder;  // empty: the user's data folder
+};
+
+struct LearningOptions {
+  std::string camera = "Default";
+  std::string mode = "Default";
+  std::string program_folder;  // empty: the user's data folder
+  bool reset = false;
+};
+
 // What became of a command's words: its options, or texts to print and an exit code. A request for
 // help ends with code 0 and text for standard output, a mistake with code 2 and text for standard
 // error.
@@ -49,7 +65,10 @@ struct ParsedWords {
   std::string err;
 };
 
-// Reads the words behind "correct".
+// Each reads the words behind its command.
 ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& words);
+ParsedWords<PresetsOptions> ParsePresetsWords(const std::vector<std::string>& words);
+ParsedWords<CamerasOptions> ParseCamerasWords(const std::vector<std::string>& words);
+ParsedWords<LearningOptions> ParseLearningWords(const std::vector<std::string>& words);
 
 }  // namespace tarnwell

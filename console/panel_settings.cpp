@@ -7,6 +7,7 @@
 #include "modules/white_balance.h"
 #include "platform/files.h"
 #include "platform/platform.h"
+#include "platform/system.h"
 #include "shell/module1.h"
 
 namespace tarnwell {
@@ -55,6 +56,16 @@ void ApplySingleSettings(const Settings& settings, Module1& app, frmModules& pan
 }
 
 }  // namespace
+
+Status UseProgramFolder(const std::string& named, Files& files, Module1& app) {
+  const std::string folder = named.empty() ? SystemDataFolder() : files.Absolute(named);
+  if (folder.empty()) {
+    return Status::Error(Failure::kNotFound,
+                         "This user has no data folder; please name one with --program-folder.");
+  }
+  SetProgramFolder(app, folder, "tarnwell-pocket");
+  return Status::Ok();
+}
 
 Status ApplySettings(const Settings& settings, Platform& platform, Module1& app,
                      frmModules& panel) {

@@ -5,9 +5,14 @@
 
 namespace tarnwell {
 
+class Files;
 struct Module1;
 struct Platform;
 struct frmModules;
+
+// Points the program at its folder: the one that was named, or the user's data folder. Fails when
+// there is neither.
+Status UseProgramFolder(const std::string& named, Files& files, Module1& app);
 
 // Brings the settings of a command into force, in a fixed order whatever the order of the words:
 // camera and mode (made when missing), the preset, the white balance reference (whose file also

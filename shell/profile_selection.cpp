@@ -53,14 +53,13 @@ bool DefaultValuesClick(Form1& form, int module) {
   return true;
 }
 
-bool IsCamera(Form1& form, const std::string& camera) {
-  return IsFolderName(camera) &&
-         form.platform.files.FolderExists(form.app.cameras_root + camera + "\\");
+bool IsCamera(const Module1& app, Files& files, const std::string& camera) {
+  return IsFolderName(camera) && files.FolderExists(app.cameras_root + camera + "\\");
 }
 
-bool IsMode(Form1& form, const std::string& camera, const std::string& mode) {
-  return IsCamera(form, camera) && IsFolderName(mode) &&
-         form.platform.files.FolderExists(form.app.cameras_root + camera + "\\" + mode + "\\");
+bool IsMode(const Module1& app, Files& files, const std::string& camera, const std::string& mode) {
+  return IsCamera(app, files, camera) && IsFolderName(mode) &&
+         files.FolderExists(app.cameras_root + camera + "\\" + mode + "\\");
 }
 
 }  // namespace tarnwell

@@ -6,7 +6,9 @@
 
 namespace tarnwell {
 
+class Files;
 struct Form1;
+struct Module1;
 
 // What the program does whenever another camera or mode comes into force: captions and folders
 // (made when missing), the mode's white balance, and what was learnt for it, in this order.
@@ -23,7 +25,7 @@ void NewModeClick(Form1& form);
 bool DefaultValuesClick(Form1& form, int module);
 
 // Whether a name, of whatever origin, is that of an existing camera, or of an existing mode of it.
-bool IsCamera(Form1& form, const std::string& camera);
-bool IsMode(Form1& form, const std::string& camera, const std::string& mode);
+bool IsCamera(const Module1& app, Files& files, const std::string& camera);
+bool IsMode(const Module1& app, Files& files, const std::string& camera, const std::string& mode);
 
 }  // namespace tarnwell

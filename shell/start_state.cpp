@@ -42,8 +42,9 @@ bool TakeOwnReference(Form1& form, WhiteBalanceMode mode) {
 
 void SelectStartProfile(Form1& form) {
   frmModules& panel = form.modules;
-  if (!IsCamera(form, panel.camera)) panel.camera = panel.mode = kDefaultName;
-  if (!IsMode(form, panel.camera, panel.mode)) panel.mode = kDefaultName;
+  Files& files = form.platform.files;
+  if (!IsCamera(form.app, files, panel.camera)) panel.camera = panel.mode = kDefaultName;
+  if (!IsMode(form.app, files, panel.camera, panel.mode)) panel.mode = kDefaultName;
 
   // Selecting a mode selects its own white balance.
   const WhiteBalanceMode mode = panel.white_balance_mode;

@@ -1,0 +1,64 @@
+#include "console/presets_command.h"
+
+#include <string>
+
+#include "console/console_dialogs.h"
+#include "console/console_events.h"
+#include "console/console_host.h"
+#include "console/console_system.h"
+#include "console/panel_settings.h"
+#include "modules/frm_modules.h"
+#include "modules/presets.h"
+#include "platform/platform.h"
+#include "shell/module1.h"
+
+namespace tarnwell {
+namespace {
+
+// The words of `settings` whose effect a preset does not carry.
+std::string WordsNotKept(const Settings& settings) {
+  std::string words;
+  const auto add = [&words](bool given, const std::string& word) {
+    if (given) words += (words.empty() ? "" : ", ") + word;
+  };
+  for (const CheckSetting& setting : settings.checks) {
+    add(setting.check < kUseLearntCorrections, "--check " + std::to_string(setting.check));
+  }
+  if (settings.learn) add(true, *settings.learn ? "--learn" : "--no-learn");
+  add(settings.rotation.has_value(), "--rotation");
+  add(settings.white.has_value(), "--white");
+  add(settings.analyze_full, "--analyze");
+  add(settings.extended_noise, "--extended-noise");
+  return words;
+}
+
+}  // namespace
+
+int RunPresetsCommand(const PresetsOptions& options, ConsoleHost& host) {
+  ConsoleSystem system;
+  ConsoleDialogs dialogs(host.err, /*save_thumbnail=*/false);
+  Module1 app;
+  ConsoleEvents events(host.interrupted, app.cancel_requested);
+  Platform platform{*system.files, *system.codec, *system.jpeg,    dialogs,
+                    events,        *system.clock, system.clipboard};
+  frmModules panel = FirstStartPanel();
+  Status status = UseProgramFolder(options.settings.program_folder, *system.files, app);
+  if (status.ok()) status = ApplySettings(options.settings, platform, app, panel);
+  if (!status.ok()) {
+    host.err << status.message << std::endl;
+    return kWrongUsage;
+  }
+  const std::string path = system.files->Absolute(options.file);
+  status = WritePreset(app, *system.files, panel, path);
+  if (!status.ok()) {
+    host.err << status.message << std::endl;
+    return kSomePhotoFailed;
+  }
+  const std::string not_kept = WordsNotKept(options.settings);
+  if (!not_kept.empty()) {
+    host.err << system.files->Display(path) << ": a preset does not keep " << not_kept << std::endl;
+  }
+  return kDone;
+}
+
+}  // namespace tarnwell
