@@ -1,6 +1,8 @@
 #include "shell/menu_click.h"
 
 #include "automation/render_directory.h"
+#include "deadpixels/dead_pixel_reset.h"
+#include "engine/learning_store.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "shell/dispatch.h"
@@ -73,6 +75,10 @@ void RunToolsRow(MainWindow& window, int row) {
     case 3:
       form.app.extended_noise = !form.app.extended_noise;
       return;
+    case 5:
+      return ResetLearningSystem(form.app, form.platform);
+    case 6:
+      return ResetDeadPixelSystem(form.app, form.platform);
     case 8:
       return Command1_Click(form, [&](const std::string& text) { window.view.ShowStatus(text); });
   }

@@ -5,18 +5,14 @@
 #include "engine/learning_store.h"
 #include "modules/frm_modules.h"
 #include "modules/profile_names.h"
-#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/module1.h"
+#include "shell/tell.h"
 
 namespace tarnwell {
 namespace {
-
-void TellFailure(Form1& form, const Status& status) {
-  if (!status.ok()) form.platform.dialogs.Tell(form.app.title, status.message, Icon::kExclamation);
-}
 
 void LoadLearning(Form1& form) {
   LoadedLearning loaded = LoadLearningData(form.platform.files, form.app.mode_folder);

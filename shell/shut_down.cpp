@@ -7,6 +7,9 @@
 #include "shell/main_view.h"
 #include "shell/main_window.h"
 #include "shell/module1.h"
+#include "shell/settings_store.h"
+#include "shell/tell.h"
+#include "shell/tips.h"
 
 namespace tarnwell {
 
@@ -20,6 +23,9 @@ bool CloseMainWindow(MainWindow& window) {
   const Occupied occupied(window);
   if (!AskToSaveChanges(form)) return false;
   window.view.ReleaseDrawing();
+  form.memory.tips_setting = TipsSettingText(window.tips);
+  form.memory.hidden_tips = HiddenTipsText(window.tips);
+  TellFailure(form, INISave(form));
 
   form.app.cancel_requested = true;
   form.app.closing = true;

@@ -4,24 +4,22 @@
 #include "modules/profiles.h"
 #include "modules/skin_tones.h"
 #include "modules/white_balance.h"
-#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
+#include "shell/main_window.h"
 #include "shell/module1.h"
 #include "shell/power_toys.h"
 #include "shell/profile_selection.h"
 #include "shell/settings_store.h"
+#include "shell/tell.h"
+#include "shell/tips.h"
 
 namespace tarnwell {
 namespace {
 
 constexpr char kDefaultName[] = "Default";
 constexpr int kWhiteBalanceSlider = 2;
-
-void TellFailure(Form1& form, const Status& status) {
-  if (!status.ok()) form.platform.dialogs.Tell(form.app.title, status.message, Icon::kExclamation);
-}
 
 // Puts a reference in force that does not come from the mode's file. False when it is gone.
 bool TakeOwnReference(Form1& form, WhiteBalanceMode mode) {
@@ -64,6 +62,11 @@ void LoadStartState(Form1& form) {
   TellFailure(form, LoadLastUsedSettings(form));
   // Where the folders cannot be made the program works without them, and nobody is bothered.
   if (folders.ok()) SelectStartProfile(form);
+}
+
+void LoadWindowState(MainWindow& window) {
+  LoadStartState(window.form);
+  ReadTips(window.tips, window.form.memory.tips_setting, window.form.memory.hidden_tips);
 }
 
 }  // namespace tarnwell
