@@ -8,6 +8,7 @@
 #include "console/interrupt.h"
 #include "console/program.h"
 #ifdef _WIN32
+#include <fcntl.h>
 #include <io.h>
 
 #include "platform/win32/utf16.h"
@@ -38,6 +39,8 @@ int wmain(int argc, wchar_t** argv) {
     }
     words.push_back(*word);
   }
+  // Scripts get the same bytes on every system.
+  _setmode(_fileno(stdout), _O_BINARY);
   return tarnwell::Run(words, _isatty(_fileno(stderr)) != 0);
 }
 #else
