@@ -1,0 +1,77 @@
+#include "automation/render_directory.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "imaging/file_open.h"
+#include "tests/support/main_desk.h"
+
+namespace tarnwell {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// A folder of two photos, one that is damaged, and the first of them in the window.
+struct DirectoryDesk : MainDesk {
+  Texts status;
+
+  DirectoryDesk() {
+    app.current_file = WriteBitmap("a.bmp", NoisyPicture(30, 20, 2));
+    WriteBitmap("b.bmp", NoisyPicture(30, 20, 3));
+    folder.Write("c.jpg", "no photo");
+    EXPECT_TRUE(OpenPhotoFile(form, std::string(app.current_file)).ok());
+  }
+  void Click() {
+    Command1_Click(form, [this](const std::string& text) { status.push_back(text); });
+  }
+};
+
+TEST(RenderDirectory, AsksInThreeLinesAndDoesNothingWithoutAYes) {
+  for (const Answer answer : {Answer::kNo, Answer::kCancel}) {
+    DirectoryDesk desk;
+    desk.dialogs.answers = {answer};
+    desk.Click();
+    const ScriptedDialogs::Shown expected = {
+        ScriptedDialogs::Kind::kAsk, "Render Directory...",
+        "This will adjust all photos in the same directory as the current photo,\r"
+        "using the settings which are being applied to the current photo.\r\r"
+        "Are you sure you wish to continue?",
+        Icon::kQuestion};
+    EXPECT_EQ(desk.dialogs.shown, std::vector{expected});
+    EXPECT_FALSE(desk.folder.Holds("TWout"));
+  }
+}
+
+TEST(RenderDirectory, TellsWhatBecameOfThePhotos) {
+  DirectoryDesk desk;
+  desk.dialogs.answers = {Answer::kYes};
+  desk.Click();
+  EXPECT_EQ(desk.folder.Names("TWout"), (Texts{"a.jpg", "b.jpg"}));
+  EXPECT_EQ(desk.status,
+            (Texts{"Photo 1 of 3: a.bmp", "Photo 2 of 3: b.bmp", "Photo 3 of 3: c.jpg", ""}));
+  ASSERT_EQ(desk.dialogs.Told().size(), 1u);
+  const std::string told = desk.dialogs.Told()[0];
+  EXPECT_TRUE(told.starts_with("2 of 3 photos were corrected and saved in ")) << told;
+  EXPECT_NE(told.find("c.jpg: "), std::string::npos) << told;
+  EXPECT_EQ(desk.app.current_file, desk.folder.File("a.bmp"));
+}
+
+TEST(RenderDirectory, ListsNoMoreFailuresThanABoxHolds) {
+  DirectoryDesk desk;
+  for (int i = 0; i < 14; ++i) desk.folder.Write("d" + std::to_string(i) + ".jpg", "no photo");
+  desk.dialogs.answers = {Answer::kYes};
+  desk.Click();
+  EXPECT_TRUE(desk.dialogs.Told()[0].ends_with("\rand 5 more")) << desk.dialogs.Told()[0];
+}
+
+TEST(RenderDirectory, WantsAPhotoWithAFile) {
+  MainDesk desk;
+  desk.ShowLargePhoto();
+  Command1_Click(desk.form, [](const std::string&) {});
+  EXPECT_EQ(desk.dialogs.Asked(), Texts{});
+  EXPECT_EQ(desk.dialogs.Told().size(), 1u);
+}
+
+}  // namespace
+}  // namespace tarnwell

@@ -1,0 +1,75 @@
+#include "shell/shut_down.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "shell/menu_click.h"
+#include "shell/menus.h"
+#include "shell/tool_button.h"
+#include "tests/support/main_desk.h"
+
+namespace tarnwell {
+namespace {
+
+using Log = std::vector<std::string>;
+
+TEST(CloseMainWindow, TakesTheWindowsDownInOrder) {
+  MainDesk desk;
+  desk.events.on_run = [&](int) {
+    desk.view.log.push_back(desk.app.cancel_requested && desk.app.closing ? "events" : "too soon");
+  };
+  EXPECT_TRUE(CloseMainWindow(desk.window));
+  EXPECT_EQ(desk.view.log, (Log{"release drawing", "restore procedure", "events", "unload windows",
+                                "remove tray icon"}));
+}
+
+TEST(CloseMainWindow, AsksAboutUnsavedChanges) {
+  struct Case {
+    const char* name;
+    std::string current_file;
+    Answer answer;
+    std::string question;
+    bool closed;
+  };
+  const Case cases[] = {
+      {"cancelled", "C:\\P\\a.jpg", Answer::kCancel,
+       "Do you want to save the changes you made to a.jpg?", false},
+      {"pasted, not saved", "", Answer::kNo,
+       "Do you want to save the changes you made to the current image?", true},
+      {"pasted, saved", "", Answer::kYes,
+       "Do you want to save the changes you made to the current image?", true},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    MainDesk desk;
+    desk.ShowLargePhoto(c.current_file);
+    desk.app.photo_changed = true;
+    desk.form.names.output_path = desk.folder.File("saved.bmp");
+    desk.dialogs.answers = {c.answer};
+    EXPECT_EQ(CloseMainWindow(desk.window), c.closed);
+    EXPECT_EQ(desk.app.closing, c.closed);
+    EXPECT_EQ(desk.view.log.empty(), !c.closed);
+    EXPECT_EQ(desk.dialogs.Asked(), Log{c.question});
+    EXPECT_EQ(desk.folder.Holds("saved.bmp"), c.answer == Answer::kYes);
+  }
+}
+
+TEST(CloseMainWindow, WaitsForARunningCorrection) {
+  MainDesk desk;
+  desk.Connect();
+  desk.ShowLargePhoto();
+  bool closed = true;
+  const int first = desk.events.runs + 1;
+  desk.events.on_run = [&](int run) {
+    if (run == first) closed = CloseMainWindow(desk.window);
+  };
+  picToolBtn_Click(desk.window, kAdjustButton);
+  EXPECT_FALSE(closed);
+  EXPECT_FALSE(desk.app.photo_changed);  // the run was cancelled
+  EXPECT_EQ(desk.view.log, Log{"close"});
+  EXPECT_TRUE(CloseMainWindow(desk.window));
+}
+
+}  // namespace
+}  // namespace tarnwell
