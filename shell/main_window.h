@@ -26,6 +26,9 @@ struct MainWindow {
   int timer1_interval = 1;  // milliseconds; 0 is off
 };
 
+// Whether a command or a correction runs; the automated mode corrects without a command.
+bool IsOccupied(const MainWindow& window);
+
 // Marks the window as occupied for one scope. A close that was wanted meanwhile is requested again
 // at the end.
 class Occupied {

@@ -11,6 +11,7 @@
 #include "shell/main_window.h"
 #include "shell/menus.h"
 #include "shell/module1.h"
+#include "shell/power_toys.h"
 #include "shell/save_as.h"
 #include "shell/tell.h"
 #include "shell/tips.h"
@@ -119,10 +120,20 @@ void RunMenuRow(MainWindow& window, int menu, int row) {
 }
 
 void MenuClick(MainWindow& window, int menu, int row) {
-  if (window.occupied || !IsRowEnabled(window.form, menu, row)) return;
+  if (IsOccupied(window) || !IsRowEnabled(window.form, menu, row)) return;
   const Occupied occupied(window);
   RunMenuRow(window, menu, row);
   window.view.Refresh();
+}
+
+bool PressShortcut(MainWindow& window, std::string_view shortcut) {
+  if (shortcut == "ALT+M") {
+    TurnPowerToysOn(window.form.app, window.form.platform);
+    return true;
+  }
+  const auto position = RowOfShortcut(shortcut);
+  if (position) MenuClick(window, position->menu, position->row);
+  return position.has_value();
 }
 
 }  // namespace tarnwell

@@ -66,6 +66,11 @@ const MenuRow* FindRow(int menu, int row) {
   return &rows[row];
 }
 
+bool IsRowShown(const Form1& form, int menu, int row) {
+  const MenuRow* found = FindRow(menu, row);
+  return found != nullptr && (!found->power_toy || form.app.power_toys);
+}
+
 bool IsRowEnabled(const Form1& form, int menu, int row) {
   const MenuRow* found = FindRow(menu, row);
   return found != nullptr && !found->IsSeparator() && IsThere(form, found->needs);

@@ -42,6 +42,10 @@ extern const std::array<Menu, kMenuCount> kMenus;
 // The row's data; null for a menu or row that does not exist.
 const MenuRow* FindRow(int menu, int row);
 
+// Whether the row is in its menu. Asked when the menus are made: the power toys come and go with
+// the next start.
+bool IsRowShown(const Form1& form, int menu, int row);
+
 // Whether the row can be chosen now. False for separators and rows that do not exist.
 bool IsRowEnabled(const Form1& form, int menu, int row);
 

@@ -15,7 +15,8 @@ namespace tarnwell {
 
 bool CloseMainWindow(MainWindow& window) {
   Form1& form = window.form;
-  if (window.occupied) {
+  if (form.app.closing) return false;
+  if (IsOccupied(window)) {
     form.app.cancel_requested = true;
     window.close_wanted = true;
     return false;

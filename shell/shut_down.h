@@ -6,8 +6,8 @@ struct MainWindow;
 
 // The main window's unload request: asks about unsaved changes, keeps the settings, stops what
 // runs, takes the windows down. False when the window stays open: the user cancelled, the photo
-// could not be saved, or a command still runs. That one is cancelled and the close requested again
-// at its end.
+// could not be saved, the window is closing already, or a command still runs. That one is cancelled
+// and the close requested again at its end.
 bool CloseMainWindow(MainWindow& window);
 
 }  // namespace tarnwell

@@ -47,7 +47,7 @@ void OpenQueuedPhoto(MainWindow& window) {
 }  // namespace
 
 void Timer1_Tick(MainWindow& window) {
-  if (window.timer1_interval == 0 || window.occupied) return;
+  if (window.timer1_interval == 0 || IsOccupied(window)) return;
   window.timer1_interval = 0;
   const Occupied occupied(window);
   Form1& form = window.form;
@@ -59,7 +59,7 @@ void Timer1_Tick(MainWindow& window) {
 }
 
 void Timer2_Tick(MainWindow& window) {
-  if (window.occupied || window.form.app.closing) return;
+  if (IsOccupied(window) || window.form.app.closing) return;
   const Occupied occupied(window);
   if (window.start_up_tip_due) {
     window.start_up_tip_due = false;

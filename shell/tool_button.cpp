@@ -129,7 +129,7 @@ void PressToolButton(MainWindow& window, int index) {
 }
 
 void picToolBtn_Click(MainWindow& window, int index) {
-  if (window.occupied || !IsButtonEnabled(window.form, index)) return;
+  if (IsOccupied(window) || !IsButtonEnabled(window.form, index)) return;
   const Occupied occupied(window);
   PressToolButton(window, index);
   window.view.Refresh();

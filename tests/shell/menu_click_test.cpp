@@ -118,6 +118,58 @@ TEST(MenuClick, SwitchesMoveTheirCheckMarks) {
   EXPECT_EQ(desk.view.refreshes, 7);
 }
 
+TEST(Menus, PowerToysStandInTheMenuOnlyWhileTheyAreOn) {
+  MainDesk desk;
+  for (const bool on : {false, true}) {
+    desk.app.power_toys = on;
+    for (int row = 0; row < 9; ++row) {
+      EXPECT_EQ(IsRowShown(desk.form, kToolsMenu, row), on || row >= 5) << row;
+    }
+    EXPECT_TRUE(IsRowShown(desk.form, kFileMenu, 0));
+    EXPECT_FALSE(IsRowShown(desk.form, kFileMenu, 5));
+  }
+}
+
+TEST(MenuClick, ShortcutsClickTheirRows) {
+  MainDesk desk;
+  desk.clipboard.content = NoisyPicture(30, 20, 5);
+  EXPECT_TRUE(PressShortcut(desk.window, "ALT+V"));
+  EXPECT_EQ(desk.surfaces().picOriginal.picture->width(), 30);
+  EXPECT_TRUE(PressShortcut(desk.window, "ALT+M"));
+  EXPECT_TRUE(desk.app.power_toys);
+  EXPECT_TRUE(desk.folder.Holds("program\\powertoys.ini"));
+  EXPECT_FALSE(PressShortcut(desk.window, "ALT+X"));
+}
+
+TEST(MenuClick, BothResetsAskUnderOneTitleAndActOnYesOnly) {
+  struct Case {
+    int row;
+    const char* file;
+    const char* question;
+  };
+  const Case cases[] = {
+      {5, "program\\Cameras\\Default\\Default\\Smart Data.tsd",
+       "This will permanently delete the learning system for the current camera and mode, "
+       "continue?"},
+      {6, "program\\Cameras\\Default\\~ Dead Pixels\\2x2\\map.bmp",
+       "This will permanently delete the dead pixel maps and sample images for the current camera, "
+       "continue?"},
+  };
+  for (const Case& c : cases) {
+    MainDesk desk;
+    desk.folder.Write(c.file, "");
+    for (const Answer answer : {Answer::kCancel, Answer::kNo, Answer::kYes}) {
+      desk.dialogs.answers = {answer};
+      MenuClick(desk.window, kToolsMenu, c.row);
+      EXPECT_EQ(desk.folder.Holds(c.file), answer != Answer::kYes) << c.file;
+    }
+    const ScriptedDialogs::Shown expected = {ScriptedDialogs::Kind::kAsk, "Reset Learning System",
+                                             c.question, Icon::kExclamation};
+    EXPECT_EQ(desk.dialogs.shown[0], expected);
+    EXPECT_EQ(desk.dialogs.Told().size(), 1u);
+  }
+}
+
 TEST(MenuClick, RestoringTheTipsBringsThemBackAndSaysSo) {
   MainDesk desk;
   desk.tips_wanted.never_show = true;

@@ -6,6 +6,7 @@
 
 #include "shell/menu_click.h"
 #include "shell/menus.h"
+#include "shell/start_state.h"
 #include "shell/tool_button.h"
 #include "tests/support/main_desk.h"
 
@@ -53,6 +54,34 @@ TEST(CloseMainWindow, AsksAboutUnsavedChanges) {
     EXPECT_EQ(desk.dialogs.Asked(), Log{c.question});
     EXPECT_EQ(desk.folder.Holds("saved.bmp"), c.answer == Answer::kYes);
   }
+}
+
+TEST(CloseMainWindow, KeepsSettingsAndTipsBeforeTheWindowsGo) {
+  MainDesk desk;
+  desk.app.power_toys = true;
+  SetSliderValue(desk.modules, 3, 33);
+  HideTip(desk.tips_wanted, kPreviewTip, true);
+  bool kept = false;
+  desk.view.on_unload = [&] { kept = desk.folder.Holds("program\\TarnwellPocket.ini"); };
+  EXPECT_TRUE(CloseMainWindow(desk.window));
+  EXPECT_TRUE(kept);
+  EXPECT_TRUE(desk.folder.Holds("program\\powertoys.ini"));
+
+  desk.app.closing = false;
+  desk.app.power_toys = false;
+  desk.tips_wanted = {};
+  SetSliderValue(desk.modules, 3, 0);
+  LoadWindowState(desk.window);
+  EXPECT_EQ(desk.modules.Value(3), 33);
+  EXPECT_TRUE(desk.app.power_toys);
+  EXPECT_TRUE(desk.tips_wanted.hidden[kPreviewTip - 1]);
+}
+
+TEST(CloseMainWindow, ASecondRequestWhileClosingDoesNothing) {
+  MainDesk desk;
+  desk.events.on_run = [&](int) { EXPECT_FALSE(CloseMainWindow(desk.window)); };
+  EXPECT_TRUE(CloseMainWindow(desk.window));
+  EXPECT_EQ(desk.view.log.size(), 4u);
 }
 
 TEST(CloseMainWindow, WaitsForARunningCorrection) {

@@ -144,8 +144,11 @@ TEST(Timer2, SkipsTicksWhileACommandRunsOrTheProgramEnds) {
   MenuClick(desk.window, kOptionsMenu, 3);
   desk.app.closing = true;
   Timer2_Tick(desk.window);
-  EXPECT_TRUE(desk.Queued());
+  desk.form.correcting = true;
   desk.app.closing = false;
+  Timer2_Tick(desk.window);
+  EXPECT_TRUE(desk.Queued());
+  desk.form.correcting = false;
   Timer2_Tick(desk.window);
   EXPECT_FALSE(desk.Queued());
 }
