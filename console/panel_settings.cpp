@@ -30,13 +30,15 @@ Status ApplyProfile(const Settings& settings, Files& files, Module1& app, frmMod
   if (!mode.ok()) return mode.status;
   panel.camera = *camera;
   panel.mode = *mode;
-  SetProfile(app, panel.camera, panel.mode);
 
+  // Every camera has a mode "Default" besides the others.
+  SetProfile(app, panel.camera, "Default");
+  Status made = EnsureProfileFolders(app, files);
+  SetProfile(app, panel.camera, panel.mode);
+  if (made.ok()) made = EnsureProfileFolders(app, files);
   // A photo can be corrected where no camera tree can be made, as long as none is asked for.
   const bool chosen = !settings.camera.empty() || !settings.mode.empty();
-  if (const Status made = EnsureProfileFolders(app, files); !made.ok()) {
-    return chosen ? made : Status::Ok();
-  }
+  if (!made.ok()) return chosen ? made : Status::Ok();
   return UseModeWhiteBalance(app, files, panel);
 }
 

@@ -50,9 +50,11 @@ TEST(PanelSettingsTest, CamerasAndModesAreMadeUnderCleanNames) {
   TestWindow window;
   Settings settings;
   settings.camera = "My/Cam:1";
+  settings.mode = "Night";
   ASSERT_TRUE(ApplySettings(settings, window.platform, window.app, window.modules).ok());
   EXPECT_EQ(window.modules.camera, "My_Cam_1");
-  EXPECT_EQ(window.folder.Names("program\\Cameras\\My_Cam_1"), std::vector<std::string>{"Default"});
+  EXPECT_EQ(window.folder.Names("program\\Cameras\\My_Cam_1"),
+            (std::vector<std::string>{"Default", "Night"}));
 }
 
 TEST(PanelSettingsTest, WithoutACameraTreeAPhotoIsCorrectedUnlessACameraIsNamed) {
