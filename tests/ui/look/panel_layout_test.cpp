@@ -1,0 +1,96 @@
+#include "ui/look/panel_layout.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace tarnwell {
+namespace {
+
+frmModules PanelWith(bool open) {
+  frmModules panel = FirstStartPanel();
+  panel.open.fill(open ? 1 : 0);
+  return panel;
+}
+
+TEST(PanelLayout, EverySettingHasExactlyOneRowInItsModule) {
+  std::array<int, kSliderCount> sliders = {};
+  std::array<int, kCheckCount> checks = {};
+  for (int module = 0; module < kModuleCount; ++module) {
+    EXPECT_FALSE(RowsOf(module).empty()) << module;
+    for (const PanelRow& row : RowsOf(module)) {
+      if (row.kind == RowKind::kSlider) {
+        ++sliders[row.index];
+        EXPECT_EQ(kSliders[row.index].module, module);
+      }
+      if (row.kind == RowKind::kCheck) {
+        ++checks[row.index];
+        EXPECT_EQ(kChecks[row.index].module, module);
+      }
+    }
+  }
+  EXPECT_EQ(std::ranges::count(sliders, 1), kSliderCount);
+  EXPECT_EQ(std::ranges::count(checks, 1), kCheckCount);
+  EXPECT_TRUE(RowsOf(-1).empty());
+  EXPECT_TRUE(RowsOf(kModuleCount).empty());
+}
+
+TEST(PanelLayout, AClosedModuleKeepsATitleBarOf32) {
+  for (const int dpi : {96, 144, 192}) {
+    const Scale scale = {dpi};
+    const PanelLayout layout = StackFunctions(PanelWith(false), scale.Px(400), scale);
+    for (const ModulePlace& place : layout.modules) {
+      EXPECT_EQ(place.card.height, 32 * dpi / 96);
+      EXPECT_TRUE(place.rows.empty());
+    }
+  }
+}
+
+TEST(PanelLayout, ModulesStackByIndexAndRowsLieInside) {
+  frmModules panel = PanelWith(true);
+  panel.open[4] = 0;
+  panel.open[5] = 2;  // anything but 1 is closed
+  const PanelLayout layout = StackFunctions(panel, 400, {96});
+  int bottom = 0;
+  for (int module = 0; module < kModuleCount; ++module) {
+    const ModulePlace& place = layout.modules[module];
+    EXPECT_GE(place.card.y, bottom) << module;
+    bottom = place.card.bottom();
+    int row_bottom = place.header.bottom();
+    for (const Box& row : place.rows) {
+      EXPECT_GE(row.y, row_bottom) << module;
+      EXPECT_EQ(Intersection(row, place.card), row) << module;
+      row_bottom = row.bottom();
+    }
+    EXPECT_EQ(place.rows.empty(), module == 4 || module == 5) << module;
+  }
+  EXPECT_GE(layout.height, bottom);
+}
+
+TEST(PanelLayout, Scrolling) {
+  EXPECT_EQ(LastScroll(1000, 300), 700);
+  EXPECT_EQ(LastScroll(200, 300), 0);
+  EXPECT_EQ(ClampScroll(-5, 1000, 300), 0);
+  EXPECT_EQ(ClampScroll(800, 1000, 300), 700);
+  EXPECT_EQ(ClampScroll(50, 200, 300), 0);
+
+  EXPECT_EQ(ScrollToShow(100, 150, 200, 300), 100) << "in view already";
+  EXPECT_EQ(ScrollToShow(100, 50, 90, 300), 50) << "above";
+  EXPECT_EQ(ScrollToShow(100, 450, 500, 300), 200) << "below";
+  EXPECT_EQ(ScrollToShow(0, 100, 900, 300), 100) << "taller than the view";
+}
+
+TEST(PanelLayout, KnobPositionsComeBackFromTheScreen) {
+  for (const int width : {182, 200, 243, 364, 700}) {
+    EXPECT_EQ(KnobX(0, 20, width), 20);
+    EXPECT_EQ(KnobX(182, 20, width), 20 + width);
+    for (int position = 0; position <= 182; ++position) {
+      EXPECT_EQ(PositionAtX(KnobX(position, 20, width), 20, width), position) << width;
+    }
+  }
+  EXPECT_EQ(PositionAtX(-1000, 20, 200), 0);
+  EXPECT_EQ(PositionAtX(5000, 20, 200), 182);
+  EXPECT_EQ(PositionAtX(5, 20, 0), 0);
+}
+
+}  // namespace
+}  // namespace tarnwell

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "imaging/pixel_array.h"
+#include "ui/look/box.h"
+
+namespace tarnwell {
+
+// Draws `picture`, stretched to `box`, into `pixels`: bilinear, with the outermost pixels held at
+// the edges. For showing pictures on dense screens; nothing that is saved goes through here.
+void DrawSmooth(MutablePixelView pixels, const Box& box, const PixelView& picture);
+
+}  // namespace tarnwell
