@@ -1,0 +1,138 @@
+#include "ui/frame_window.h"
+
+#include <algorithm>
+
+namespace tarnwell {
+namespace {
+
+SIZE FrameOf(const SIZE& client, DWORD style, Scale scale) {
+  RECT rect = {0, 0, client.cx, client.cy};
+  AdjustWindowRectExForDpi(&rect, style, FALSE, 0, static_cast<UINT>(scale.dpi));
+  return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+RECT WorkArea(HWND window) {
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+  return monitor.rcWork;
+}
+
+BOOL CALLBACK GiveFont(HWND child, LPARAM font) {
+  wchar_t name[16] = {};
+  GetClassNameW(child, name, 16);
+  const bool system = lstrcmpiW(name, L"Edit") == 0 || lstrcmpiW(name, L"ListBox") == 0;
+  if (system) SendMessageW(child, WM_SETFONT, font, TRUE);
+  return TRUE;
+}
+
+}  // namespace
+
+FrameWindow::~FrameWindow() {
+  Destroy();
+  if (field_brush_) DeleteObject(field_brush_);
+}
+
+bool FrameWindow::MakeTop(const wchar_t* class_name, const std::wstring& title, DWORD style,
+                          HWND owner, int width, int height) {
+  const SIZE frame = FrameOf({Px(width), Px(height)}, style, look_.scale);
+  const RECT work = WorkArea(owner);
+  const int frame_width = std::min<int>(frame.cx, work.right - work.left);
+  const int frame_height = std::min<int>(frame.cy, work.bottom - work.top);
+  const Box box = Centred(ToBox(work), frame_width, frame_height);
+  if (!Make(class_name, title, style, WS_EX_CONTROLPARENT, owner, box)) return false;
+  ThemeTitleBar(handle(), look_.theme);
+  return true;
+}
+
+bool FrameWindow::MakeDialog(const std::wstring& title, HWND owner, int width, int height) {
+  return MakeTop(kDialogClass, title, WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN, owner,
+                 width, height);
+}
+
+void FrameWindow::ResizeClient(int width, int height) {
+  const auto style = static_cast<DWORD>(GetWindowLongW(handle(), GWL_STYLE));
+  const SIZE frame = FrameOf({Px(width), Px(height)}, style, look_.scale);
+  SetWindowPos(handle(), nullptr, 0, 0, frame.cx, frame.cy,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FrameWindow::ShowCentred() {
+  RECT own = {}, around = WorkArea(handle());
+  GetWindowRect(handle(), &own);
+  const HWND owner = GetWindow(handle(), GW_OWNER);
+  if (owner && IsWindowVisible(owner)) GetWindowRect(owner, &around);
+  const Box box = Centred(ToBox(around), own.right - own.left, own.bottom - own.top);
+  const RECT work = WorkArea(handle());
+  const int x = std::max<int>(work.left, box.x);
+  const int y = std::max<int>(work.top, box.y);
+  SetWindowPos(handle(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  ShowWindow(handle(), SW_SHOW);
+}
+
+void FrameWindow::Dress(HWND control) {
+  SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(look_.fonts.Get(Face::kBody)), TRUE);
+}
+
+void FrameWindow::PaintClient(Painter& painter, const Box& client) {
+  painter.Fill(client, theme().page);
+}
+
+LRESULT FrameWindow::FieldColours(HDC dc) {
+  if (field_brush_) DeleteObject(field_brush_);
+  field_brush_ = CreateSolidBrush(ToColorRef(theme().card));
+  SetTextColor(dc, ToColorRef(theme().text));
+  SetBkColor(dc, ToColorRef(theme().card));
+  return reinterpret_cast<LRESULT>(field_brush_);
+}
+
+void FrameWindow::Rescale(const RECT* suggested) {
+  look_.Rescale(ScaleOf(handle()));
+  EnumChildWindows(handle(), GiveFont, reinterpret_cast<LPARAM>(look_.fonts.Get(Face::kBody)));
+  if (suggested) {
+    SetWindowPos(handle(), nullptr, suggested->left, suggested->top,
+                 suggested->right - suggested->left, suggested->bottom - suggested->top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  LayOut(Client());
+  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+LRESULT FrameWindow::Handle(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_SIZE:
+      if (w != SIZE_MINIMIZED) LayOut(Client());
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT: {
+      const PaintScope paint(handle());
+      Painter painter(paint.dc(), paint.area(), look_);
+      PaintClient(painter, Client());
+      return 0;
+    }
+    case WM_DPICHANGED:
+      Rescale(reinterpret_cast<const RECT*>(l));
+      return 0;
+    case WM_SETTINGCHANGE:
+      look_.ReadTheme();
+      ThemeTitleBar(handle(), look_.theme);
+      OnThemeChanged();
+      RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+      return 0;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORLISTBOX:
+    case WM_CTLCOLORSTATIC:
+      return FieldColours(reinterpret_cast<HDC>(w));
+    case WM_COMMAND:
+      if (HIWORD(w) == 0 && LOWORD(w) == IDOK) OnConfirm();
+      if (HIWORD(w) == 0 && LOWORD(w) == IDCANCEL) OnDismiss();
+      return 0;
+    case WM_CLOSE:
+      OnDismiss();
+      return 0;
+  }
+  return Window::Handle(message, w, l);
+}
+
+}  // namespace tarnwell

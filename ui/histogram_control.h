@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ui/control.h"
+#include "ui/look/histogram_shape.h"
+
+namespace tarnwell {
+
+struct Form1;
+
+// The brightness histogram of the photo, with the black and the white point.
+class HistogramControl : public Control {
+ public:
+  HistogramControl(const Look& look, const Form1& form)
+      : Control(look, Ground::kPage), form_(form) {}
+  void Create(HWND parent);
+  void Update();
+
+ protected:
+  void Paint(Painter& painter, const Box& client) override;
+
+ private:
+  void PaintPoint(Painter& painter, const Box& bars, double level, const std::wstring& name,
+                  UINT align);
+  const Form1& form_;
+  ToneLimits limits_;
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,162 @@
+#include "ui/host.h"
+
+#include <ole2.h>
+#include <windows.h>
+
+#include "imaging/jpeg_library.h"
+#include "modules/frm_modules.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/instances.h"
+#include "platform/picture_codec.h"
+#include "platform/platform.h"
+#include "platform/system.h"
+#include "shell/form1.h"
+#include "shell/frm_progress.h"
+#include "shell/main_window.h"
+#include "shell/module1.h"
+#include "shell/start_state.h"
+#include "shell/start_up.h"
+#include "shell/tips.h"
+#include "ui/host_clipboard.h"
+#include "ui/host_dialogs.h"
+#include "ui/main_frame.h"
+#include "ui/messages.h"
+#include "ui/other_windows.h"
+#include "ui/wide_text.h"
+#include "ui/window.h"
+
+namespace tarnwell {
+namespace {
+
+// The user-interface thread's share of the system's components.
+class ComponentsOfThread {
+ public:
+  ComponentsOfThread() : entered_(SUCCEEDED(OleInitialize(nullptr))) {}
+  ~ComponentsOfThread() {
+    if (entered_) OleUninitialize();
+  }
+  ComponentsOfThread(const ComponentsOfThread&) = delete;
+  ComponentsOfThread& operator=(const ComponentsOfThread&) = delete;
+
+ private:
+  bool entered_;
+};
+
+// A program that runs holds a named object; the first to make it is the only one.
+class NamedInstance : public RunningInstances {
+ public:
+  NamedInstance() {
+    mutex_ = CreateMutexW(nullptr, FALSE, L"Local\\TarnwellPocketRuns");
+    another_ = GetLastError() == ERROR_ALREADY_EXISTS;
+  }
+  ~NamedInstance() override { Release(); }
+  NamedInstance(const NamedInstance&) = delete;
+  NamedInstance& operator=(const NamedInstance&) = delete;
+
+  bool AnotherIsRunning() override { return another_; }
+  // Before the program starts anew, which would find itself running otherwise.
+  void Release() {
+    if (mutex_) CloseHandle(mutex_);
+    mutex_ = nullptr;
+  }
+
+ private:
+  HANDLE mutex_ = nullptr;
+  bool another_ = false;
+};
+
+std::wstring ExecutablePath() {
+  std::wstring path(MAX_PATH, L'\0');
+  while (true) {
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) return path.substr(0, length);
+    path.resize(path.size() * 2);
+  }
+}
+
+void StartAnew(const std::wstring& executable) {
+  STARTUPINFOW start = {};
+  start.cb = sizeof(start);
+  PROCESS_INFORMATION process = {};
+  if (!CreateProcessW(executable.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                      &start, &process)) {
+    return;
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+}
+
+// Everything that lives as long as the program, wired together.
+struct Host {
+  std::unique_ptr<Files> files = MakeSystemFiles();
+  std::unique_ptr<PictureCodec> codec = MakeSystemPictureCodec();
+  std::unique_ptr<JpegLibrary> jpeg = MakeSystemJpegLibrary();
+  std::unique_ptr<Clock> clock = MakeSystemClock();
+  HostDialogs dialogs;
+  HostClipboard clipboard;
+  Messages messages;
+  Platform platform = {*files, *codec, *jpeg, dialogs, messages, *clock, clipboard};
+  Module1 app;
+  frmModules modules = FirstStartPanel();
+  frmProgress progress;
+  Form1 form = {.app = app, .platform = platform, .modules = modules, .progress = progress};
+  Tips tips;
+  MainFrame frame;
+  MainWindow window = {form, frame, tips};
+  OtherWindows others = {window, messages};
+
+  void OpenMainWindow();
+};
+
+void Host::OpenMainWindow() {
+  form.threads = SystemProcessorCount();
+  LoadWindowState(window);
+  ConnectTips(window);
+  frame.Create(window, others);
+  others.Attach(frame.handle());
+  clipboard.owner = frame.handle();
+  messages.main_window = frame.handle();
+  messages.on_shortcut = [this](const char* shortcut) { return frame.Shortcut(shortcut); };
+  messages.on_keyboard_used = [this](bool used) { frame.KeyboardUsed(used); };
+  modules.ShowZoom = [this](ZoomMode mode) {
+    others.ShowZoom(mode);
+    OfferZoomTip(window, mode);
+  };
+  frame.Open();
+}
+
+// The window in front, so that a dialog never comes up behind one of the program's own.
+HWND DialogOwner(HWND main_window) {
+  const HWND active = GetActiveWindow();
+  return active ? active : main_window;
+}
+
+}  // namespace
+
+int RunWindows(const std::wstring& command_line) {
+  const ComponentsOfThread components;
+  NamedInstance instance;
+  Host host;
+  host.dialogs.owner = [&host] { return DialogOwner(host.frame.handle()); };
+  host.dialogs.ask_text = [&host](const std::string& title, const std::string& prompt) {
+    return host.others.AskText(title, prompt);
+  };
+  const std::wstring executable = ExecutablePath();
+  switch (
+      StartProgram(host.app, host.platform, instance, Narrow(executable), Narrow(command_line))) {
+    case StartUp::kEnd:
+      return 0;
+    case StartUp::kRestart:
+      instance.Release();
+      StartAnew(executable);
+      return 0;
+    case StartUp::kLoadMainWindow:
+      break;
+  }
+  InitialiseControls();
+  host.OpenMainWindow();
+  return host.messages.RunUntilQuit();
+}
+
+}  // namespace tarnwell

@@ -1,0 +1,114 @@
+#include "ui/host_dialogs.h"
+
+#include <shobjidl.h>
+#include <vector>
+#include <wrl/client.h>
+
+#include "ui/look/dialog_filter.h"
+#include "ui/wide_text.h"
+
+namespace tarnwell {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+UINT IconFlag(Icon icon) {
+  switch (icon) {
+    case Icon::kInformation:
+      return MB_ICONINFORMATION;
+    case Icon::kQuestion:
+      return MB_ICONQUESTION;
+    case Icon::kExclamation:
+      return MB_ICONEXCLAMATION;
+    case Icon::kNone:
+      break;
+  }
+  return 0;
+}
+
+// The kinds of files, with the texts that the dialog refers to.
+class FileTypes {
+ public:
+  explicit FileTypes(const std::string& filter) : entries_(ParseFilter(filter)) {
+    for (const FilterEntry& entry : entries_) {
+      texts_.push_back({Wide(entry.description), Wide(entry.patterns)});
+    }
+    for (const Texts& texts : texts_) {
+      specs_.push_back({texts.description.c_str(), texts.patterns.c_str()});
+    }
+  }
+  void Apply(IFileDialog& dialog) const {
+    if (specs_.empty()) return;
+    dialog.SetFileTypes(static_cast<UINT>(specs_.size()), specs_.data());
+    const std::wstring extension = Wide(DefaultExtension(entries_.front()));
+    if (!extension.empty()) dialog.SetDefaultExtension(extension.c_str());
+  }
+
+ private:
+  struct Texts {
+    std::wstring description;
+    std::wstring patterns;
+  };
+  std::vector<FilterEntry> entries_;
+  std::vector<Texts> texts_;
+  std::vector<COMDLG_FILTERSPEC> specs_;
+};
+
+std::optional<std::string> ResultOf(IFileDialog& dialog, HWND owner) {
+  ComPtr<IShellItem> item;
+  if (FAILED(dialog.Show(owner)) || FAILED(dialog.GetResult(&item))) return std::nullopt;
+  wchar_t* path = nullptr;
+  if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path))) return std::nullopt;
+  std::optional<std::string> chosen = WideToUtf8(path);
+  CoTaskMemFree(path);
+  return chosen;
+}
+
+std::optional<std::string> Choose(REFCLSID dialog_class, HWND owner, const std::string& title,
+                                  const std::string& filter, DWORD more) {
+  ComPtr<IFileDialog> dialog;
+  if (FAILED(
+          CoCreateInstance(dialog_class, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog)))) {
+    return std::nullopt;
+  }
+  FILEOPENDIALOGOPTIONS options = 0;
+  dialog->GetOptions(&options);
+  dialog->SetOptions(options | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | more);
+  dialog->SetTitle(Wide(title).c_str());
+  FileTypes(filter).Apply(*dialog.Get());
+  return ResultOf(*dialog.Get(), owner);
+}
+
+}  // namespace
+
+Answer HostDialogs::Ask(const std::string& title, const std::string& text, Icon icon) {
+  const int answer = MessageBoxW(owner(), Wide(text).c_str(), Wide(title).c_str(),
+                                 MB_YESNOCANCEL | IconFlag(icon));
+  if (answer == IDYES) return Answer::kYes;
+  return answer == IDNO ? Answer::kNo : Answer::kCancel;
+}
+
+void HostDialogs::Tell(const std::string& title, const std::string& text, Icon icon) {
+  MessageBoxW(owner(), Wide(text).c_str(), Wide(title).c_str(), MB_OK | IconFlag(icon));
+}
+
+std::string HostDialogs::AskText(const std::string& title, const std::string& prompt) {
+  return ask_text(title, prompt);
+}
+
+std::optional<std::string> HostDialogs::ChooseOpenFile(const std::string& title,
+                                                       const std::string& filter) {
+  return Choose(CLSID_FileOpenDialog, owner(), title, filter, 0);
+}
+
+// The dialog's own question stays on: presets and white balances may be replaced.
+std::optional<std::string> HostDialogs::ChooseSaveFile(const std::string& title,
+                                                       const std::string& filter) {
+  return Choose(CLSID_FileSaveDialog, owner(), title, filter, 0);
+}
+
+std::optional<std::string> HostDialogs::ChooseFolder(const std::string& title) {
+  return Choose(CLSID_FileOpenDialog, owner(), title, "", FOS_PICKFOLDERS);
+}
+
+}  // namespace tarnwell

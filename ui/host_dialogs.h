@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+#include <windows.h>
+
+#include "platform/dialogs.h"
+
+namespace tarnwell {
+
+// The system's message boxes and file dialogs over the main window.
+class HostDialogs : public Dialogs {
+ public:
+  // The window that a dialog comes up over now.
+  std::function<HWND()> owner = [] { return HWND(nullptr); };
+  // The box with one line to fill in; the program's own window.
+  std::function<std::string(const std::string& title, const std::string& prompt)> ask_text =
+      [](const std::string&, const std::string&) { return std::string(); };
+
+  Answer Ask(const std::string& title, const std::string& text, Icon icon) override;
+  void Tell(const std::string& title, const std::string& text, Icon icon) override;
+  std::string AskText(const std::string& title, const std::string& prompt) override;
+  std::optional<std::string> ChooseOpenFile(const std::string& title,
+                                            const std::string& filter) override;
+  std::optional<std::string> ChooseSaveFile(const std::string& title,
+                                            const std::string& filter) override;
+  std::optional<std::string> ChooseFolder(const std::string& title) override;
+};
+
+}  // namespace tarnwell

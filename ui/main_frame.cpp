@@ -1,0 +1,371 @@
+#include "ui/main_frame.h"
+
+#include <shellapi.h>
+#include <windowsx.h>
+
+#include "imaging/file_open.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/menu_click.h"
+#include "shell/module1.h"
+#include "shell/shut_down.h"
+#include "shell/tell.h"
+#include "shell/timers.h"
+#include "shell/tips.h"
+#include "shell/tool_button.h"
+#include "ui/other_windows.h"
+#include "ui/popup_menu.h"
+#include "ui/shell_links.h"
+#include "ui/wide_text.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr UINT_PTR kTimer1 = 1;
+constexpr UINT_PTR kTimer2 = 2;
+
+// "&" before the letter that opens the menu with ALT. ALT+O opens a photo, so that Options has
+// another one.
+constexpr std::array<const wchar_t*, kMenuCount> kMenuNames = {L"&File", L"&Edit", L"O&ptions",
+                                                               L"&Tools", L"&Help"};
+
+// The photo's name alone: the caption is made to follow the program's name.
+std::string_view WithoutDash(std::string_view caption) {
+  constexpr std::string_view kDash = " - ";
+  return caption.starts_with(kDash) ? caption.substr(kDash.size()) : caption;
+}
+
+std::wstring FirstDropped(HDROP drop) {
+  std::wstring path(DragQueryFileW(drop, 0, nullptr, 0), L'\0');
+  DragQueryFileW(drop, 0, path.data(), static_cast<UINT>(path.size()) + 1);
+  DragFinish(drop);
+  return path;
+}
+
+}  // namespace
+
+MainFrame::MainFrame() = default;
+MainFrame::~MainFrame() = default;
+
+void MainFrame::Create(MainWindow& window, OtherWindows& others) {
+  window_ = &window;
+  others_ = &others;
+  const ClientSize start = StartClientSize({96});
+  MakeTop(kMainClass, Wide(window.form.app.title), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr,
+          start.width, start.height);
+  MakeMenus();
+  MakeTools();
+
+  lblTitle_ = std::make_unique<Label>(look_, Ground::kPage, Face::kTitle, false, DT_CENTER);
+  lblTitle_->Create(handle(), L"");
+  preview_ = std::make_unique<PreviewControl>(look_, window.form.buffer.surfaces);
+  preview_->open_wanted = [this] { picToolBtn_Click(*window_, kOpenButton); };
+  preview_->Create(handle());
+  MakeActions();
+  histogram_ = std::make_unique<HistogramControl>(look_, window.form);
+  histogram_->Create(handle());
+  MakePanel();
+  status_ = std::make_unique<Label>(look_, Ground::kCard, Face::kCaption, true);
+  status_->Create(handle(), L"");
+  profile_ = std::make_unique<Label>(look_, Ground::kCard, Face::kCaption, true, DT_RIGHT);
+  profile_->Create(handle(), L"");
+  DragAcceptFiles(handle(), TRUE);
+}
+
+void MainFrame::MakeMenus() {
+  for (int menu = 0; menu < kMenuCount; ++menu) {
+    menus_[menu] = std::make_unique<Button>(look_, Ground::kCard, ButtonKind::kFlat);
+    menus_[menu]->clicked = [this, menu] { OpenMenu(menu); };
+    menus_[menu]->Create(handle(), kMenuNames[menu]);
+  }
+}
+
+void MainFrame::AddTool(std::vector<Tool>& tools, int index, ButtonKind kind,
+                        std::optional<Glyph> glyph, bool text_shown) {
+  const Ground ground = &tools == &tools_ ? Ground::kCard : Ground::kPage;
+  auto button = std::make_unique<Button>(look_, ground, kind, glyph);
+  button->clicked = [this, index] { picToolBtn_Click(*window_, index); };
+  button->Create(handle(), Wide(kToolButtons[index].caption), text_shown);
+  button->SetTip(Wide(kToolButtons[index].tooltip));
+  tools.push_back({index, std::move(button)});
+}
+
+void MainFrame::MakeTools() {
+  AddTool(tools_, kOpenButton, ButtonKind::kFlat, Glyph::kOpen, true);
+  AddTool(tools_, kSaveButton, ButtonKind::kFlat, Glyph::kSave, true);
+  AddTool(tools_, kRestoreButton, ButtonKind::kFlat, Glyph::kRestore, true);
+  AddTool(tools_, kDefaultsButton, ButtonKind::kFlat, Glyph::kDefaults, false);
+  AddTool(tools_, kOpenPresetButton, ButtonKind::kFlat, Glyph::kPresetOpen, false);
+  AddTool(tools_, kSavePresetButton, ButtonKind::kFlat, Glyph::kPresetSave, false);
+  AddTool(tools_, kModulesButton, ButtonKind::kFlat, Glyph::kPanel, false);
+  AddTool(tools_, kOptionsButton, ButtonKind::kFlat, Glyph::kOptions, false);
+  AddTool(tools_, kTipsButton, ButtonKind::kFlat, Glyph::kTips, false);
+  AddTool(tools_, kHelpButton, ButtonKind::kFlat, Glyph::kHelp, false);
+}
+
+void MainFrame::MakeActions() {
+  AddTool(actions_, kPreviewButton, ButtonKind::kAccent, Glyph::kPreview, true);
+  AddTool(actions_, kAdjustButton, ButtonKind::kPlain, Glyph::kAdjust, true);
+  AddTool(actions_, kZoomButton, ButtonKind::kPlain, Glyph::kZoom, false);
+  compare_ = std::make_unique<Button>(look_, Ground::kPage, ButtonKind::kPlain, Glyph::kCompare);
+  compare_->holding = [this](bool held) { preview_->ShowOriginal(held); };
+  compare_->Create(handle(), L"Before and after", /*text_shown=*/false);
+  compare_->SetTip(L"Hold to see the photo before its correction");
+}
+
+void MainFrame::MakePanel() {
+  panel_ = std::make_unique<PanelView>(
+      look_, PanelHost{
+                 .form = window_->form,
+                 .command = [this](const auto& change) { RunCommand(change, true); },
+                 .small_change = [this](const auto& change) { RunCommand(change, false); },
+                 .manage_skin_tones = [this] { others_->ManageSkinTones(); },
+                 .save_white_balance = [this] { others_->SaveWhiteBalance(); },
+                 .module_toggled = [this](int module) { OfferModuleTip(*window_, module); },
+             });
+  panel_->Create(handle());
+}
+
+void MainFrame::RunCommand(const std::function<void()>& change, bool refresh) {
+  if (window_->occupied) return;
+  {
+    const Occupied occupied(*window_);
+    change();
+  }
+  if (refresh) Refresh();
+}
+
+void MainFrame::Open() {
+  RestorePlacement();
+  Refresh();
+  ShowWindow(handle(), window_->form.memory.placement.maximized ? SW_SHOWMAXIMIZED : SW_SHOW);
+  SetForegroundWindow(handle());
+  SetFocus(tools_.front().button->handle());
+  SetTimer(handle(), kTimer1, static_cast<UINT>(window_->timer1_interval), nullptr);
+  SetTimer(handle(), kTimer2, kPollingMilliseconds, nullptr);
+}
+
+// What was kept may be from a screen that is gone: then the system's choice stands.
+void MainFrame::RestorePlacement() {
+  const WindowPlacement& placement = window_->form.memory.placement;
+  const WindowBounds& bounds = placement.normal;
+  const RECT rect = {bounds.left, bounds.top, bounds.left + bounds.width,
+                     bounds.top + bounds.height};
+  if (bounds.width <= 0 || bounds.height <= 0) return;
+  if (!MonitorFromRect(&rect, MONITOR_DEFAULTTONULL)) return;
+  Place(ToBox(rect));
+}
+
+void MainFrame::KeepPlacement() {
+  WINDOWPLACEMENT placement = {};
+  placement.length = sizeof(placement);
+  if (!GetWindowPlacement(handle(), &placement)) return;
+  WindowPlacement& kept = window_->form.memory.placement;
+  const Box normal = ToBox(placement.rcNormalPosition);
+  kept.maximized = IsZoomed(handle());
+  kept.normal = {normal.x, normal.y, normal.width, normal.height};
+}
+
+void MainFrame::KeyboardUsed(bool used) {
+  if (look_.show_focus == used) return;
+  look_.show_focus = used;
+  others_->SetShowFocus(used);
+  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+bool MainFrame::Shortcut(const char* shortcut) {
+  return PressShortcut(*window_, shortcut);
+}
+
+void MainFrame::OpenMenu(int menu) {
+  const std::optional<int> row = ChooseMenuRow(menu);
+  if (row) MenuClick(*window_, menu, *row);
+}
+
+std::optional<int> MainFrame::ChooseMenuRow(int menu) {
+  if (menu < 0 || menu >= kMenuCount) return std::nullopt;
+  std::vector<MenuEntry> entries;
+  std::vector<int> rows;
+  for (int row = 0; row < static_cast<int>(kMenus[menu].rows.size()); ++row) {
+    const MenuRow& data = kMenus[menu].rows[row];
+    if (!IsRowShown(window_->form, menu, row)) continue;
+    rows.push_back(row);
+    entries.push_back({.text = data.IsSeparator() ? L"" : Wide(data.caption),
+                       .shortcut = Wide(data.shortcut),
+                       .separator = data.IsSeparator(),
+                       .enabled = IsRowEnabled(window_->form, menu, row),
+                       .checked = IsRowChecked(window_->form, menu, row)});
+  }
+  RECT button = {};
+  GetWindowRect(menus_[menu]->handle(), &button);
+  const std::optional<int> chosen = ChooseFromMenu(
+      handle(), look_, entries, {button.left, button.bottom + Px(2)}, Px(28 * kGrid));
+  if (!chosen) return std::nullopt;
+  return rows[*chosen];
+}
+
+void MainFrame::UpdateTools(std::vector<Tool>& tools) {
+  for (Tool& tool : tools) tool.button->Enable(IsButtonEnabled(window_->form, tool.index));
+}
+
+void MainFrame::Refresh() {
+  const Form1& form = window_->form;
+  SetText(Wide(form.caption.empty() ? form.app.title : form.caption));
+  const bool photo = form.buffer.surfaces.picOriginal.picture != nullptr;
+  lblTitle_->SetText(photo ? Wide(WithoutDash(form.lblTitleCaption)) : L"");
+  lblTitle_->SetTip(lblTitle_->Text());
+  UpdateTools(tools_);
+  UpdateTools(actions_);
+  compare_->Enable(photo);
+  preview_->Update();
+  histogram_->Update();
+  panel_->Update();
+  command_status_.clear();
+  status_->SetText(StatusText());
+  profile_->SetText(Wide(form.modules.camera + " / " + form.modules.mode));
+  others_->Refresh();
+}
+
+std::wstring MainFrame::StatusText() const {
+  const Form1& form = window_->form;
+  if (!command_status_.empty()) return command_status_;
+  const Picture& original = form.buffer.surfaces.picOriginal.picture;
+  if (!original) return L"Ready";
+  std::wstring text = std::to_wstring(original->width()) + L" \x00D7 " +
+                      std::to_wstring(original->height()) + L" pixels";
+  if (form.app.photo_changed) text += L"  \x2022  corrected, not saved";
+  return text;
+}
+
+void MainFrame::ShowStatus(const std::string& text) {
+  command_status_ = Wide(text);
+  status_->SetText(StatusText());
+  UpdateWindow(status_->handle());
+}
+
+void MainFrame::ShowTipsWindow(int tip) { others_->ShowTip(tip); }
+void MainFrame::ShowModulesWindow() {
+  look_.show_focus = true;
+  panel_->TakeFocus();
+}
+void MainFrame::ShowOpenMode() { others_->ShowOpenMode(); }
+void MainFrame::ShowAbout() { others_->ShowAbout(); }
+void MainFrame::StartAutomatedMode() {}
+void MainFrame::ShowAutomatedSetup() {}
+
+Status MainFrame::OpenHelp(const std::string& help_file) {
+  return OpenHelpFile(window_->form.platform.files, help_file);
+}
+
+Status MainFrame::OpenWebPage(const std::string& address) { return OpenInBrowser(address); }
+Status MainFrame::MakeQuickLaunchShortcut() { return MakeShortcutInQuickLaunch(); }
+
+void MainFrame::Close() { PostMessageW(handle(), WM_CLOSE, 0, 0); }
+void MainFrame::UnloadOtherWindows() { others_->CloseAll(); }
+
+void MainFrame::OnDismiss() {
+  KeepPlacement();
+  if (!CloseMainWindow(*window_)) return;
+  KillTimer(handle(), kTimer1);
+  KillTimer(handle(), kTimer2);
+  Show(false);
+  PostQuitMessage(0);
+}
+
+void MainFrame::LayOut(const Box& client) {
+  if (!profile_) return;
+  layout_ = LayOutMain(client.width, client.height, look_.scale);
+  int x = Px(kGrid);
+  for (const auto& menu : menus_) {
+    const int width = TextSize(look_, Face::kBody, menu->Text()).cx + Px(2 * kGrid);
+    menu->Place({x, layout_.menus.y + Px(4), width, layout_.menus.height - Px(8)});
+    x += width + Px(2);
+  }
+  LayOutTools(layout_.tools);
+  lblTitle_->Place(layout_.title);
+  preview_->Place(layout_.preview);
+  LayOutActions(layout_.actions);
+  histogram_->Show(layout_.histogram_visible);
+  histogram_->Place(layout_.histogram);
+  panel_->Place(layout_.panel);
+  const Box status = Inset(layout_.status, Px(2 * kGrid), Px(2));
+  const int half = status.width / 2;
+  status_->Place({status.x, status.y, half, status.height});
+  profile_->Place({status.x + half, status.y, status.width - half, status.height});
+  Invalidate();
+}
+
+void MainFrame::LayOutTools(const Box& row) {
+  // Three with their text, three for the settings, then those for the program at the right end.
+  const std::vector<int> widths = {88, 84, 100, 0, 40, 40, 40};
+  const Box inner = Inset(row, Px(kGrid), Px(4));
+  const std::vector<Box> left = LayOutRow(inner, widths, 4, look_.scale);
+  std::size_t tool = 0;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    if (!left[i].empty()) tools_[tool++].button->Place(left[i]);
+  }
+  int x = inner.right();
+  for (std::size_t i = tools_.size(); i-- > tool;) {
+    x -= Px(40);
+    tools_[i].button->Place({x, inner.y, Px(40), inner.height});
+    x -= Px(4);
+  }
+}
+
+void MainFrame::LayOutActions(const Box& row) {
+  const std::vector<Box> boxes = LayOutRow(row, {112, 104, 40, 40}, kGrid, look_.scale);
+  for (std::size_t i = 0; i < actions_.size(); ++i) actions_[i].button->Place(boxes[i]);
+  compare_->Place(boxes.back());
+}
+
+void MainFrame::PaintClient(Painter& painter, const Box& client) {
+  painter.Fill(client, theme().page);
+  const Box top = {0, 0, client.width, layout_.tools.bottom()};
+  painter.Fill(top, theme().card);
+  painter.Fill({0, top.bottom() - 1, client.width, 1}, theme().border);
+  painter.Fill(layout_.status, theme().card);
+  painter.Fill({0, layout_.status.y, client.width, 1}, theme().border);
+}
+
+void MainFrame::OpenDropped(const std::wstring& path) {
+  if (path.empty()) return;
+  RunCommand(
+      [&] {
+        Form1& form = window_->form;
+        if (AskToSaveChanges(form)) TellFailure(form, OpenPhotoFile(form, Narrow(path)));
+      },
+      true);
+}
+
+LRESULT MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_TIMER:
+      if (w == kTimer1) Timer1_Tick(*window_);
+      if (w == kTimer1 && window_->timer1_interval == 0) KillTimer(handle(), kTimer1);
+      if (w == kTimer2) Timer2_Tick(*window_);
+      return 0;
+    case WM_DROPFILES:
+      OpenDropped(FirstDropped(reinterpret_cast<HDROP>(w)));
+      return 0;
+    case WM_MOUSEWHEEL: {
+      POINT point = {GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+      ScreenToClient(handle(), &point);
+      if (layout_.panel.Contains(point.x, point.y)) panel_->Wheel(GET_WHEEL_DELTA_WPARAM(w));
+      return 0;
+    }
+    case WM_GETMINMAXINFO: {
+      const ClientSize least = LeastClientSize(look_.scale);
+      RECT frame = {0, 0, least.width, least.height};
+      AdjustWindowRectExForDpi(&frame, WS_OVERLAPPEDWINDOW, FALSE, 0,
+                               static_cast<UINT>(look_.scale.dpi));
+      reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {frame.right - frame.left,
+                                                          frame.bottom - frame.top};
+      return 0;
+    }
+    case WM_QUERYENDSESSION:
+      return !window_->occupied;
+  }
+  return FrameWindow::Handle(message, w, l);
+}
+
+}  // namespace tarnwell

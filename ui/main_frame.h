@@ -1,0 +1,99 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "shell/main_view.h"
+#include "shell/main_window.h"
+#include "shell/menus.h"
+#include "ui/buttons.h"
+#include "ui/frame_window.h"
+#include "ui/histogram_control.h"
+#include "ui/look/main_layout.h"
+#include "ui/panel_view.h"
+#include "ui/preview_control.h"
+
+namespace tarnwell {
+
+class OtherWindows;
+
+// The main window: menus, tools, photo, module panel, status bar. It passes events to the main
+// window's model and draws the model's state.
+class MainFrame : public FrameWindow, public MainView {
+ public:
+  MainFrame();
+  ~MainFrame() override;
+
+  // Makes the window, hidden. `window` refers to this view; both live until the program ends.
+  void Create(MainWindow& window, OtherWindows& others);
+  void Open();  // shows it and starts its timers
+
+  // The shortcut of a menu row was pressed; true when there is one.
+  bool Shortcut(const char* shortcut);
+  void KeyboardUsed(bool used);
+
+  void Refresh() override;
+  void ShowStatus(const std::string& text) override;
+  void ShowTipsWindow(int tip) override;
+  void ShowModulesWindow() override;
+  void ShowOpenMode() override;
+  void ShowAbout() override;
+  void StartAutomatedMode() override;
+  void ShowAutomatedSetup() override;
+  std::optional<int> ChooseMenuRow(int menu) override;
+  Status OpenHelp(const std::string& help_file) override;
+  Status OpenWebPage(const std::string& address) override;
+  Status MakeQuickLaunchShortcut() override;
+  void Close() override;
+  void ReleaseDrawing() override {}
+  void RestoreWindowProcedure() override {}
+  void UnloadOtherWindows() override;
+  void RemoveTrayIcon() override {}
+
+ protected:
+  void LayOut(const Box& client) override;
+  void PaintClient(Painter& painter, const Box& client) override;
+  void OnDismiss() override;
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
+
+ private:
+  struct Tool {
+    int index;  // ToolButtonIndex
+    std::unique_ptr<Button> button;
+  };
+
+  void MakeMenus();
+  void AddTool(std::vector<Tool>& tools, int index, ButtonKind kind, std::optional<Glyph> glyph,
+               bool text_shown);
+  void MakeTools();
+  void MakeActions();
+  void MakePanel();
+  void LayOutTools(const Box& row);
+  void LayOutActions(const Box& row);
+  void UpdateTools(std::vector<Tool>& tools);
+  void OpenMenu(int menu);
+  void OpenDropped(const std::wstring& path);
+  std::wstring StatusText() const;
+  void RunCommand(const std::function<void()>& change, bool refresh);
+  void KeepPlacement();
+  void RestorePlacement();
+
+  MainWindow* window_ = nullptr;
+  OtherWindows* others_ = nullptr;
+  MainLayout layout_;
+  std::array<std::unique_ptr<Button>, kMenuCount> menus_;
+  std::vector<Tool> tools_;
+  std::vector<Tool> actions_;
+  std::unique_ptr<Button> compare_;
+  std::unique_ptr<Label> lblTitle_;
+  std::unique_ptr<Label> status_;
+  std::unique_ptr<Label> profile_;
+  std::unique_ptr<PreviewControl> preview_;
+  std::unique_ptr<HistogramControl> histogram_;
+  std::unique_ptr<PanelView> panel_;
+  std::wstring command_status_;  // what the running command said last
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,134 @@
+#include "ui/other_windows.h"
+
+#include "modules/open_mode.h"
+#include "modules/white_balance.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/main_view.h"
+#include "shell/main_window.h"
+#include "shell/module1.h"
+#include "shell/power_toys.h"
+#include "shell/tips.h"
+#include "ui/about_window.h"
+#include "ui/frame_window.h"
+#include "ui/messages.h"
+#include "ui/modal_window.h"
+#include "ui/progress_window.h"
+#include "ui/skin_tones_window.h"
+#include "ui/tips_window.h"
+#include "ui/wide_text.h"
+#include "ui/zoom_window.h"
+
+namespace tarnwell {
+
+OtherWindows::OtherWindows(MainWindow& window, Messages& messages)
+    : window_(window), messages_(messages) {}
+OtherWindows::~OtherWindows() = default;
+
+void OtherWindows::Attach(HWND main_window) {
+  main_window_ = main_window;
+  Form1& form = window_.form;
+  progress_ = std::make_unique<ProgressBox>(form.progress, form.app.cancel_requested, messages_);
+  progress_->Create(main_window);
+  form.progress.view = progress_.get();
+}
+
+void OtherWindows::ShowTip(int tip) {
+  if (!tips_) tips_ = std::make_unique<TipsWindow>(main_window_, window_.tips);
+  tips_->ShowTip(tip);
+}
+
+void OtherWindows::ShowAbout() {
+  Form1& form = window_.form;
+  if (!about_) {
+    about_ = std::make_unique<AboutWindow>(main_window_, form.app.power_toys,
+                                           [&form] { TogglePowerToys(form.app, form.platform); });
+  }
+  about_->Open();
+}
+
+void OtherWindows::ShowOpenMode() {
+  frmOpenMode model(window_.form.app);
+  std::vector<std::wstring> captions;
+  for (const char* caption : kOpenModeCaptions) captions.push_back(Wide(caption));
+  ChoiceWindow dialog(main_window_, L"Photo Open Mode", L"When a photo is opened:", captions,
+                      model.selected);
+  if (!dialog.Run(messages_, main_window_)) return;
+  model.selected = dialog.chosen();
+  model.OkClicked(window_.form.app);
+}
+
+void OtherWindows::ShowZoom(ZoomMode mode) {
+  Form1& form = window_.form;
+  if (!zoom_) {
+    zoom_ = std::make_unique<ZoomWindow>(
+        main_window_, ZoomWindow::Models{zoom_model_, form.modules, skin_tones_model_, messages_});
+    zoom_->closed = [this] {
+      if (skin_tones_ && skin_tones_model_.visible) skin_tones_->Update();
+      window_.view.Refresh();
+    };
+  }
+  // A colour is picked from the photo as it was taken.
+  const PhotoSurfaces& surfaces = form.buffer.surfaces;
+  OpenZoom(zoom_model_, mode,
+           mode == ZoomMode::kViewOnly ? surfaces.picSource.picture : surfaces.picOriginal.picture);
+  zoom_->Open();
+}
+
+void OtherWindows::ManageSkinTones() {
+  Form1& form = window_.form;
+  if (!skin_tones_) {
+    skin_tones_ = std::make_unique<SkinTonesWindow>(main_window_, skin_tones_model_, form);
+    skin_tones_->closed = [this] { window_.view.Refresh(); };
+  }
+  OpenSkinTones(skin_tones_model_, form.modules.skin_tones);
+  skin_tones_->Update();
+}
+
+void OtherWindows::SaveWhiteBalance() {
+  Form1& form = window_.form;
+  frmWhiteBalnc model;
+  ChoiceWindow dialog(main_window_, L"Save White Balance Setting", Wide(frmWhiteBalnc::kQuestion),
+                      {Wide(frmWhiteBalnc::kCustomChoice), Wide(frmWhiteBalnc::kDefaultChoice)},
+                      model.default_chosen ? 1 : 0);
+  const bool confirmed = dialog.Run(messages_, main_window_);
+  model.default_chosen = dialog.chosen() == 1;
+  if (confirmed) {
+    WhiteBalncOk(model);
+  } else {
+    WhiteBalncCancel(model);
+  }
+  SaveWhiteBalanceSetting(form.app, form.platform, form.modules, model);
+}
+
+std::string OtherWindows::AskText(const std::string& title, const std::string& prompt) {
+  TextWindow dialog(main_window_, Wide(title), Wide(prompt));
+  if (!dialog.Run(messages_, main_window_)) return {};
+  return Narrow(dialog.text());
+}
+
+void OtherWindows::SetShowFocus(bool show) {
+  const auto set = [show](FrameWindow* window) {
+    if (window) window->look().show_focus = show;
+  };
+  set(progress_.get());
+  set(tips_.get());
+  set(about_.get());
+  set(zoom_.get());
+  set(skin_tones_.get());
+}
+
+void OtherWindows::Refresh() {
+  if (about_) about_->Invalidate();
+}
+
+void OtherWindows::CloseAll() {
+  tips_.reset();
+  about_.reset();
+  zoom_.reset();
+  skin_tones_.reset();
+  window_.form.progress.view = nullptr;
+  progress_.reset();
+}
+
+}  // namespace tarnwell

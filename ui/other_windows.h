@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <windows.h>
+
+#include "modules/frm_skin_tones.h"
+#include "modules/frm_zoom.h"
+#include "ui/look.h"
+
+namespace tarnwell {
+
+class Messages;
+class ProgressBox;
+struct MainWindow;
+
+class AboutWindow;
+class SkinTonesWindow;
+class TipsWindow;
+class ZoomWindow;
+
+// The windows beside the main one. Each is made when it is first wanted.
+class OtherWindows {
+ public:
+  OtherWindows(MainWindow& window, Messages& messages);
+  ~OtherWindows();
+  OtherWindows(const OtherWindows&) = delete;
+  OtherWindows& operator=(const OtherWindows&) = delete;
+
+  // Makes the progress window over `main_window` and lets the correction show itself there.
+  void Attach(HWND main_window);
+
+  void ShowTip(int tip);
+  void ShowAbout();
+  void ShowOpenMode();
+  void ShowZoom(ZoomMode mode);
+  void ManageSkinTones();
+  void SaveWhiteBalance();  // asks where to, then saves
+  std::string AskText(const std::string& title, const std::string& prompt);
+
+  void SetShowFocus(bool show);  // in all of them
+  void Refresh();                // what shows settings that may have changed
+  void CloseAll();
+
+ private:
+  MainWindow& window_;
+  Messages& messages_;
+  HWND main_window_ = nullptr;
+  frmZoom zoom_model_;
+  frmSkinTones skin_tones_model_;
+  std::unique_ptr<ProgressBox> progress_;
+  std::unique_ptr<TipsWindow> tips_;
+  std::unique_ptr<AboutWindow> about_;
+  std::unique_ptr<ZoomWindow> zoom_;
+  std::unique_ptr<SkinTonesWindow> skin_tones_;
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,103 @@
+#include "ui/progress_window.h"
+
+#include "ui/wide_text.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr int kWidth = 45 * kGrid;
+constexpr int kHeight = 17 * kGrid;
+constexpr int kMargin = 3 * kGrid;
+constexpr UINT_PTR kTimer1 = 1;
+// When the correction has told nothing for so long, the bar moves on its own.
+constexpr ULONGLONG kSilentMilliseconds = 500;
+
+}  // namespace
+
+ProgressBox::ProgressBox(frmProgress& progress, bool& cancel_requested, PendingEvents& events)
+    : progress_(progress),
+      cancel_requested_(cancel_requested),
+      events_(events),
+      lblJob_(look_, Ground::kPage, Face::kBody),
+      picCancel_(look_, Ground::kPage, ButtonKind::kPlain) {}
+
+void ProgressBox::Create(HWND owner) {
+  MakeDialog(L"Progress", owner, kWidth, kHeight);
+  lblJob_.Create(handle(), L"");
+  picCancel_.clicked = [this] { Cancel(); };
+  picCancel_.Create(handle(), L"&Cancel");
+  LayOut(Client());
+}
+
+Box ProgressBox::BarBox() const {
+  const int margin = look_.Px(kMargin);
+  return {margin, look_.Px(7 * kGrid), Client().width - 2 * margin, look_.Px(6)};
+}
+
+void ProgressBox::LayOut(const Box& client) {
+  if (!picCancel_.handle()) return;
+  const int margin = Px(kMargin);
+  lblJob_.Place({margin, Px(3 * kGrid), client.width - 2 * margin, Px(3 * kGrid)});
+  picCancel_.Place({client.width - margin - Px(12 * kGrid), client.height - Px(6 * kGrid),
+                    Px(12 * kGrid), Px(4 * kGrid)});
+}
+
+void ProgressBox::PaintClient(Painter& painter, const Box& client) {
+  painter.Fill(client, theme().page);
+  const Box bar = BarBox();
+  painter.Round(bar, bar.height / 2.0, theme().track);
+  const int done = static_cast<int>(bar.width * std::min(progress_.percentage, 100.0F) / 100);
+  painter.Round({bar.x, bar.y, done, bar.height}, bar.height / 2.0, theme().accent);
+}
+
+void ProgressBox::ShowWindow() {
+  SetText(Wide(progress_.caption));
+  lblJob_.SetText(Wide(progress_.lblJob));
+  last_report_ = GetTickCount64();
+  SetTimer(handle(), kTimer1, static_cast<UINT>(progress_.timer_interval), nullptr);
+  if (const HWND owner = GetWindow(handle(), GW_OWNER)) EnableWindow(owner, FALSE);
+  ShowCentred();
+  SetFocus(picCancel_.handle());
+  UpdateWindow(handle());
+}
+
+// The main window is enabled first, or another program's window would come to the front.
+void ProgressBox::HideWindow() {
+  KillTimer(handle(), kTimer1);
+  if (const HWND owner = GetWindow(handle(), GW_OWNER)) EnableWindow(owner, TRUE);
+  Show(false);
+}
+
+void ProgressBox::DrawBar(float) {
+  last_report_ = GetTickCount64();
+  const RECT bar = ToRect(Inset(BarBox(), -1, -1));
+  RedrawWindow(handle(), &bar, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+void ProgressBox::ShowText(const std::string& lblJob) {
+  lblJob_.SetText(Wide(lblJob));
+  UpdateWindow(lblJob_.handle());
+}
+
+void ProgressBox::Cancel() {
+  picCancel_.SetText(L"Cancelling...");
+  CancelClicked(progress_, cancel_requested_, events_);
+  picCancel_.SetText(L"&Cancel");
+}
+
+void ProgressBox::Animate() {
+  const ULONGLONG reported = last_report_;
+  if (GetTickCount64() - reported < kSilentMilliseconds) return;
+  Timer1_Tick(progress_);
+  last_report_ = reported;
+}
+
+LRESULT ProgressBox::Handle(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_TIMER && w == kTimer1) {
+    Animate();
+    return 0;
+  }
+  return FrameWindow::Handle(message, w, l);
+}
+
+}  // namespace tarnwell

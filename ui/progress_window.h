@@ -1,0 +1,41 @@
+#pragma once
+
+#include "shell/frm_progress.h"
+#include "ui/buttons.h"
+#include "ui/frame_window.h"
+
+namespace tarnwell {
+
+class PendingEvents;
+
+// The window over a correction that runs: stage, bar, Cancel.
+class ProgressBox : public FrameWindow, public ProgressView {
+ public:
+  ProgressBox(frmProgress& progress, bool& cancel_requested, PendingEvents& events);
+  void Create(HWND owner);
+
+  void ShowWindow() override;
+  void HideWindow() override;
+  void DrawBar(float percentage) override;
+  void ShowText(const std::string& lblJob) override;
+
+ protected:
+  void LayOut(const Box& client) override;
+  void PaintClient(Painter& painter, const Box& client) override;
+  void OnDismiss() override { Cancel(); }
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
+
+ private:
+  Box BarBox() const;
+  void Cancel();
+  void Animate();
+
+  frmProgress& progress_;
+  bool& cancel_requested_;
+  PendingEvents& events_;
+  Label lblJob_;
+  Button picCancel_;
+  ULONGLONG last_report_ = 0;
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ui/buttons.h"
+#include "ui/frame_window.h"
+
+namespace tarnwell {
+
+struct Tips;
+
+// The tips, one at a time, to leaf through. It does not hold up the program.
+class TipsWindow : public FrameWindow {
+ public:
+  TipsWindow(HWND owner, Tips& tips);
+  void ShowTip(int tip);
+
+ protected:
+  void LayOut(const Box& client) override;
+  void PaintClient(Painter& painter, const Box& client) override;
+  void OnConfirm() override { OnDismiss(); }
+
+ private:
+  Tips& tips_;
+  int tip_ = 1;
+  Label text_;
+  CheckBox hide_this_;
+  CheckBox hide_all_;
+  Button back_;
+  Button next_;
+  Button close_;
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,169 @@
+#include "ui/zoom_window.h"
+
+#include <oleacc.h>
+#include <optional>
+#include <windowsx.h>
+
+#include "ui/wide_text.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr int kWidth = 100 * kGrid;
+constexpr int kHeight = 80 * kGrid;
+constexpr int kBarHeight = 6 * kGrid;
+constexpr int kSwatchSide = 4 * kGrid;
+
+std::optional<MouseButton> ButtonOf(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+      return MouseButton::kLeft;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+      return MouseButton::kRight;
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONUP:
+      return MouseButton::kMiddle;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+ZoomWindow::ZoomWindow(HWND owner, Models models)
+    : models_(models),
+      container_(*this),
+      instruction_(look_, Ground::kPage, Face::kBody),
+      lblColor_(look_) {
+  MakeTop(kDialogClass, L"Zoom", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, owner, kWidth, kHeight);
+  container_.Create(handle());
+  instruction_.Create(handle(), L"");
+  lblColor_.Create(handle(), L"Colour under the pointer");
+  LayOut(Client());
+}
+
+void ZoomWindow::Open() {
+  if (!models_.zoom.visible) return;
+  LayOut(Client());
+  instruction_.SetText(Wide(models_.zoom.instruction));
+  instruction_.SetTip(instruction_.Text());
+  Changed();
+  if (!IsWindowVisible(handle())) ShowCentred();
+  SetForegroundWindow(handle());
+  SetFocus(container_.handle());
+}
+
+void ZoomWindow::Changed() {
+  lblColor_.Show(models_.zoom.lblColor_visible);
+  lblColor_.SetColour(models_.zoom.lblColor);
+  container_.Invalidate();
+  if (!models_.zoom.visible) Hide();
+}
+
+void ZoomWindow::Hide() {
+  Show(false);
+  if (const HWND owner = GetWindow(handle(), GW_OWNER)) SetActiveWindow(owner);
+  closed();
+}
+
+void ZoomWindow::OnDismiss() {
+  CloseZoom(models_.zoom, models_.skin_tones);
+  Hide();
+}
+
+void ZoomWindow::LayOut(const Box& client) {
+  if (!lblColor_.handle()) return;
+  const int bar = Px(kBarHeight);
+  const int margin = Px(2 * kGrid);
+  const int side = Px(kSwatchSide);
+  lblColor_.Place({client.width - margin - side, (bar - side) / 2, side, side});
+  instruction_.Place({margin, 0, client.width - 3 * margin - side, bar});
+  const Box photo = {0, bar, client.width, std::max(0, client.height - bar)};
+  container_.Place(photo);
+  ResizeZoom(models_.zoom, photo.width, photo.height);
+  Invalidate();
+  container_.Invalidate();
+}
+
+LRESULT ZoomWindow::Handle(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_MOUSEWHEEL) {
+    ZoomKeyDown(models_.zoom, GET_WHEEL_DELTA_WPARAM(w) > 0 ? ArrowKey::kUp : ArrowKey::kDown);
+    Changed();
+    return 0;
+  }
+  return FrameWindow::Handle(message, w, l);
+}
+
+ZoomWindow::Container::Container(ZoomWindow& window)
+    : Control(window.look_, Ground::kPage), window_(window) {}
+
+void ZoomWindow::Container::Create(HWND parent) {
+  Control::Create(parent, L"Photo at full size", ROLE_SYSTEM_GRAPHIC, true);
+}
+
+void ZoomWindow::Container::Paint(Painter& painter, const Box&) {
+  const frmZoom& zoom = window_.models_.zoom;
+  if (!zoom.photo) return;
+  painter.Copy(zoom.left, zoom.top, zoom.photo->view());
+}
+
+bool ZoomWindow::Container::OnKey(WPARAM key) {
+  frmZoom& zoom = window_.models_.zoom;
+  switch (key) {
+    case VK_LEFT:
+      ZoomKeyDown(zoom, ArrowKey::kLeft);
+      break;
+    case VK_RIGHT:
+      ZoomKeyDown(zoom, ArrowKey::kRight);
+      break;
+    case VK_UP:
+      ZoomKeyDown(zoom, ArrowKey::kUp);
+      break;
+    case VK_DOWN:
+      ZoomKeyDown(zoom, ArrowKey::kDown);
+      break;
+    default:
+      return false;
+  }
+  window_.Changed();
+  return true;
+}
+
+bool ZoomWindow::Container::HandleButton(UINT message, ZoomPoint point) {
+  const std::optional<MouseButton> button = ButtonOf(message);
+  if (!button) return false;
+  const Models& models = window_.models_;
+  const bool down =
+      message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
+  if (down) {
+    SetFocus(handle());
+    SetCapture(handle());
+    ZoomMouseDown(models.zoom, *button, point);
+  } else {
+    ReleaseCapture();
+    ZoomMouseUp(models.zoom, *button, point, models.panel, models.skin_tones, models.events);
+  }
+  window_.Changed();
+  return true;
+}
+
+LRESULT ZoomWindow::Container::Handle(UINT message, WPARAM w, LPARAM l) {
+  const ZoomPoint point = {GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+  if (HandleButton(message, point)) return 0;
+  if (message == WM_MOUSEMOVE && window_.models_.zoom.action != frmZoom::Action::kNone) {
+    ZoomMouseMove(window_.models_.zoom, point);
+    window_.Changed();
+    return 0;
+  }
+  if (message == WM_SETCURSOR) {
+    const bool picks = window_.models_.zoom.mode != ZoomMode::kViewOnly &&
+                       window_.models_.zoom.action != frmZoom::Action::kDragging;
+    SetCursor(LoadCursorW(nullptr, picks ? IDC_CROSS : IDC_SIZEALL));
+    return TRUE;
+  }
+  return Control::Handle(message, w, l);
+}
+
+}  // namespace tarnwell

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+
+#include "modules/frm_zoom.h"
+#include "ui/buttons.h"
+#include "ui/frame_window.h"
+#include "ui/swatch_control.h"
+
+namespace tarnwell {
+
+class PendingEvents;
+
+// The photo at full size, to look at or to pick a colour from.
+class ZoomWindow : public FrameWindow {
+ public:
+  struct Models {
+    frmZoom& zoom;
+    frmModules& panel;
+    frmSkinTones& skin_tones;
+    PendingEvents& events;
+  };
+  ZoomWindow(HWND owner, Models models);
+  void Open();  // shows what the model was opened for
+
+  std::function<void()> closed = [] {};  // after a pick or a close; other windows show anew
+
+ protected:
+  void LayOut(const Box& client) override;
+  void OnDismiss() override;
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
+
+ private:
+  // The photo itself; takes pointer and arrow keys.
+  class Container : public Control {
+   public:
+    explicit Container(ZoomWindow& window);
+    void Create(HWND parent);
+
+   protected:
+    void Paint(Painter& painter, const Box& client) override;
+    LRESULT WantedKeys() const override { return DLGC_WANTARROWS; }
+    bool OnKey(WPARAM key) override;
+    LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
+
+   private:
+    bool HandleButton(UINT message, ZoomPoint point);
+    ZoomWindow& window_;
+  };
+
+  void Changed();  // the model has changed
+  void Hide();
+
+  Models models_;
+  Container container_;
+  Label instruction_;
+  SwatchControl lblColor_;
+};
+
+}  // namespace tarnwell
