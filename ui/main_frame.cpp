@@ -173,9 +173,7 @@ void MainFrame::KeyboardUsed(bool used) {
   RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
-bool MainFrame::Shortcut(const char* shortcut) {
-  return PressShortcut(*window_, shortcut);
-}
+bool MainFrame::Shortcut(const char* shortcut) { return PressShortcut(*window_, shortcut); }
 
 void MainFrame::OpenMenu(int menu) {
   const std::optional<int> row = ChooseMenuRow(menu);

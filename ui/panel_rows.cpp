@@ -62,6 +62,7 @@ Parts SliderRow(HWND parent, const Look& look, PanelHost& host, int index) {
   auto slider = std::make_unique<SliderControl>(look);
   SliderControl* made = slider.get();
   frmModules& panel = host.form.modules;
+  if (kSliders[index].lowest < 0) slider->origin = kKnobCentre;
   slider->read = [&panel, index] { return panel.sliders[index]; };
   slider->moved = [&host, &panel, index](int position) {
     host.small_change([&] { CalcSlidVal(panel, index, position); });

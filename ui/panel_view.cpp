@@ -33,8 +33,8 @@ void PanelView::Create(HWND parent) {
 }
 
 void PanelView::Content::Create(HWND parent) {
-  Make(kChildClass, L"Modules", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
-       parent, {});
+  Make(kChildClass, L"Modules", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
+       WS_EX_CONTROLPARENT, parent, {});
 }
 
 void PanelView::MakeModule(int module) {

@@ -1,5 +1,6 @@
 #include "ui/slider_control.h"
 
+#include <cstdlib>
 #include <oleacc.h>
 #include <windowsx.h>
 
@@ -79,7 +80,9 @@ void SliderControl::Paint(Painter& painter, const Box& client) {
   const int thick = look().Px(4);
   const Box line = {track.x, track.y + (track.height - thick) / 2, track.width, thick};
   painter.Round(line, thick / 2.0, theme.track);
-  painter.Round({line.x, line.y, knob_x - line.x, thick}, thick / 2.0, theme.accent);
+  const int origin_x = KnobX(origin, track.x, track.width);
+  const int from = std::min(origin_x, knob_x);
+  painter.Round({from, line.y, std::abs(knob_x - origin_x), thick}, thick / 2.0, theme.accent);
   const Point centre = {knob_x + 0.0, track.y + track.height / 2.0};
   const double radius = look().scale.Exact(kKnobRadius);
   if (ShowsFocus())

@@ -14,6 +14,8 @@ class SliderControl : public Control {
   void Create(HWND parent, const std::wstring& name);
   void Update();  // the slider may have changed
 
+  int origin = 0;  // the knob position that changes nothing; the track is filled from there
+
   std::function<Slider()> read = [] { return Slider(); };
   std::function<void(int)> moved = [](int) {};    // the knob is wanted at this position
   std::function<void(int)> stepped = [](int) {};  // an arrow: -1 or +1
