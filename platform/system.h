@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -23,5 +24,13 @@ std::string SystemDataFolder();
 
 // How many processors the program may use, at least 1.
 int SystemProcessorCount();
+
+// How many bytes of memory this machine has; 0 when the system does not tell.
+std::uint64_t SystemMemoryBytes();
+
+// Deletes the temporary files in `folder` that programs of this machine left when they were ended
+// in the middle of writing: those of processes that no longer run, and those of an earlier process
+// that had this one's number. Called before this process writes there. Returns how many went.
+int DeleteStrayTemporaries(const std::string& folder);
 
 }  // namespace tarnwell

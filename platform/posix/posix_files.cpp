@@ -136,6 +136,19 @@ std::string TemporaryName() {
 
 }  // namespace
 
+std::optional<long> ProcessOfTemporary(const std::string& name) {
+  long process = 0;
+  unsigned counter = 0;
+  unsigned random = 0;
+  int length = 0;
+  const int read = std::sscanf(name.c_str(), ".tarnwell-%9ld-%10u-%8x.tmp%n", &process, &counter,
+                               &random, &length);
+  if (read != 3 || static_cast<std::size_t>(length) != name.size() || process < 1) {
+    return std::nullopt;
+  }
+  return process;
+}
+
 bool PosixFiles::FileExists(const std::string& path) { return LooksLike(path, S_IFREG); }
 
 bool PosixFiles::FolderExists(const std::string& path) { return LooksLike(path, S_IFDIR); }

@@ -1,7 +1,10 @@
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <sched.h>
 #include <thread>
+#include <unistd.h>
 
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
@@ -17,6 +20,11 @@ namespace {
 std::string FolderFromEnvironment(const char* name) {
   const char* value = std::getenv(name);
   return value != nullptr && value[0] == '/' ? value : "";
+}
+
+// Whether another process of this number runs.
+bool RunsBeside(long process) {
+  return process != getpid() && (kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH);
 }
 
 }  // namespace
@@ -47,6 +55,26 @@ int SystemProcessorCount() {
   cpu_set_t allowed;
   if (sched_getaffinity(0, sizeof allowed, &allowed) == 0) return std::max(CPU_COUNT(&allowed), 1);
   return static_cast<int>(std::max(std::thread::hardware_concurrency(), 1u));
+}
+
+std::uint64_t SystemMemoryBytes() {
+  const long pages = sysconf(_SC_PHYS_PAGES);
+  const long page_size = sysconf(_SC_PAGESIZE);
+  if (pages < 0 || page_size < 0) return 0;
+  return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(page_size);
+}
+
+int DeleteStrayTemporaries(const std::string& folder) {
+  PosixFiles files;
+  const auto entries = files.List(folder);
+  if (!entries.ok()) return 0;
+  int deleted = 0;
+  for (const FolderEntry& entry : *entries) {
+    const std::optional<long> process = ProcessOfTemporary(entry.name);
+    if (entry.is_folder || !process || RunsBeside(*process)) continue;
+    if (files.Delete(folder + entry.name).ok()) ++deleted;
+  }
+  return deleted;
 }
 
 }  // namespace tarnwell

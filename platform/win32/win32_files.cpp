@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdio>
 #include <new>
 #include <optional>
 #include <utility>
@@ -117,6 +118,15 @@ void SetReadOnly(const std::wstring& path, bool read_only) {
 }
 
 }  // namespace
+
+std::optional<std::uint32_t> ProcessOfTemporary(const std::string& name) {
+  unsigned long process = 0;
+  unsigned long counter = 0;
+  int length = 0;
+  const int read = std::sscanf(name.c_str(), "~tp%10lu-%10lu.tmp%n", &process, &counter, &length);
+  if (read != 2 || static_cast<std::size_t>(length) != name.size()) return std::nullopt;
+  return static_cast<std::uint32_t>(process);
+}
 
 bool Win32Files::FileExists(const std::string& path) {
   if (path.ends_with('\\')) return false;

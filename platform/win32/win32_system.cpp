@@ -12,6 +12,19 @@
 #include "platform/win32/win32_picture_codec.h"
 
 namespace tarnwell {
+namespace {
+
+// Whether another process of this number runs.
+bool RunsBeside(DWORD process) {
+  if (process == GetCurrentProcessId()) return false;
+  const HANDLE opened = OpenProcess(SYNCHRONIZE, FALSE, process);
+  if (opened == nullptr) return GetLastError() != ERROR_INVALID_PARAMETER;
+  const bool runs = WaitForSingleObject(opened, 0) == WAIT_TIMEOUT;
+  CloseHandle(opened);
+  return runs;
+}
+
+}  // namespace
 
 std::unique_ptr<Files> MakeSystemFiles() { return std::make_unique<Win32Files>(); }
 
@@ -41,6 +54,25 @@ int SystemProcessorCount() {
   DWORD_PTR ours = 0, all = 0;
   if (!GetProcessAffinityMask(GetCurrentProcess(), &ours, &all)) return 1;
   return std::max(1, std::popcount(static_cast<std::uint64_t>(ours)));
+}
+
+std::uint64_t SystemMemoryBytes() {
+  MEMORYSTATUSEX memory = {};
+  memory.dwLength = sizeof memory;
+  return GlobalMemoryStatusEx(&memory) ? memory.ullTotalPhys : 0;
+}
+
+int DeleteStrayTemporaries(const std::string& folder) {
+  Win32Files files;
+  const auto entries = files.List(folder);
+  if (!entries.ok()) return 0;
+  int deleted = 0;
+  for (const FolderEntry& entry : *entries) {
+    const std::optional<std::uint32_t> process = ProcessOfTemporary(entry.name);
+    if (entry.is_folder || !process || RunsBeside(*process)) continue;
+    if (files.Delete(folder + entry.name).ok()) ++deleted;
+  }
+  return deleted;
 }
 
 }  // namespace tarnwell

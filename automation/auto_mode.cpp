@@ -1,0 +1,183 @@
+#include "automation/auto_mode.h"
+
+#include "platform/clock.h"
+#include "platform/events.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "shell/letter_case.h"
+
+namespace tarnwell {
+namespace {
+
+// How long a folder that takes no more is left alone: every try corrects a photo in vain.
+constexpr std::int64_t kHoldNanos = 30'000'000'000;
+
+std::string IdleText(const std::string& input_folder) {
+  return "Waiting...\r\n\r\nWatching for images in:\r\n" + input_folder;
+}
+
+void SetStatus(AutoMode& mode, AutoModeHost& host, const std::string& text) {
+  if (mode.window.lblStatus == text) return;
+  mode.window.lblStatus = text;
+  host.ShowStatus(text);
+}
+
+void Hold(AutoMode& mode, AutoModeHost& host, const std::string& reason, std::int64_t until) {
+  mode.hold_until = until;
+  if (mode.hold_reason == reason) return;
+  mode.hold_reason = reason;
+  host.Report(reason);
+}
+
+// The rule for free names looks at the whole path, folders included.
+AutoFolders AbsoluteFolders(const AutoFolders& folders, Files& files) {
+  AutoFolders absolute;
+  for (int i = 0; i < 3; ++i) absolute[i] = WithBackslash(files.Absolute(folders[i]));
+  return absolute;
+}
+
+// Why these folders cannot be worked with; empty when they can.
+std::string WrongWith(const AutoFolders& folders, Files& files) {
+  for (const std::string& folder : folders) {
+    if (!files.FolderExists(folder)) return files.Display(folder) + ": there is no such folder";
+  }
+  for (const AutoFolder target : {kOutputFolder, kProcessedFolder}) {
+    // What is written into the input folder would be taken for a new photo, for ever.
+    if (FoldCase(folders[target]) == FoldCase(folders[kInputFolder])) {
+      return files.Display(folders[target]) +
+             ": the input folder cannot be the output or processed folder as well";
+    }
+  }
+  return {};
+}
+
+// One listing of the input folder and the photos that are ready there. False when there is nothing
+// more to do in this tick.
+bool RunPass(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& host) {
+  platform.events.Run();
+  const std::int64_t now = platform.clock.Nanos();
+  if (now < mode.hold_until) return false;
+  const AutoFolders folders = AbsoluteFolders(mode.folders, platform.files);
+  if (const std::string wrong = WrongWith(folders, platform.files); !wrong.empty()) {
+    Hold(mode, host, wrong, now);
+    return false;
+  }
+  auto ready = mode.watched.Look(platform.files, folders[kInputFolder], now, mode.once);
+  if (!ready.ok()) {
+    Hold(mode, host, ready.status.message, now);
+    return false;
+  }
+  mode.waiting = 0;
+  // A reason that came with a time is over only when a photo has gone through.
+  if (mode.hold_until == 0 || ready->empty()) mode.hold_reason.clear();
+  if (ready->empty()) return false;
+  AutoPass pass(mode, folders, std::move(*ready), platform, tray, host);
+  host.CorrectPhotos(pass);
+  return pass.moved_on();
+}
+
+}  // namespace
+
+AutoPass::AutoPass(AutoMode& mode, const AutoFolders& folders, std::vector<WatchedPhoto> photos,
+                   Platform& platform, SysTray& tray, AutoModeHost& host)
+    : mode_(mode),
+      folders_(folders),
+      photos_(std::move(photos)),
+      tasks_(photos_.size()),
+      platform_(platform),
+      tray_(tray),
+      host_(host),
+      plan_(platform.files) {}
+
+bool AutoPass::Begin(std::size_t index) {
+  const std::lock_guard lock(mutex_);
+  if (stopped_ || !mode_.automated) return false;
+  if (!mode_.worked) {
+    mode_.worked = true;
+    SetTrayIcon(tray_, TrayPicture::kBusy);
+    SetTrayState(tray_, TrayState::kProcessing);
+  }
+  const WatchedPhoto& photo = photos_[index];
+  mode_.current_name = photo.name;
+  AutoPhotoTask& task = tasks_[index];
+  task.correct.photo = PathOf(index);
+  task.saved_as = photo.saved_as;
+  if (task.saved_as.empty()) {
+    task.correct.wanted = folders_[kOutputFolder] + photo.name;
+    task.correct.target = plan_.Take(task.correct.wanted);
+  }
+  task.move_wish = folders_[kProcessedFolder] + photo.name;
+  task.move_to = plan_.Take(task.move_wish);
+  return true;
+}
+
+void AutoPass::Correct(std::size_t index, Form1& form) {
+  const AutoPhotoOutcome outcome =
+      ProcessPhoto(form, tasks_[index], plan_, [this](const std::string& text) {
+        const std::lock_guard lock(mutex_);
+        SetStatus(mode_, host_, text);
+      });
+  const std::lock_guard lock(mutex_);
+  Settle(photos_[index], outcome);
+}
+
+void AutoPass::Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome) {
+  switch (outcome.fate) {
+    case PhotoFate::kDone:
+      moved_on_ = true;
+      if (!stopped_) mode_.hold_reason.clear();
+      if (!stopped_) mode_.hold_until = 0;
+      host_.PhotoDone(photo.name, outcome.saved_as);
+      break;
+    case PhotoFate::kGone:
+      moved_on_ = true;
+      break;
+    case PhotoFate::kWaits:
+      ++mode_.waiting;
+      if (mode_.watched.FirstComplaint(photo)) host_.Report(outcome.status.message);
+      break;
+    case PhotoFate::kFailed:
+      ++mode_.failed;
+      mode_.watched.GiveUp(photo);
+      host_.Report(outcome.status.message);
+      break;
+    case PhotoFate::kFolderFailed:
+      stopped_ = true;
+      if (!outcome.saved_as.empty()) mode_.watched.Saved(photo, outcome.saved_as);
+      Hold(mode_, host_, outcome.status.message, platform_.clock.Nanos() + kHoldNanos);
+      break;
+    case PhotoFate::kStopped:
+      stopped_ = true;
+      break;
+  }
+}
+
+void StartAutoMode(AutoMode& mode) {
+  mode.automated = true;
+  mode.watched.ForgetAll();
+  mode.hold_reason.clear();
+  mode.hold_until = 0;
+  mode.failed = 0;
+}
+
+void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& host) {
+  if (!mode.automated || mode.busy) return;
+  mode.busy = true;
+  while (RunPass(mode, platform, tray, host) && mode.automated && !mode.once) {
+  }
+  if (mode.worked || !tray.picture) {
+    SetTrayIcon(tray, TrayPicture::kIdle);
+    SetTrayState(tray, TrayState::kIdle);
+  }
+  if (mode.worked) host.RefreshMainWindow();
+  mode.worked = false;
+  SetStatus(mode, host,
+            mode.hold_reason.empty() ? IdleText(mode.folders[kInputFolder]) : mode.hold_reason);
+  mode.busy = false;
+}
+
+void CorrectInWindow(AutoPass& pass, Form1& form) {
+  for (std::size_t i = 0; i < pass.size() && pass.Begin(i); ++i) pass.Correct(i, form);
+}
+
+}  // namespace tarnwell

@@ -1,0 +1,115 @@
+#include "automation/auto_photo.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "automation/name_plan.h"
+#include "imaging/output_names.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+
+namespace tarnwell {
+namespace {
+
+std::string StatusText(PhotoStep step, const std::string& name) {
+  switch (step) {
+    case PhotoStep::kLoading:
+      return "Loading Image...";
+    case PhotoStep::kCorrecting:
+      return name + "\r\nCorrecting Image...";
+    case PhotoStep::kSaving:
+      return name + "\r\nSaving Image and Moving Source...";
+  }
+  return {};
+}
+
+// A file about as large as the corrected photo at its largest. Where that finds no room the disk is
+// as good as full.
+std::size_t BytesOfCopy(const Form1& form) {
+  constexpr std::size_t kLeast = std::size_t{1} << 16;
+  constexpr std::size_t kMost = std::size_t{1} << 26;
+  const Picture& photo = form.buffer.surfaces.picOriginal.picture;
+  return std::clamp(photo ? photo->view().pixel_count() : 0, kLeast, kMost);
+}
+
+// A write into `folder` failed: is it the folder's fault, or the photo's own?
+AutoPhotoOutcome WriteFailed(Form1& form, const std::string& folder, Status why,
+                             std::string saved_as) {
+  Status folder_takes = FolderTakes(form.platform.files, folder, BytesOfCopy(form));
+  if (folder_takes.ok()) return {PhotoFate::kFailed, std::move(why), std::move(saved_as)};
+  return {PhotoFate::kFolderFailed, std::move(folder_takes), std::move(saved_as)};
+}
+
+AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedPhoto corrected) {
+  if (corrected.status.failure == Failure::kCancelled) {
+    return {PhotoFate::kStopped, std::move(corrected.status), {}};
+  }
+  if (corrected.step == PhotoStep::kSaving) {
+    return WriteFailed(form, SplitPhotoPath(task.correct.wanted).folder,
+                       std::move(corrected.status), {});
+  }
+  PhotoFate fate = PhotoFate::kFailed;
+  if (corrected.step == PhotoStep::kLoading) {
+    if (corrected.status.failure == Failure::kNotFound) fate = PhotoFate::kGone;
+    if (corrected.status.failure == Failure::kNoAccess) fate = PhotoFate::kWaits;
+  }
+  return {fate, std::move(corrected.status), {}};
+}
+
+// A dot in the name of a folder makes a numbered name lead into a folder that does not exist. Found
+// before the work begins, so that no copy is saved whose source could not be moved.
+Status NameLeadsSomewhere(Files& files, const std::string& path, const std::string& wish) {
+  const std::string folder = SplitPhotoPath(path).folder;
+  if (folder == SplitPhotoPath(wish).folder || files.FolderExists(folder)) return Status::Ok();
+  return Status::Error(Failure::kNotFound, files.Display(wish) + ": is there already, and " +
+                                               files.Display(path) + " lies in no folder");
+}
+
+AutoPhotoOutcome MoveSource(Form1& form, const AutoPhotoTask& task, const std::string& saved_as,
+                            NamePlan& plan) {
+  Files& files = form.platform.files;
+  Status moved = files.Move(task.correct.photo, task.move_to);
+  while (moved.failure == Failure::kExists) {
+    moved = files.Move(task.correct.photo, plan.Take(task.move_wish));
+  }
+  if (moved.ok()) return {PhotoFate::kDone, std::move(moved), saved_as};
+  if (!files.FileExists(task.correct.photo)) {
+    return {PhotoFate::kGone, std::move(moved), saved_as};
+  }
+  return WriteFailed(form, SplitPhotoPath(task.move_wish).folder, std::move(moved), saved_as);
+}
+
+}  // namespace
+
+AutoPhotoOutcome ProcessPhoto(Form1& form, const AutoPhotoTask& task, NamePlan& plan,
+                              const std::function<void(const std::string&)>& show_status) {
+  const std::string name = SplitPhotoPath(task.correct.photo).file_name;
+  const auto show = [&](PhotoStep step) { show_status(StatusText(step, name)); };
+  if (!task.saved_as.empty()) {
+    show(PhotoStep::kSaving);
+    return MoveSource(form, task, task.saved_as, plan);
+  }
+  for (const auto& [path, wish] : {std::pair(task.correct.target, task.correct.wanted),
+                                   std::pair(task.move_to, task.move_wish)}) {
+    Status leads = NameLeadsSomewhere(form.platform.files, path, wish);
+    if (!leads.ok()) return {PhotoFate::kFailed, std::move(leads), {}};
+  }
+  CorrectedPhoto corrected = CorrectPhoto(form, task.correct, plan, show);
+  if (!corrected.status.ok()) return NotCorrected(form, task, std::move(corrected));
+  return MoveSource(form, task, corrected.saved_as, plan);
+}
+
+Status FolderTakes(Files& files, const std::string& folder, std::size_t bytes) {
+  const std::string path = files.TemporaryBeside(folder + "photo");
+  Status taken = files.Replace(path, std::string(bytes, '\0'));
+  if (taken.ok()) return files.Delete(path);
+  // The user knows the folder, not the file that was tried.
+  const std::string tried = files.Display(path);
+  if (const std::size_t at = taken.message.find(tried); at != std::string::npos) {
+    taken.message.replace(at, tried.size(), files.Display(folder));
+  }
+  return taken;
+}
+
+}  // namespace tarnwell

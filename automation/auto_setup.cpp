@@ -1,0 +1,53 @@
+#include "automation/auto_setup.h"
+
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "shell/line_reader.h"
+
+namespace tarnwell {
+namespace {
+
+// Three paths are never as long as this; what is longer was not written by this program.
+constexpr std::uint64_t kMostBytes = 1 << 20;
+
+}  // namespace
+
+std::string WithBackslash(std::string folder) {
+  if (!folder.ends_with('\\')) folder += '\\';
+  return folder;
+}
+
+Status LoadAutoSetup(Files& files, const std::string& program_folder, AutoFolders& folders) {
+  const std::string path = program_folder + kAutoSetupFile;
+  const auto text = files.Read(path, kMostBytes);
+  if (text.status.failure == Failure::kNotFound) return Status::Ok();
+  if (!text.ok()) return text.status;
+  LineReader lines(*text, files.Display(path));
+  AutoFolders read;
+  for (std::string& folder : read) {
+    const auto line = lines.Next();
+    if (!line) return lines.Missing();
+    folder = WithBackslash(std::string(*line));
+  }
+  folders = read;
+  return Status::Ok();
+}
+
+Status SaveAutoSetup(Files& files, const std::string& program_folder, const AutoFolders& folders) {
+  std::string text;
+  for (const std::string& folder : folders) text += folder + "\r\n";
+  return files.Replace(program_folder + kAutoSetupFile, text);
+}
+
+void frmAutoSetup::BrowseClicked(int field, Dialogs& dialogs) {
+  Text1[field] = dialogs.ChooseFolder(kChooserTitle).value_or(Text1[field]);
+}
+
+Status frmAutoSetup::OkClicked(Files& files, const std::string& program_folder,
+                               AutoFolders& folders) {
+  for (std::string& text : Text1) text = WithBackslash(text);
+  folders = Text1;
+  return SaveAutoSetup(files, program_folder, folders);
+}
+
+}  // namespace tarnwell

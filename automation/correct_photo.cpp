@@ -1,0 +1,80 @@
+#include "automation/correct_photo.h"
+
+#include <new>
+
+#include "automation/name_plan.h"
+#include "engine/adjust_photo.h"
+#include "imaging/file_open.h"
+#include "imaging/file_save.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/module1.h"
+
+namespace tarnwell {
+namespace {
+
+// Neither a preview nor learning, for the time of one photo.
+class Unattended {
+ public:
+  explicit Unattended(Module1& app)
+      : app_(app), auto_preview_(app.auto_preview), suppress_learning_(app.suppress_learning) {
+    app.auto_preview = false;
+    app.suppress_learning = true;  // the program must not learn from itself
+    app.photo_changed = false;
+  }
+  ~Unattended() {
+    app_.auto_preview = auto_preview_;
+    app_.suppress_learning = suppress_learning_;
+  }
+  Unattended(const Unattended&) = delete;
+  Unattended& operator=(const Unattended&) = delete;
+
+ private:
+  Module1& app_;
+  const bool auto_preview_;
+  const bool suppress_learning_;
+};
+
+Status Save(Form1& form, const PhotoTask& task, NamePlan& plan, std::string& saved_as) {
+  for (std::string target = task.target;; target = plan.Take(task.wanted)) {
+    form.names.output_path = target;
+    const Status saved = FileSave(form, /*notify=*/false);
+    // The save asks for another name, and nobody answers, when a file of this one came up
+    // meanwhile.
+    const bool taken = saved.failure == Failure::kCancelled && !form.app.cancel_requested &&
+                       form.platform.files.FileExists(target);
+    if (taken) continue;
+    if (saved.ok()) saved_as = target;
+    return saved;
+  }
+}
+
+}  // namespace
+
+CorrectedPhoto CorrectPhoto(Form1& form, const PhotoTask& task, NamePlan& plan,
+                            const std::function<void(PhotoStep)>& step) {
+  CorrectedPhoto result;
+  const auto enter = [&](PhotoStep entered) {
+    result.step = entered;
+    step(entered);
+  };
+  const Unattended unattended(form.app);
+  try {
+    enter(PhotoStep::kLoading);
+    form.app.opened_path = task.photo;
+    result.status = FileOpen(form, /*show_dialog=*/false);
+    if (!result.status.ok()) return result;
+    enter(PhotoStep::kCorrecting);
+    result.status = AdjustPhoto(form, /*preview=*/false);
+    if (!result.status.ok()) return result;
+    enter(PhotoStep::kSaving);
+    result.status = Save(form, task, plan, result.saved_as);
+  } catch (const std::bad_alloc&) {
+    result.status = Status::Error(Failure::kTooLarge,
+                                  form.platform.files.Display(task.photo) + ": not enough memory");
+  }
+  return result;
+}
+
+}  // namespace tarnwell

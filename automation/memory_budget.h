@@ -1,0 +1,33 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <string_view>
+
+namespace tarnwell {
+
+// How many bytes of memory correcting the photo in this file takes at most, by its size in the
+// file's headers; only the file's own length for what is no photo, because that fails early.
+std::uint64_t MemoryToCorrect(std::string_view file_bytes);
+
+// Keeps corrections that run side by side from taking more memory than there is for them.
+class MemoryBudget {
+ public:
+  explicit MemoryBudget(std::uint64_t bytes) : bytes_(bytes) {}
+
+  // Waits until `bytes` more fit. What is larger than the whole budget gets it alone.
+  void Take(std::uint64_t bytes);
+  void GiveBack(std::uint64_t bytes);
+
+  // How many tasks of this size fit side by side, at least 1.
+  int Fitting(std::uint64_t bytes) const;
+
+ private:
+  const std::uint64_t bytes_;
+  std::uint64_t taken_ = 0;
+  std::mutex mutex_;
+  std::condition_variable given_back_;
+};
+
+}  // namespace tarnwell

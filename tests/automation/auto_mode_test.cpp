@@ -1,0 +1,251 @@
+#include "automation/auto_mode.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/forwarding_files.h"
+#include "tests/support/pictures.h"
+#include "tests/support/test_window.h"
+#include "tests/support/tiny_pictures.h"
+
+namespace tarnwell {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// The system's files, with a disk that can be full and files that can be out of reach.
+struct TroubledFiles : ForwardingFiles {
+  using ForwardingFiles::ForwardingFiles;
+  std::string full;    // nothing can be written below this path
+  std::string locked;  // this file cannot be moved
+  int lists = 0;
+
+  Status Check(const std::string& path) {
+    if (full.empty() || !path.starts_with(full)) return Status::Ok();
+    return Status::Error(Failure::kDiskFull, Display(path) + ": disk full");
+  }
+  Result<std::vector<FolderEntry>> List(const std::string& folder) override {
+    ++lists;
+    return ForwardingFiles::List(folder);
+  }
+  Status Replace(const std::string& path, std::string_view bytes) override {
+    const Status possible = Check(path);
+    return possible.ok() ? ForwardingFiles::Replace(path, bytes) : possible;
+  }
+  Status Publish(const std::string& temporary, const std::string& path) override {
+    const Status possible = Check(path);
+    if (possible.ok()) return ForwardingFiles::Publish(temporary, path);
+    Delete(temporary).ok();
+    return possible;
+  }
+  Status Move(const std::string& from, const std::string& to) override {
+    if (from == locked) return Status::Error(Failure::kNoAccess, from + ": in use");
+    const Status possible = Check(to);
+    return possible.ok() ? ForwardingFiles::Move(from, to) : possible;
+  }
+};
+
+// A window that runs the mode over "in", "out" and "done" of its folder.
+struct AutoModeTest : testing::Test, AutoModeHost, Tray {
+  TestWindow window{std::make_unique<TroubledFiles>(MakeSystemFiles())};
+  TroubledFiles& files = static_cast<TroubledFiles&>(*window.files);
+  TempFolder& folder = window.folder;
+  SysTray tray{*this};
+  AutoMode mode;
+  Lines statuses, reports, tray_log;
+  std::function<void()> before_photos = [] {};
+
+  AutoModeTest() {
+    window.app.open_mode = 2;
+    for (int i = 0; i < 3; ++i) {
+      mode.folders[i] = folder.MakeFolder(std::array{"in", "out", "done"}[i]) + "\\";
+    }
+    StartAutoMode(mode);
+  }
+
+  void ShowStatus(const std::string& text) override { statuses.push_back(text); }
+  void Report(const std::string& line) override { reports.push_back(line); }
+  void PhotoDone(const std::string&, const std::string&) override {}
+  void RefreshMainWindow() override { tray_log.push_back("refresh"); }
+  void CorrectPhotos(AutoPass& pass) override {
+    before_photos();
+    CorrectInWindow(pass, window.form);
+  }
+  void SetIcon(TrayPicture picture) override {
+    tray_log.push_back(picture == TrayPicture::kBusy ? "busy" : "idle");
+  }
+  void SetTip(const std::string& tip) override { tray_log.push_back(tip); }
+  void Remove() override {}
+
+  void Tick(int seconds = 1) {
+    window.clock.now += std::int64_t{seconds} * 1'000'000'000;
+    AutoModeTick(mode, window.platform, tray, *this);
+  }
+  void Arrive(const std::string& name) { folder.Write("in\\" + name, BytesOf(kBaselineJpeg)); }
+  // Lets a first look pass, then takes what is there.
+  void Take() {
+    Tick();
+    Tick();
+  }
+};
+
+TEST_F(AutoModeTest, TellsEveryStepAndChangesNothingWhileNothingArrives) {
+  Take();
+  Arrive("a.jpg");
+  Take();
+  Take();
+  const std::string waiting =
+      "Waiting...\r\n\r\nWatching for images in:\r\n" + folder.File("in") + "\\";
+  EXPECT_EQ(statuses, (Lines{waiting, "Loading Image...", "a.jpg\r\nCorrecting Image...",
+                             "a.jpg\r\nSaving Image and Moving Source...", waiting}));
+  EXPECT_EQ(tray_log, (Lines{"idle", "Automated Mode Running (Idle)", "busy",
+                             "Automated Mode Running\r\nProcessing Images...", "idle",
+                             "Automated Mode Running (Idle)", "refresh"}));
+  EXPECT_EQ(folder.Names("in"), Lines{});
+  EXPECT_EQ(folder.Names("out"), Lines{"a.jpg"});
+  EXPECT_EQ(folder.Read("done\\a.jpg"), BytesOf(kBaselineJpeg));
+  EXPECT_FALSE(folder.Holds("program\\Cameras\\Default\\Default\\Smart Data.tsd"));
+  EXPECT_EQ(window.dialogs.shown.size() + reports.size(), 0u);
+}
+
+TEST_F(AutoModeTest, NamesThatAreTakenAreNumberedInBothFolders) {
+  for (int arrival = 0; arrival < 2; ++arrival) {
+    for (const char* name : {"a b.jpg", "x.y.jpg", "\xD0\xBF.JPEG", "notes.txt"}) Arrive(name);
+    Take();
+  }
+  const Lines expected = {"a b.jpg",     "a b~1.jpg",     "x.y.jpg",
+                          "x.y~1.y.jpg", "\xD0\xBF.JPEG", "\xD0\xBF~1.JPEG"};
+  EXPECT_EQ(folder.Names("out"), expected);
+  EXPECT_EQ(folder.Names("done"), expected);
+  EXPECT_EQ(folder.Names("in"), Lines{"notes.txt"});
+}
+
+TEST_F(AutoModeTest, APhotoThatGrowsWaits) {
+  const std::string whole = BytesOf(kBaselineJpeg);
+  for (const std::size_t length : {100u, 200u, 300u}) {
+    folder.Write("in\\a.jpg", whole.substr(0, length));
+    Tick();
+  }
+  Arrive("a.jpg");
+  Tick();
+  EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
+  Tick();
+  EXPECT_EQ(folder.Names("out"), Lines{"a.jpg"});
+  EXPECT_EQ(reports, Lines{});
+}
+
+TEST_F(AutoModeTest, APhotoThatCannotBeReadIsNamedOnceUntilItChangesOrTheModeStarts) {
+  folder.Write("in\\bad.jpg", "no photo");
+  Arrive("good.jpg");
+  Take();
+  Take();
+  EXPECT_EQ(reports.size(), 1u);
+  EXPECT_EQ(folder.Names("in"), Lines{"bad.jpg"});
+  EXPECT_EQ(folder.Names("done"), Lines{"good.jpg"});
+  folder.Write("in\\bad.jpg", "no photo either");
+  Take();
+  EXPECT_EQ(reports.size(), 2u);
+  StartAutoMode(mode);
+  Take();
+  EXPECT_EQ(reports.size(), 3u);
+  Arrive("bad.jpg");
+  Take();
+  EXPECT_EQ(folder.Names("done"), (Lines{"bad.jpg", "good.jpg"}));
+}
+
+TEST_F(AutoModeTest, APhotoThatVanishesIsNoFailure) {
+  Arrive("a.jpg");
+  Arrive("b.jpg");
+  before_photos = [&] { std::filesystem::remove(folder.SystemPath("in\\a.jpg")); };
+  Take();
+  EXPECT_EQ(folder.Names("done"), Lines{"b.jpg"});
+  EXPECT_EQ(reports, Lines{});
+}
+
+TEST_F(AutoModeTest, AFullDiskKeepsTheSourcesAndIsTriedAgainLater) {
+  for (const char* trouble : {"out", "done"}) {
+    SCOPED_TRACE(trouble);
+    reports.clear();
+    files.full = folder.File(trouble);
+    Arrive(std::string(trouble) + "1.jpg");
+    Arrive(std::string(trouble) + "2.jpg");
+    Take();
+    EXPECT_EQ(reports.size(), 1u);
+    EXPECT_EQ(mode.window.lblStatus, reports.front());
+    EXPECT_EQ(folder.Names("in").size(), 2u);
+    Tick(31);
+    EXPECT_EQ(reports.size(), 1u);
+    files.full.clear();
+    Tick();
+    EXPECT_EQ(folder.Names("in").size(), 2u) << "tried again too soon";
+    Tick(31);
+    EXPECT_EQ(folder.Names("in"), Lines{});
+    EXPECT_TRUE(mode.window.lblStatus.starts_with("Waiting...")) << mode.window.lblStatus;
+  }
+  // What was saved before its source could be moved is not saved once more.
+  EXPECT_EQ(folder.Names("out"), (Lines{"done1.jpg", "done2.jpg", "out1.jpg", "out2.jpg"}));
+}
+
+TEST_F(AutoModeTest, AMissingFolderIsNamedAndWaitedFor) {
+  Arrive("a.jpg");
+  std::filesystem::remove(folder.SystemPath("done"));
+  Take();
+  Take();
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_NE(reports[0].find("done"), std::string::npos);
+  EXPECT_EQ(folder.Names("out"), Lines{});
+  folder.MakeFolder("done");
+  Take();
+  EXPECT_EQ(folder.Names("done"), Lines{"a.jpg"});
+}
+
+TEST_F(AutoModeTest, FoldersThatWouldFeedThemselvesAreRefused) {
+  mode.folders[kProcessedFolder] = mode.folders[kInputFolder];
+  Arrive("a.jpg");
+  Take();
+  EXPECT_EQ(reports.size(), 1u);
+  EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
+}
+
+TEST_F(AutoModeTest, ANumberedNameThatLeadsIntoNoFolderKeepsThePhoto) {
+  mode.folders[kOutputFolder] = folder.MakeFolder("out.put") + "\\";
+  Arrive("a.jpg");
+  Take();
+  Arrive("a.jpg");
+  Take();
+  EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_NE(reports[0].find("a~1.put"), std::string::npos) << reports[0];
+}
+
+TEST_F(AutoModeTest, ASourceThatCannotBeMovedIsNotSavedAgainAndAgain) {
+  Arrive("a.jpg");
+  files.locked = folder.File("in\\a.jpg");
+  Take();
+  Take();
+  EXPECT_EQ(reports.size(), 1u);
+  EXPECT_EQ(folder.Names("out"), Lines{"a.jpg"});
+  EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
+}
+
+TEST_F(AutoModeTest, ThousandsOfPhotosAreListedOncePerPass) {
+  for (int i = 0; i < 300; ++i) Arrive(std::to_string(i) + ".jpg");
+  files.lists = 0;
+  Take();
+  EXPECT_EQ(folder.Names("done").size(), 300u);
+  EXPECT_LE(files.lists, 3);
+}
+
+TEST_F(AutoModeTest, ATickDuringAPassAndTheEndOfTheModeAreHeardBetweenPhotos) {
+  Arrive("a.jpg");
+  Arrive("b.jpg");
+  window.events.on_run = [&](int) {
+    AutoModeTick(mode, window.platform, tray, *this);
+    if (mode.current_name == "a.jpg") mode.automated = false;
+  };
+  Take();
+  EXPECT_EQ(folder.Names("done"), Lines{"a.jpg"});
+  EXPECT_EQ(folder.Names("out"), Lines{"a.jpg"});
+}
+
+}  // namespace
+}  // namespace tarnwell
