@@ -1,9 +1,7 @@
 #include "console/console_dialogs.h"
 
 namespace tarnwell {
-namespace {
 
-// A message as one line: line ends of any kind become single blanks.
 std::string OneLine(const std::string& text) {
   std::string line;
   for (const char c : text) {
@@ -13,8 +11,6 @@ std::string OneLine(const std::string& text) {
   }
   return line;
 }
-
-}  // namespace
 
 Answer ConsoleDialogs::Ask(const std::string&, const std::string& text, Icon) {
   if (text.starts_with("You have not yet applied your changes")) {

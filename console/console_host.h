@@ -10,7 +10,7 @@ struct ConsoleHost {
   std::ostream& out;
   std::ostream& err;
   bool err_is_terminal = false;  // progress and hints are shown only there
-  // True from the moment on in which the user asked to stop.
+  // True from the moment on in which the user asked to stop. May be asked from several threads.
   std::function<bool()> interrupted = [] { return false; };
 };
 

@@ -3,36 +3,18 @@
 #include <new>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "console/console_dialogs.h"
-#include "console/console_events.h"
 #include "console/console_host.h"
-#include "console/console_system.h"
-#include "console/panel_settings.h"
+#include "console/console_window.h"
 #include "console/progress_bar.h"
 #include "engine/adjust_photo.h"
-#include "engine/learning_store.h"
 #include "imaging/file_open.h"
 #include "imaging/file_save.h"
 #include "imaging/output_names.h"
-#include "modules/frm_modules.h"
-#include "platform/platform.h"
-#include "shell/form1.h"
-#include "shell/frm_progress.h"
-#include "shell/module1.h"
 
 namespace tarnwell {
 namespace {
-
-constexpr int kLeaveSettingsAlone = 2;  // photo open mode
-
-// What every photo of the command starts from.
-struct StartingPoint {
-  Module1 app;
-  frmModules modules = FirstStartPanel();
-  LearningData learning;
-};
 
 class CorrectCommand {
  public:
@@ -42,17 +24,13 @@ class CorrectCommand {
   int Run();
 
  private:
-  Status Prepare();
+  Status PrepareSettings();
   Status CorrectPhoto(const std::string& photo);
   Status CorrectOpenedPhoto(Form1& form, const std::string& output_path);
   std::string OutputPath(const std::string& photo);
   Result<std::string> PlanOutput(const std::string& photo);
   std::string TakenText(const std::string& path) {
     return files().Display(path) + ": exists already";
-  }
-  Platform PlatformWith(PendingEvents& events) {
-    return {files(), *system_.codec, *system_.jpeg,    dialogs_,
-            events,  *system_.clock, system_.clipboard};
   }
   Files& files() { return *system_.files; }
 
@@ -64,7 +42,7 @@ class CorrectCommand {
 };
 
 int CorrectCommand::Run() {
-  if (const Status prepared = Prepare(); !prepared.ok()) {
+  if (const Status prepared = PrepareSettings(); !prepared.ok()) {
     host_.err << prepared.message << std::endl;
     return kWrongUsage;
   }
@@ -80,18 +58,9 @@ int CorrectCommand::Run() {
   return code;
 }
 
-Status CorrectCommand::Prepare() {
-  const Status found = UseProgramFolder(options_.settings.program_folder, files(), start_.app);
-  if (!found.ok()) return found;
-  start_.app.open_mode = kLeaveSettingsAlone;
-  ConsoleEvents events(host_.interrupted, start_.app.cancel_requested);
-  Platform platform = PlatformWith(events);
-  const Status applied = ApplySettings(options_.settings, platform, start_.app, start_.modules);
-  if (!applied.ok()) return applied;
-  LoadedLearning learnt = LoadLearningData(files(), start_.app.mode_folder);
-  if (!learnt.status.ok()) host_.err << learnt.status.message << std::endl;
-  start_.learning = std::move(learnt.data);
-  return Status::Ok();
+Status CorrectCommand::PrepareSettings() {
+  ConsoleWindow window(start_, system_, dialogs_, host_.interrupted, 1);
+  return Prepare(options_.settings, window.platform, host_.err, start_);
 }
 
 std::string CorrectCommand::OutputPath(const std::string& photo) {
@@ -128,20 +97,12 @@ Status CorrectCommand::CorrectPhoto(const std::string& photo) {
     const Result<std::string> output_path = PlanOutput(photo_path);
     if (!output_path.ok()) return output_path.status;
 
-    Module1 app = start_.app;
-    frmModules modules = start_.modules;
     std::optional<ProgressBar> bar;
-    frmProgress progress;
-    if (host_.err_is_terminal && !options_.settings.quiet) progress.view = &bar.emplace(host_.err);
-    ConsoleEvents events(host_.interrupted, app.cancel_requested);
-    Platform platform = PlatformWith(events);
-    Form1 form{.app = app, .platform = platform, .modules = modules, .progress = progress};
-    form.learning = start_.learning;
-    form.threads =
-        options_.settings.threads > 0 ? options_.settings.threads : SystemProcessorCount();
-
-    app.opened_path = photo_path;
-    return CorrectOpenedPhoto(form, *output_path);
+    if (host_.err_is_terminal && !options_.settings.quiet) bar.emplace(host_.err);
+    ConsoleWindow window(start_, system_, dialogs_, host_.interrupted, ThreadsOf(options_.settings),
+                         bar ? &*bar : nullptr);
+    window.app.opened_path = photo_path;
+    return CorrectOpenedPhoto(window.form, *output_path);
   } catch (const std::bad_alloc&) {
     return Status::Error(Failure::kTooLarge, files().Display(photo_path) + ": not enough memory");
   }

@@ -48,6 +48,8 @@ std::string CommandsHelp() {
          "\n"
          "Commands:\n"
          "  correct PHOTO...   corrects photos and saves each as a new file\n"
+         "  directory FOLDER   corrects every photo of a folder into its folder TWout\n"
+         "  watch              corrects photos as they arrive in a folder\n"
          "  presets save FILE  keeps settings in a preset\n"
          "  cameras            lists cameras, modes and how much was learnt for them\n"
          "  learning           tells or resets what was learnt for a camera and mode\n"

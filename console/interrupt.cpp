@@ -17,6 +17,7 @@ extern "C" void RememberInterrupt(int signal_number) {
 
 std::function<bool()> WatchForInterrupt() {
   std::signal(SIGINT, RememberInterrupt);
+  std::signal(SIGTERM, RememberInterrupt);
   return [] { return interrupted != 0; };
 }
 

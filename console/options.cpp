@@ -11,6 +11,9 @@ constexpr char kCorrectUsage[] =
     "Usage: tarnwell-pocket correct PHOTO... [settings]\n"
     "                               [--output FILE | --output-folder DIR] [--preview] [--record]\n";
 
+constexpr char kDirectoryUsage[] = "Usage: tarnwell-pocket directory PHOTO-OR-FOLDER [settings]\n";
+constexpr char kWatchUsage[] =
+    "Usage: tarnwell-pocket watch --input DIR --output DIR --processed DIR [--once] [settings]\n";
 constexpr char kPresetsUsage[] = "Usage: tarnwell-pocket presets save FILE.twp [settings]\n";
 constexpr char kCamerasUsage[] = "Usage: tarnwell-pocket cameras [--program-folder DIR]\n";
 constexpr char kLearningUsage[] =
@@ -55,6 +58,9 @@ CLI::Option* AddSingle(CLI::App& app, const std::string& name, const std::string
       ->type_name(placeholder)
       ->group("Settings");
 }
+
+// A check of a word that names a file or folder.
+std::string IsNamed(const std::string& word) { return word.empty() ? "a name is missing" : ""; }
 
 CLI::Option* AddProgramFolder(CLI::App& app, std::string& folder) {
   return app
@@ -150,9 +156,7 @@ ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& wo
   app.add_option("PHOTO", options.photos, "Photos to correct: BMP, GIF or JPEG files")
       ->required()
       ->type_name("")
-      ->check([](const std::string& word) {
-        return word.empty() ? std::string("a name is missing") : std::string();
-      });
+      ->check(IsNamed);
   CLI::Option* const output =
       app.add_option("--output", options.output,
                      "File to write, for one photo; .jpg and .jpeg make a JPEG, anything else a "
@@ -178,6 +182,38 @@ ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& wo
                  kCorrectUsage;
   }
   return parsed;
+}
+
+ParsedWords<DirectoryOptions> ParseDirectoryWords(const std::vector<std::string>& words) {
+  DirectoryOptions options;
+  CLI::App app(
+      "Corrects every photo of a folder, several at once, into the folder TWout beside them.",
+      "tarnwell-pocket directory");
+  app.allow_windows_style_options(false);
+  app.footer(SettingsHelp);
+  app.add_option("PHOTO-OR-FOLDER", options.folder, "The folder, or any photo in it")
+      ->required()
+      ->type_name("")
+      ->check(IsNamed);
+  AddSettings(app, options.settings);
+  return Parse(app, words, options, kDirectoryUsage);
+}
+
+ParsedWords<WatchOptions> ParseWatchWords(const std::vector<std::string>& words) {
+  WatchOptions options;
+  CLI::App app("Corrects photos as they arrive in a folder, until you stop it with Ctrl+C.",
+               "tarnwell-pocket watch");
+  app.allow_windows_style_options(false);
+  app.footer(SettingsHelp);
+  const auto add_folder = [&app](const char* name, std::string& folder, const char* description) {
+    app.add_option(name, folder, description)->required()->type_name("DIR")->check(IsNamed);
+  };
+  add_folder("--input", options.input, "The folder to watch");
+  add_folder("--output", options.output, "Where corrected photos are saved");
+  add_folder("--processed", options.processed, "Where a photo is moved once its copy is saved");
+  app.add_flag("--once", options.once, "Take the photos that are there, then end");
+  AddSettings(app, options.settings);
+  return Parse(app, words, options, kWatchUsage);
 }
 
 ParsedWords<PresetsOptions> ParsePresetsWords(const std::vector<std::string>& words) {

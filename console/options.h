@@ -38,6 +38,19 @@ struct CorrectOptions {
   bool record = false;              // prints the learning record
 };
 
+struct DirectoryOptions {
+  Settings settings;
+  std::string folder;  // or a photo in it
+};
+
+struct WatchOptions {
+  Settings settings;
+  std::string input;      // the watched folder
+  std::string output;     // where corrected photos are saved
+  std::string processed;  // where their sources are moved
+  bool once = false;      // ends when the photos that are there are done
+};
+
 struct PresetsOptions {
   Settings settings;
   std::string file;  // the preset to write
@@ -67,6 +80,8 @@ struct ParsedWords {
 
 // Each reads the words behind its command.
 ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& words);
+ParsedWords<DirectoryOptions> ParseDirectoryWords(const std::vector<std::string>& words);
+ParsedWords<WatchOptions> ParseWatchWords(const std::vector<std::string>& words);
 ParsedWords<PresetsOptions> ParsePresetsWords(const std::vector<std::string>& words);
 ParsedWords<CamerasOptions> ParseCamerasWords(const std::vector<std::string>& words);
 ParsedWords<LearningOptions> ParseLearningWords(const std::vector<std::string>& words);

@@ -5,9 +5,11 @@
 #include "console/camera_commands.h"
 #include "console/console_host.h"
 #include "console/correct_command.h"
+#include "console/directory_command.h"
 #include "console/help_text.h"
 #include "console/options.h"
 #include "console/presets_command.h"
+#include "console/watch_command.h"
 
 namespace tarnwell {
 namespace {
@@ -37,6 +39,9 @@ int RunProgram(const std::vector<std::string>& words, ConsoleHost& host) {
   const std::vector<std::string> rest(words.begin() + (words.empty() ? 0 : 1), words.end());
   try {
     if (command == "correct") return Dispatch(ParseCorrectWords(rest), RunCorrectCommand, host);
+    if (command == "directory")
+      return Dispatch(ParseDirectoryWords(rest), RunDirectoryCommand, host);
+    if (command == "watch") return Dispatch(ParseWatchWords(rest), RunWatchCommand, host);
     if (command == "presets") return Dispatch(ParsePresetsWords(rest), RunPresetsCommand, host);
     if (command == "cameras") return Dispatch(ParseCamerasWords(rest), RunCamerasCommand, host);
     if (command == "learning") return Dispatch(ParseLearningWords(rest), RunLearningCommand, host);

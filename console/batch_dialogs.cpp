@@ -1,0 +1,15 @@
+#include "console/batch_dialogs.h"
+
+namespace tarnwell {
+
+void BatchDialogs::Tell(const std::string& title, const std::string& text, Icon) {
+  // A name that was taken meanwhile is no news: the photo is saved under the next one.
+  if (title == "Photo File Exists...") return;
+  // A set that grew for ever would be a leak in a program that runs for weeks.
+  constexpr std::size_t kMostRemembered = 1000;
+  const std::lock_guard lock(mutex_);
+  if (told_.size() >= kMostRemembered) told_.clear();
+  if (told_.insert(text).second) tell_(text);
+}
+
+}  // namespace tarnwell

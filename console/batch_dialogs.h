@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <mutex>
+#include <set>
+#include <string>
+
+#include "platform/dialogs.h"
+
+namespace tarnwell {
+
+// Nobody sits at a batch: questions are cancelled, and what would be told for photo after photo is
+// told once. May be used by several corrections at the same time.
+class BatchDialogs : public Dialogs {
+ public:
+  // `tell` is given each text once, by one caller at a time.
+  explicit BatchDialogs(std::function<void(const std::string& text)> tell)
+      : tell_(std::move(tell)) {}
+
+  Answer Ask(const std::string&, const std::string&, Icon) override { return Answer::kCancel; }
+  void Tell(const std::string& title, const std::string& text, Icon icon) override;
+  std::string AskText(const std::string&, const std::string&) override { return {}; }
+  std::optional<std::string> ChooseOpenFile(const std::string&, const std::string&) override {
+    return std::nullopt;
+  }
+  std::optional<std::string> ChooseSaveFile(const std::string&, const std::string&) override {
+    return std::nullopt;
+  }
+  std::optional<std::string> ChooseFolder(const std::string&) override { return std::nullopt; }
+
+ private:
+  std::function<void(const std::string&)> tell_;
+  std::mutex mutex_;
+  std::set<std::string> told_;
+};
+
+}  // namespace tarnwell

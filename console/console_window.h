@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "console/console_events.h"
+#include "console/console_system.h"
+#include "console/starting_point.h"
+#include "platform/platform.h"
+#include "shell/form1.h"
+#include "shell/frm_progress.h"
+
+namespace tarnwell {
+
+// The main window of one correction, unseen: everything that it changes is its own, so that several
+// may work side by side. `system` and `dialogs` outlive it. `interrupted` is the question whether
+// the correction is to be cancelled.
+struct ConsoleWindow {
+  Module1 app;
+  frmModules modules;
+  frmProgress progress;
+  ConsoleEvents events;
+  Platform platform;
+  Form1 form;
+
+  ConsoleWindow(const StartingPoint& start, ConsoleSystem& system, Dialogs& dialogs,
+                std::function<bool()> interrupted, int threads, ProgressView* view = nullptr)
+      : app(start.app),
+        modules(start.modules),
+        events(std::move(interrupted), app.cancel_requested),
+        platform{*system.files, *system.codec, *system.jpeg,    dialogs,
+                 events,        *system.clock, system.clipboard},
+        form{.app = app, .platform = platform, .modules = modules, .progress = progress} {
+    progress.view = view;
+    form.learning = start.learning;
+    form.threads = threads;
+  }
+  ConsoleWindow(const ConsoleWindow&) = delete;
+  ConsoleWindow& operator=(const ConsoleWindow&) = delete;
+};
+
+}  // namespace tarnwell

@@ -1,0 +1,34 @@
+#include "console/starting_point.h"
+
+#include <utility>
+
+#include "console/panel_settings.h"
+#include "engine/learning_store.h"
+#include "platform/platform.h"
+#include "platform/system.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr int kLeaveSettingsAlone = 2;  // photo open mode
+
+}  // namespace
+
+Status Prepare(const Settings& settings, Platform& platform, std::ostream& err,
+               StartingPoint& start) {
+  const Status found = UseProgramFolder(settings.program_folder, platform.files, start.app);
+  if (!found.ok()) return found;
+  start.app.open_mode = kLeaveSettingsAlone;
+  const Status applied = ApplySettings(settings, platform, start.app, start.modules);
+  if (!applied.ok()) return applied;
+  LoadedLearning learnt = LoadLearningData(platform.files, start.app.mode_folder);
+  if (!learnt.status.ok()) err << learnt.status.message << std::endl;
+  start.learning = std::move(learnt.data);
+  return Status::Ok();
+}
+
+int ThreadsOf(const Settings& settings) {
+  return settings.threads > 0 ? settings.threads : SystemProcessorCount();
+}
+
+}  // namespace tarnwell

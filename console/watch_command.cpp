@@ -1,0 +1,134 @@
+#include "console/watch_command.h"
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "automation/auto_mode.h"
+#include "automation/photo_workers.h"
+#include "console/batch_dialogs.h"
+#include "console/console_host.h"
+#include "console/console_window.h"
+#include "console/photo_budget.h"
+#include "console/watch_lines.h"
+
+namespace tarnwell {
+namespace {
+
+class NoTray : public Tray {
+ public:
+  void SetIcon(TrayPicture) override {}
+  void SetTip(const std::string&) override {}
+  void Remove() override {}
+};
+
+class WatchCommand : public AutoModeHost {
+ public:
+  WatchCommand(const WatchOptions& options, ConsoleHost& host)
+      : options_(options),
+        host_(host),
+        lines_(host.err, host.err_is_terminal, options.settings.quiet) {}
+
+  int Run();
+
+  void ShowStatus(const std::string& text) override { lines_.ShowStatus(text); }
+  void Report(const std::string& line) override { lines_.Report(line); }
+  void PhotoDone(const std::string& name, const std::string& saved_as) override {
+    lines_.PhotoDone(name, system_.files->Display(saved_as));
+  }
+  void RefreshMainWindow() override {}
+  void CorrectPhotos(AutoPass& pass) override;
+
+ private:
+  // A stop is heard between photos only, so that none is left both saved and not moved.
+  static bool NeverCancelled() { return false; }
+
+  void WatchUntilStopped(Platform& platform);
+  void TakeOnce(Platform& platform);
+  void Sleep() const;
+
+  const WatchOptions& options_;
+  ConsoleHost& host_;
+  WatchLines lines_;
+  BatchDialogs dialogs_{[this](const std::string& text) { lines_.Report(text); }};
+  ConsoleSystem system_;
+  StartingPoint start_;
+  MemoryBudget budget_{BudgetOfThisMachine()};
+  NoTray no_tray_;
+  SysTray tray_{no_tray_};
+  AutoMode mode_;
+};
+
+void WatchCommand::CorrectPhotos(AutoPass& pass) {
+  const int threads = ThreadsOf(options_.settings);
+  const int workers = static_cast<int>(std::clamp<std::size_t>(pass.size(), 1, threads));
+  std::vector<std::uint64_t> memory(pass.size());
+  const auto begin = [&](std::size_t index) {
+    if (host_.interrupted() || !pass.Begin(index)) return false;
+    memory[index] = MemoryForPhoto(*system_.files, pass.PathOf(index));
+    budget_.Take(memory[index]);
+    return true;
+  };
+  const auto correct = [&](std::size_t index) {
+    {
+      ConsoleSystem system;  // its codecs are shared with nobody
+      ConsoleWindow window(start_, system, dialogs_, NeverCancelled,
+                           ThreadsPerPhoto(budget_, memory[index], threads, workers));
+      pass.Correct(index, window.form);
+    }
+    budget_.GiveBack(memory[index]);
+  };
+  ForEachPhoto(pass.size(), workers, begin, correct);
+}
+
+void WatchCommand::Sleep() const {
+  constexpr int kSlice = 50;  // milliseconds until a stop is heard
+  for (int slept = 0; slept < kAutoModeMilliseconds && !host_.interrupted(); slept += kSlice) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(kSlice));
+  }
+}
+
+void WatchCommand::WatchUntilStopped(Platform& platform) {
+  while (!host_.interrupted()) {
+    AutoModeTick(mode_, platform, tray_, *this);
+    Sleep();
+  }
+}
+
+void WatchCommand::TakeOnce(Platform& platform) {
+  mode_.once = true;
+  AutoModeTick(mode_, platform, tray_, *this);
+  if (mode_.waiting == 0 || host_.interrupted()) return;
+  // What could not be opened may have been on its way here: it gets a second look.
+  Sleep();
+  AutoModeTick(mode_, platform, tray_, *this);
+  mode_.failed += mode_.waiting;
+}
+
+int WatchCommand::Run() {
+  ConsoleWindow window(start_, system_, dialogs_, NeverCancelled, 1);
+  const Status prepared = Prepare(options_.settings, window.platform, host_.err, start_);
+  if (!prepared.ok()) {
+    host_.err << prepared.message << std::endl;
+    return kWrongUsage;
+  }
+  const std::string* const named[] = {&options_.input, &options_.output, &options_.processed};
+  for (int i = 0; i < 3; ++i) mode_.folders[i] = WithBackslash(system_.files->Absolute(*named[i]));
+  DeleteStrayTemporaries(mode_.folders[kOutputFolder]);
+  DeleteStrayTemporaries(mode_.folders[kProcessedFolder]);
+
+  StartAutoMode(mode_);
+  options_.once ? TakeOnce(window.platform) : WatchUntilStopped(window.platform);
+  const bool held = options_.once && !mode_.hold_reason.empty();
+  return mode_.failed > 0 || held ? kSomePhotoFailed : kDone;
+}
+
+}  // namespace
+
+int RunWatchCommand(const WatchOptions& options, ConsoleHost& host) {
+  return WatchCommand(options, host).Run();
+}
+
+}  // namespace tarnwell
