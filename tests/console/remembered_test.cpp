@@ -82,7 +82,7 @@ TEST_F(RememberedTest, ALearntChangeIsProposedForALikePhotoUntilItIsReset) {
   EXPECT_NE(folder.Read("after.bmp"), folder.Read("before.bmp"));
 
   EXPECT_EQ(Run({"cameras"}), 0);
-  EXPECT_EQ(out.str(), "Phone\n  Night: 1 correction learnt\n");
+  EXPECT_EQ(out.str(), "Phone\n  Default: nothing learnt yet\n  Night: 1 correction learnt\n");
   EXPECT_EQ(Run({"learning", "--camera", "Phone", "--mode", "Night"}), 0);
   EXPECT_EQ(out.str(), "Camera Phone, mode Night: 1 correction learnt\n");
   EXPECT_EQ(Run({"learning", "--camera", "Phone", "--mode", "Night", "--reset"}), 0);
