@@ -11,6 +11,7 @@ namespace {
 constexpr double kCorner = 5;  // radius of buttons and fields
 constexpr int kIconSide = 18;
 constexpr int kMarkSide = 18;  // of checks and radio buttons
+constexpr int kMarkLeft = 4;   // room for the focus around them
 
 }  // namespace
 
@@ -130,7 +131,8 @@ void CheckBox::Update() {
 void CheckBox::Paint(Painter& painter, const Box& client) {
   const Theme& theme = look().theme;
   const int side = look().Px(kMarkSide);
-  const Box mark = {client.x + 1, client.y + (client.height - side) / 2, side, side};
+  const Box mark = {client.x + look().Px(kMarkLeft), client.y + (client.height - side) / 2, side,
+                    side};
   const double radius = look().scale.Exact(4);
   if (is_on()) {
     painter.Round(mark, radius, enabled() ? theme.accent : theme.disabled);
@@ -164,7 +166,7 @@ bool RadioButton::OnKey(WPARAM key) {
 void RadioButton::Paint(Painter& painter, const Box& client) {
   const Theme& theme = look().theme;
   const double radius = look().scale.Exact(kMarkSide / 2.0);
-  const Point centre = {client.x + radius + 1, client.y + client.height / 2.0};
+  const Point centre = {client.x + look().Px(kMarkLeft) + radius, client.y + client.height / 2.0};
   if (is_on()) {
     painter.Disc(centre, radius, theme.accent);
     painter.Disc(centre, radius * 0.42, theme.on_accent);
@@ -173,7 +175,7 @@ void RadioButton::Paint(Painter& painter, const Box& client) {
     painter.Ring(centre, radius - look().scale.Exact(0.75), look().scale.Exact(1.25),
                  theme.control_border);
   }
-  const int text_left = client.x + look().Px(kMarkSide + kGrid);
+  const int text_left = client.x + look().Px(kMarkLeft + kMarkSide + kGrid);
   painter.Text({text_left, client.y, client.right() - text_left, client.height}, Text(),
                Face::kBody, enabled() ? theme.text : theme.disabled);
   if (ShowsFocus()) painter.Focus(client, look().scale.Exact(4));

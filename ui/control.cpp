@@ -29,6 +29,12 @@ void Control::SetHovered(bool hovered) {
   Invalidate();
 }
 
+void Control::CheckHovered() {
+  POINT point = {};
+  GetCursorPos(&point);
+  if (hovered_ && (WindowFromPoint(point) != handle() || !enabled())) SetHovered(false);
+}
+
 void Control::SetHeld(bool held) {
   if (held_ == held) return;
   held_ = held;
@@ -60,6 +66,7 @@ bool Control::HandlePointer(UINT message, int x, int y) {
       ReleaseCapture();
       OnRelease(x, y);
       if (clicked) OnClick();
+      CheckHovered();
       return true;
     }
     default:
@@ -113,6 +120,7 @@ LRESULT Control::Handle(UINT message, WPARAM w, LPARAM l) {
       Invalidate();
       return 0;
     case WM_ENABLE:
+      CheckHovered();
       Invalidate();
       return 0;
     case WM_SETTEXT: {

@@ -56,6 +56,8 @@ class Control : public Window {
   bool HandlePointer(UINT message, int x, int y);
   bool HandleKey(UINT message, WPARAM key);
   void SetHovered(bool hovered);
+  // A menu or window that came up keeps the pointer's leaving from being told.
+  void CheckHovered();
   void SetHeld(bool held);
 
   const Look& look_;

@@ -211,7 +211,9 @@ void MainFrame::Refresh() {
   SetText(Wide(form.caption.empty() ? form.app.title : form.caption));
   const bool photo = form.buffer.surfaces.picOriginal.picture != nullptr;
   lblTitle_->SetText(photo ? Wide(WithoutDash(form.lblTitleCaption)) : L"");
-  lblTitle_->SetTip(lblTitle_->Text());
+  const std::wstring title = lblTitle_->Text();
+  const bool cut = TextSize(look_, Face::kTitle, title).cx > layout_.title.width;
+  lblTitle_->SetTip(cut ? title : L"");
   UpdateTools(tools_);
   UpdateTools(actions_);
   compare_->Enable(photo);

@@ -165,5 +165,32 @@ TEST(MainWindow, AModuleOpensAndClosesItsControls) {
   ASSERT_TRUE(WaitFor([&] { return !shown(); }));
 }
 
+// A key press reaches the menu's row: without a help file beside the program F1 says so.
+TEST(MainWindow, KeysOfTheMenusWork) {
+  Program program(L"100");
+  ASSERT_TRUE(program.Start(""));
+  ASSERT_TRUE(WaitFor([&] { return program.Control(L"Brightness") != nullptr; }));
+  PostMessageW(program.Find(L"TarnwellPocket"), WM_KEYDOWN, VK_F1, 0);
+  ASSERT_TRUE(WaitFor([&] { return program.Find(L"#32770") != nullptr; }));
+  PostMessageW(program.Find(L"#32770"), WM_COMMAND, IDOK, 0);
+  ASSERT_TRUE(WaitFor([&] { return program.Find(L"#32770") == nullptr; }));
+}
+
+// The slider hears its keys, and what they set is kept.
+TEST(MainWindow, ASliderIsMovedByKeys) {
+  Program program(L"100");
+  ASSERT_TRUE(program.Start(""));
+  ASSERT_TRUE(WaitFor([&] { return program.Control(L"JPEG quality") != nullptr; }));
+  const HWND slider = program.Control(L"JPEG quality");
+  PostMessageW(slider, WM_KEYDOWN, VK_HOME, 0);
+  PostMessageW(slider, WM_KEYDOWN, VK_RIGHT, 0);
+  PostMessageW(program.Find(L"TarnwellPocket"), WM_CLOSE, 0, 0);
+  DWORD code = STILL_ACTIVE;
+  ASSERT_TRUE(WaitFor([&] { return program.Ended(code); }));
+  // Value 1 has its knob at 2; the noise threshold at its default follows.
+  const std::string kept = program.folder.Read("TarnwellPocket.ini");
+  EXPECT_NE(kept.find("\r\n2\r\n1\r\n72\r\n40\r\n"), std::string::npos) << kept;
+}
+
 }  // namespace
 }  // namespace tarnwell
