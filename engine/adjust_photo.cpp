@@ -1,10 +1,11 @@
 #include "engine/adjust_photo.h"
 
 #include "deadpixels/repair_dead_pixels.h"
+#include "engine/adjustment_pass.h"
 #include "engine/analysis.h"
 #include "engine/color_rotation.h"
-#include "engine/column_pass.h"
 #include "engine/final_rotation.h"
+#include "engine/pass.h"
 #include "engine/pass_progress.h"
 #include "engine/pixel_adjustments.h"
 #include "engine/run_parameters.h"
@@ -54,11 +55,11 @@ Result<AutomaticCorrection> Measure(Form1& form, bool thumbnail, const RunParame
   limits = CheckToneLimits(limits);
 
   Measurements found;
-  PassProgress pass(form, pixels.width, thumbnail ? 0.5f : 10.0f);
+  PassProgress pass(form, pixels.width, pixels.width, thumbnail ? 0.5f : 10.0f);
   // On one thread: the totals are sums of doubles, which depend on the order.
-  const bool finished = ForEachColumn(
-      pixels.width, 1, [&](int x) { MeasureColumn(pixels, x, limits, top_level, found); },
-      [&](int done) { return pass.ColumnDone(done); });
+  const bool finished = ForEachPart(
+      pixels.width, 1, 1, [&](int x) { MeasureColumn(pixels, x, limits, top_level, found); },
+      [&](int done) { return pass.PartDone(done); });
   if (!finished) return Cancelled();
   return DeriveCorrection(found, limits, record);
 }
@@ -105,27 +106,26 @@ void RecordSettings(const RunParameters& run, const std::array<double, 3>& learn
 // The adjustment pass over the working pixels, then the colour rotation.
 Status Adjust(Form1& form, bool preview, const RunParameters& run,
               const AdjustmentSettings& settings) {
-  const MutablePixelView working = form.buffer.working->mutable_view();
   const float minimum_step = preview ? 0.5f : 1.0f;
   ShowStage(form.progress, kAdjusting);
 
-  std::optional<NoiseFilter> noise;
-  if (settings.noise) noise.emplace(form.buffer.noise_reference->view(), *settings.noise);
-  // The focus filter reads corrected neighbours, so its columns must come in order.
-  const int threads = settings.focus ? 1 : form.threads;
-  PassProgress pass(form, working.width, minimum_step);
-  const bool adjusted = ForEachColumn(
-      working.width, threads,
-      [&](int x) { AdjustColumn(working, x, settings, noise ? &*noise : nullptr); },
-      [&](int done) { return pass.ColumnDone(done); });
-  if (!adjusted) return Cancelled();
+  switch (RunAdjustmentPass(form, settings, minimum_step)) {
+    case PassEnd::kDone:
+      break;
+    case PassEnd::kStopped:
+      return Cancelled();
+    case PassEnd::kOutOfMemory:
+      return OutOfMemory(form);
+  }
 
   if (run.hue_degrees == 0) return Status::Ok();
   ShowStage(form.progress, kRotatingHue);
-  PassProgress hue_pass(form, working.width, minimum_step);
-  const bool turned = ForEachColumn(
-      working.width, form.threads, [&](int x) { RotateHueOfColumn(working, x, run.hue_degrees); },
-      [&](int done) { return hue_pass.ColumnDone(done); });
+  const MutablePixelView working = form.buffer.working->mutable_view();
+  PassProgress hue_pass(form, working.width, working.height, minimum_step);
+  const bool turned = ForEachPart(
+      working.height, kLinesAtOnce, form.threads,
+      [&](int y) { RotateHueOfRow(working, y, run.hue_degrees); },
+      [&](int done) { return hue_pass.PartDone(done); });
   return turned ? Status::Ok() : Cancelled();
 }
 

@@ -49,8 +49,8 @@ void RotateHue(std::uint8_t* pixel, int degrees) {
 
 }  // namespace
 
-void RotateHueOfColumn(MutablePixelView pixels, int x, int degrees) {
-  for (int y = 0; y < pixels.height; ++y) RotateHue(pixels.at(x, y), degrees);
+void RotateHueOfRow(MutablePixelView pixels, int y, int degrees) {
+  for (int x = 0; x < pixels.width; ++x) RotateHue(pixels.at(x, y), degrees);
 }
 
 }  // namespace tarnwell

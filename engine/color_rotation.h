@@ -4,9 +4,9 @@
 
 namespace tarnwell {
 
-// Turns the HSV hue of every pixel in column `x` by `degrees` (any number, whole turns change
+// Turns the HSV hue of every pixel in row `y` by `degrees` (any number, whole turns change
 // nothing); saturation and value stay. The middle channel is computed in whole numbers and rounded
 // half to even; a grey pixel has no hue and stays.
-void RotateHueOfColumn(MutablePixelView pixels, int x, int degrees);
+void RotateHueOfRow(MutablePixelView pixels, int y, int degrees);
 
 }  // namespace tarnwell

@@ -2,85 +2,77 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-
-#include "engine/rounding.h"
+#include <new>
 
 namespace tarnwell {
+namespace {
 
-int DiscHalfWidth(int radius, int dy) {
-  // (radius + 0.5)^2 is radius^2 + radius + 0.25, and whole numbers never fall between.
-  const std::int64_t limit = std::int64_t{radius} * radius + radius - std::int64_t{dy} * dy;
-  auto dx = static_cast<std::int64_t>(std::sqrt(static_cast<double>(limit)));
-  while (dx * dx > limit) --dx;
-  while ((dx + 1) * (dx + 1) <= limit) ++dx;
-  return static_cast<int>(dx);
+// Taller pieces share more of the rows above and below; longer waits before a stop.
+constexpr int kTallestPiece = 32;
+constexpr double kPieceNanoseconds = 3e7;
+
+int PiecesFor(int side, int piece) { return (side + piece - 1) / piece; }
+
+}  // namespace
+
+NoiseWay FasterNoiseWay(const NoiseRule& rule, int radius, Instructions instructions) {
+  const int limit = rule.highest_limit();
+  if (!NoiseByColors::Suits(radius, limit)) return NoiseWay::kNeighbors;
+  const bool colors = NoiseByColors::Cost(radius, limit, instructions) <
+                      NoiseByNeighbors::Cost(radius, limit, instructions);
+  return colors ? NoiseWay::kColors : NoiseWay::kNeighbors;
 }
 
 NoiseFilter::NoiseFilter(const PixelView& reference, const NoiseSettings& settings)
-    : reference_(reference), settings_(settings) {
-  const double side = 2.0 * settings.radius + 1;
-  normaliser_ = side * side + 1;
-  for (int dy = 0; dy <= settings.radius; ++dy) {
-    half_widths_.push_back(DiscHalfWidth(settings.radius, dy));
+    : NoiseFilter(reference, settings,
+                  FasterNoiseWay(NoiseRule(settings), settings.radius, BestInstructions()),
+                  BestInstructions()) {}
+
+NoiseFilter::NoiseFilter(const PixelView& reference, const NoiseSettings& settings, NoiseWay way,
+                         Instructions instructions)
+    : reference_(reference), rule_(settings) {
+  const int limit = rule_.highest_limit();
+  double cost;
+  if (way == NoiseWay::kColors) {
+    by_colors_.emplace(reference_, rule_, settings.radius, instructions);
+    cost = NoiseByColors::Cost(settings.radius, limit, instructions);
+  } else {
+    by_neighbors_.emplace(reference_, rule_, settings.radius, instructions);
+    cost = NoiseByNeighbors::Cost(settings.radius, limit, instructions);
   }
+  const double pixels = kPieceNanoseconds / cost;
+  piece_height_ = static_cast<int>(std::clamp(pixels / reference.width, 1.0, 1.0 * kTallestPiece));
+  // A row that takes too long by itself is divided, for comparing neighbours in whole vectors.
+  const double vectors = std::floor(pixels / piece_height_ / kCentres);
+  piece_width_ = reference.width;
+  if (way == NoiseWay::kNeighbors && pixels < reference.width) {
+    piece_width_ = static_cast<int>(std::max(vectors, 1.0)) * kCentres;
+  }
+  across_ = PiecesFor(reference.width, piece_width_);
+  down_ = PiecesFor(reference.height, piece_height_);
 }
 
-void NoiseFilter::AddRow(const std::uint8_t* centre, const std::uint8_t* row, int count, int limit,
-                         Sums& sums) const {
-  // 255 x 765 x 8192 still fits 32 bits, which vectors add twice as fast as 64.
-  constexpr int kBlock = 8192;
-  const int blue = centre[kBlue], green = centre[kGreen], red = centre[kRed];
-  for (int first = 0; first < count; first += kBlock) {
-    const int last = std::min(count, first + kBlock);
-    std::int32_t a0 = 0, a1 = 0, a2 = 0, b0 = 0, b1 = 0, b2 = 0;
-    for (int i = first; i < last; ++i) {
-      const std::uint8_t* pixel = row + static_cast<std::size_t>(i) * kBytesPerPixel;
-      const int d0 = pixel[kBlue] - blue, d1 = pixel[kGreen] - green, d2 = pixel[kRed] - red;
-      const int difference = std::abs(d0) + std::abs(d1) + std::abs(d2);
-      const int counts = difference < limit ? -1 : 0;  // all bits or none
-      const int e0 = d0 & counts, e1 = d1 & counts, e2 = d2 & counts;
-      a0 += e0, a1 += e1, a2 += e2;
-      b0 += difference * e0, b1 += difference * e1, b2 += difference * e2;
+PicturePiece NoiseFilter::piece(int number) const {
+  PicturePiece piece;
+  piece.left = number % across_ * piece_width_;
+  piece.top = number / across_ * piece_height_;
+  piece.right = std::min(piece.left + piece_width_, reference_.width);
+  piece.bottom = std::min(piece.top + piece_height_, reference_.height);
+  return piece;
+}
+
+bool NoiseFilter::Smooth(const PicturePiece& piece, MutablePixelView target) const {
+  if (rule_.highest_limit() <= 1) return true;  // only equal colours would count
+  try {
+    if (by_colors_) {
+      by_colors_->Smooth(piece, target);
+    } else {
+      by_neighbors_->Smooth(piece, target);
     }
-    sums.plain[0] += a0, sums.plain[1] += a1, sums.plain[2] += a2;
-    sums.weighted[0] += b0, sums.weighted[1] += b1, sums.weighted[2] += b2;
+  } catch (const std::bad_alloc&) {
+    return false;
   }
-}
-
-NoiseFilter::Pixel NoiseFilter::At(int x, int y) const {
-  const std::uint8_t* centre = reference_.at(x, y);
-  Pixel pixel = {centre[kBlue], centre[kGreen], centre[kRed]};
-  double threshold = settings_.threshold;
-  if (settings_.darkness_weighting) {
-    const int sum = centre[kBlue] + centre[kGreen] + centre[kRed];
-    const double darkness = 1 - sum / 765.0;
-    threshold = threshold * darkness * 1.25;
-  }
-  if (threshold <= 0) return pixel;
-
-  // A whole number is below the threshold exactly when it is below the threshold rounded up.
-  const int limit = static_cast<int>(std::ceil(threshold));
-  Sums sums;
-  const int top = std::max(y - settings_.radius, 0);
-  const int bottom = std::min(y + settings_.radius, reference_.height - 1);
-  for (int row = top; row <= bottom; ++row) {
-    const int half_width = half_widths_[std::abs(row - y)];
-    const int left = std::max(x - half_width, 0);
-    const int right = std::min(x + half_width, reference_.width - 1);
-    // The pixel itself differs by 0 and so adds nothing to either sum.
-    AddRow(centre, reference_.at(left, row), right - left + 1, limit, sums);
-  }
-  const auto blended = [&](int channel, std::int16_t& value) {
-    const double change = (static_cast<double>(sums.plain[channel]) -
-                           static_cast<double>(sums.weighted[channel]) / threshold) /
-                          normaliser_;
-    RoundInto(value, value + change);
-  };
-  blended(kBlue, pixel.blue);
-  blended(kGreen, pixel.green);
-  blended(kRed, pixel.red);
-  return pixel;
+  return true;
 }
 
 }  // namespace tarnwell

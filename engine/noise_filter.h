@@ -1,18 +1,21 @@
 #pragma once
 
-#include <cstdint>
-#include <vector>
+#include <optional>
 
-#include "imaging/pixel_array.h"
+#include "engine/noise_by_colors.h"
+#include "engine/noise_by_neighbors.h"
+#include "engine/noise_rule.h"
+#include "engine/noise_settings.h"
+#include "engine/processor.h"
+#include "imaging/picture_piece.h"
 
 namespace tarnwell {
 
-// What one run's noise filter works with.
-struct NoiseSettings {
-  int radius = 1;                   // pixels, at least 1
-  double threshold = 7.65;          // colour difference |dR| + |dG| + |dB|, at most 765
-  bool darkness_weighting = false;  // the threshold follows the pixel's darkness
-};
+// How the sums of the noise filter are found. The result is the same.
+enum class NoiseWay { kColors, kNeighbors };
+
+// The way that is expected to be faster for a rule and a radius.
+NoiseWay FasterNoiseWay(const NoiseRule& rule, int radius, Instructions instructions);
 
 // Smooths pixels with neighbours of nearly the same colour inside a disc.
 //
@@ -20,37 +23,37 @@ struct NoiseSettings {
 // difference d is below T weighs (T - d) / T, the pixel itself 1. The pixel is blended with the
 // weighted mean by weight total / N, with N = (2 x radius + 1)^2 + 1. Per channel this comes to
 //   R + (A - B / T) / N    with A = sum of (R' - R), B = sum of d x (R' - R)
-// over these neighbours. A and B are whole numbers, so their order does not matter.
+// over these neighbours, rounded half to even. A and B are whole numbers, so that neither the order
+// of the neighbours nor the way of adding them up matters.
 class NoiseFilter {
  public:
   // `reference` are the pixels before the run; they outlive the filter.
   NoiseFilter(const PixelView& reference, const NoiseSettings& settings);
+  // In a way chosen by the caller; kColors only where it suits.
+  NoiseFilter(const PixelView& reference, const NoiseSettings& settings, NoiseWay way,
+              Instructions instructions);
+  NoiseFilter(const NoiseFilter&) = delete;
+  NoiseFilter& operator=(const NoiseFilter&) = delete;
 
-  // The filtered pixel at (x, y), each channel rounded half to even.
-  struct Pixel {
-    std::int16_t blue;
-    std::int16_t green;
-    std::int16_t red;
-  };
-  Pixel At(int x, int y) const;
+  // The picture in pieces that one thread smooths in a few hundredths of a second each, so that a
+  // run can be stopped between them: number 0 to piece_count() - 1, rows of pieces from the top.
+  int piece_count() const { return across_ * down_; }
+  PicturePiece piece(int number) const;
+
+  // Smooths one piece of `target`, which holds the reference's pixels there; the unused channel
+  // stays. Several threads may smooth different pieces. False, with the piece unfinished, when
+  // memory does not suffice.
+  bool Smooth(const PicturePiece& piece, MutablePixelView target) const;
 
  private:
-  // Sums over the neighbours whose difference is below the threshold.
-  struct Sums {
-    std::int64_t plain[3] = {0, 0, 0};     // A per channel, blue first
-    std::int64_t weighted[3] = {0, 0, 0};  // B per channel
-  };
-  void AddRow(const std::uint8_t* centre, const std::uint8_t* row, int count, int limit,
-              Sums& sums) const;
-
   PixelView reference_;
-  NoiseSettings settings_;
-  double normaliser_;
-  std::vector<int> half_widths_;  // of the disc, for |dy| = 0 to radius
+  NoiseRule rule_;
+  std::optional<NoiseByColors> by_colors_;
+  std::optional<NoiseByNeighbors> by_neighbors_;
+  int piece_width_ = 0;
+  int piece_height_ = 0;
+  int across_ = 0;
+  int down_ = 0;
 };
-
-// Half the width of the disc of `radius` at `dy` rows from its centre: the largest dx with
-// dx^2 + dy^2 <= (radius + 0.5)^2.
-int DiscHalfWidth(int radius, int dy);
 
 }  // namespace tarnwell

@@ -1,6 +1,7 @@
 #include "engine/pixel_adjustments.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "engine/rounding.h"
 
@@ -66,23 +67,57 @@ void AdjustTones(PixelValues& pixel, int starting_sum, const AdjustmentSettings&
   }
 }
 
-void AdjustColumn(MutablePixelView working, int x, const AdjustmentSettings& settings,
-                  const NoiseFilter* noise) {
+void StoreClamped(const PixelValues& pixel, std::uint8_t* bytes) {
+  bytes[kBlue] = ClampToByte(pixel.blue);
+  bytes[kGreen] = ClampToByte(pixel.green);
+  bytes[kRed] = ClampToByte(pixel.red);
+}
+
+ToneTable::ToneTable(const AdjustmentSettings& settings) : results_(766 * 256) {
+  std::uint32_t* result = results_.data();
+  for (int sum = 0; sum <= 765; ++sum) {
+    for (std::int16_t value = 0; value < 256; ++value, ++result) {
+      PixelValues pixel = {value, value, value};
+      AdjustTones(pixel, sum, settings);
+      std::uint8_t bytes[kBytesPerPixel] = {};
+      StoreClamped(pixel, bytes);
+      std::memcpy(result, bytes, sizeof(bytes));
+    }
+  }
+}
+
+void ToneTable::Adjust(std::uint8_t* pixels, const std::uint8_t* start, int count) const {
+  for (int i = 0; i < count; ++i, pixels += kBytesPerPixel, start += kBytesPerPixel) {
+    AdjustPixel(pixels[kBlue], pixels[kGreen], pixels[kRed], SumOfChannels(start), pixels);
+  }
+}
+
+void AdjustPiece(MutablePixelView working, const PixelView& start, const PicturePiece& piece,
+                 const AdjustmentSettings& settings, const ToneTable* table) {
+  for (int y = piece.top; y < piece.bottom; ++y) {
+    if (table) {
+      table->Adjust(working.at(piece.left, y), start.at(piece.left, y), piece.right - piece.left);
+      continue;
+    }
+    for (int x = piece.left; x < piece.right; ++x) {
+      std::uint8_t* bytes = working.at(x, y);
+      PixelValues pixel = {bytes[kBlue], bytes[kGreen], bytes[kRed]};
+      AdjustTones(pixel, SumOfChannels(start.at(x, y)), settings);
+      StoreClamped(pixel, bytes);
+    }
+  }
+}
+
+void FocusColumn(MutablePixelView working, const PixelView& smooth, int x,
+                 const AdjustmentSettings& settings) {
   for (int y = 0; y < working.height; ++y) {
     std::uint8_t* bytes = working.at(x, y);
-    const int starting_sum = bytes[kBlue] + bytes[kGreen] + bytes[kRed];
-    PixelValues pixel = {bytes[kBlue], bytes[kGreen], bytes[kRed]};
-    if (noise) {
-      const NoiseFilter::Pixel smooth = noise->At(x, y);
-      pixel = {smooth.blue, smooth.green, smooth.red};
-    }
-    if (settings.focus) {
-      Focus(pixel, FocusMeans(working, x, y, *settings.focus), settings.focus->amount);
-    }
+    const int starting_sum = SumOfChannels(bytes);
+    const std::uint8_t* from = smooth.at(x, y);
+    PixelValues pixel = {from[kBlue], from[kGreen], from[kRed]};
+    Focus(pixel, FocusMeans(working, x, y, *settings.focus), settings.focus->amount);
     AdjustTones(pixel, starting_sum, settings);
-    bytes[kBlue] = ClampToByte(pixel.blue);
-    bytes[kGreen] = ClampToByte(pixel.green);
-    bytes[kRed] = ClampToByte(pixel.red);
+    StoreClamped(pixel, bytes);
   }
 }
 

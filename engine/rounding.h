@@ -4,14 +4,13 @@
 
 namespace tarnwell {
 
+// 1.5 x 2^52: adding it leaves no bits for a fraction, so the addition itself rounds, in the
+// processor's default mode. Unlike std::nearbyint this needs no call on baseline x86-64.
+inline constexpr double kNoFraction = 6755399441055744.0;
+
 // `value` rounded to the nearest integer, ties to even. Beyond 2^51 the result is some number of
 // about that size, and what is no number stays none.
-inline double RoundHalfToEven(double value) {
-  // Adding 1.5 x 2^52 leaves no bits for a fraction, so the addition itself rounds, in the
-  // processor's default mode. Unlike std::nearbyint this needs no call on baseline x86-64.
-  constexpr double kNoFraction = 6755399441055744.0;
-  return (value + kNoFraction) - kNoFraction;
-}
+inline double RoundHalfToEven(double value) { return (value + kNoFraction) - kNoFraction; }
 
 // The one rounding of the corrections: RoundHalfToEven into 16 bits. False, with `target` as it
 // was, when the rounded value lies outside -32768..32767 or `value` is no number; the assignment

@@ -15,6 +15,11 @@ inline constexpr int kBytesPerPixel = 4;
 // Width and height are 16-bit signed integers by rule, so this is the longest side.
 inline constexpr int kMaxSide = 32767;
 
+// Red + green + blue, 0 to 765.
+inline int SumOfChannels(const std::uint8_t* pixel) {
+  return pixel[kBlue] + pixel[kGreen] + pixel[kRed];
+}
+
 // A view of 32-bit pixels, rows top-down without padding:
 //
 //   B G R x  B G R x ...   <- row 0, the top row; column 0 is at the left

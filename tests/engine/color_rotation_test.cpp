@@ -11,7 +11,7 @@ namespace {
 
 TestPixel Turned(const TestPixel& pixel, int degrees) {
   const auto picture = PictureOf(1, {pixel});
-  RotateHueOfColumn(picture->mutable_view(), 0, degrees);
+  RotateHueOfRow(picture->mutable_view(), 0, degrees);
   return PixelAt(picture->view(), 0, 0);
 }
 

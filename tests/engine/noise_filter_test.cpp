@@ -1,8 +1,12 @@
 #include "engine/noise_filter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <numeric>
+#include <random>
+#include <vector>
 
 #include "tests/support/pictures.h"
 
@@ -38,34 +42,120 @@ TestPixel NaiveNoise(const PixelView& pixels, int x, int y, const NoiseSettings&
   return {blend(centre.red, 0), blend(centre.green, 1), blend(centre.blue, 2)};
 }
 
-TEST(NoiseFilterTest, GivesTheSameAsTheNaiveForm) {
-  const NoiseSettings settings[] = {
-      {1, 7.65, false}, {1, 765, true},    {2, 100.25, false},
-      {3, 30.0, true},  {4, 306.0, false}, {9, 61.2, false},
-  };
-  unsigned seed = 1;
-  for (const NoiseSettings& s : settings) {
-    for (const auto& [width, height] : {std::pair{1, 1}, {2, 9}, {17, 1}, {13, 11}, {40, 23}}) {
-      SCOPED_TRACE(testing::Message() << "radius " << s.radius << ", threshold " << s.threshold
-                                      << ", " << width << " x " << height);
-      const auto picture = NoisyPicture(width, height, ++seed);
-      const NoiseFilter filter(picture->view(), s);
-      for (int x = 0; x < width; ++x) {
-        for (int y = 0; y < height; ++y) {
-          const auto pixel = filter.At(x, y);
-          ASSERT_EQ((TestPixel{pixel.red, pixel.green, pixel.blue}),
-                    NaiveNoise(picture->view(), x, y, s))
-              << "at " << x << ", " << y;
-        }
-      }
+struct Way {
+  const char* name;
+  NoiseWay way;
+  Instructions instructions;
+};
+constexpr Way kWays[] = {
+    {"colours, plain", NoiseWay::kColors, Instructions::kPlain},
+    {"colours, AVX2", NoiseWay::kColors, Instructions::kAvx2},
+    {"neighbours, plain", NoiseWay::kNeighbors, Instructions::kPlain},
+    {"neighbours, AVX2", NoiseWay::kNeighbors, Instructions::kAvx2},
+};
+
+PixelArray Naive(const PixelArray& picture, const NoiseSettings& settings) {
+  PixelArray smooth = picture;
+  for (int x = 0; x < picture.width(); ++x) {
+    for (int y = 0; y < picture.height(); ++y) {
+      SetPixel(smooth.mutable_view(), x, y, NaiveNoise(picture.view(), x, y, settings));
     }
+  }
+  return smooth;
+}
+
+// Every way that the processor and the limit allow, its pieces in a shuffled order.
+void ExpectEveryWayToBeNaive(const PixelArray& picture, const NoiseSettings& settings) {
+  SCOPED_TRACE(testing::Message() << "radius " << settings.radius << ", threshold "
+                                  << settings.threshold << (settings.darkness_weighting ? "d" : "")
+                                  << ", " << picture.width() << " x " << picture.height());
+  const PixelArray expected = Naive(picture, settings);
+  std::mt19937 random(1);
+  for (const auto& [name, way, instructions] : kWays) {
+    const int limit = NoiseRule(settings).highest_limit();
+    if (way == NoiseWay::kColors && !NoiseByColors::Suits(settings.radius, limit)) continue;
+    if (instructions == Instructions::kAvx2 && BestInstructions() != instructions) continue;
+    PixelArray actual = picture;
+    const NoiseFilter filter(picture.view(), settings, way, instructions);
+    std::vector<int> pieces(filter.piece_count());
+    std::iota(pieces.begin(), pieces.end(), 0);
+    std::shuffle(pieces.begin(), pieces.end(), random);
+    for (const int piece : pieces) {
+      ASSERT_TRUE(filter.Smooth(filter.piece(piece), actual.mutable_view()));
+    }
+    ASSERT_TRUE(actual == expected) << name;
+  }
+}
+
+TEST(NoiseFilterTest, EveryWayGivesTheSameAsTheNaiveForm) {
+  unsigned seed = 1;
+  for (int radius = 1; radius <= 12; ++radius) {
+    // Thresholds at which another kernel or another number of vectors takes over, and fractions.
+    for (const double threshold : {1.5, 7.65, 8.0, 8.25, 16.4, 31.9, 64.0, 64.5, 306.0, 250000.0}) {
+      const bool weighted = ++seed % 3 == 0;
+      const auto picture = NoisyPicture(5 + seed % 41, 1 + seed % 13, seed,
+                                        2 + std::min(static_cast<int>(threshold) / 8, 40));
+      ExpectEveryWayToBeNaive(*picture, {radius, threshold, weighted});
+    }
+  }
+}
+
+TEST(NoiseFilterTest, EveryWayGivesTheSameOnEverySmallSize) {
+  for (int width = 1; width <= 9; ++width) {
+    for (int height = 1; height <= 7; ++height) {
+      ExpectEveryWayToBeNaive(*NoisyPicture(width, height, width, 3), {2, 7.65, height % 2 == 0});
+    }
+  }
+  for (const int width : {31, 32, 33, 63, 64, 65, 97}) {
+    ExpectEveryWayToBeNaive(*NoisyPicture(width, 5, width, 3), {3, 9.5, false});
+  }
+}
+
+TEST(NoiseFilterTest, EveryWayGivesTheSameWithLargeDiscs) {
+  // Flat pictures fill the counts of one colour and the sums of 16 bits; from radius 102 on a
+  // window may hold more pixels than 15 bits count.
+  for (const int noise : {0, 1, 4}) {
+    ExpectEveryWayToBeNaive(*NoisyPicture(70, 45, 3, noise), {31, 7.65, false});
+    ExpectEveryWayToBeNaive(*NoisyPicture(150, 12, 4, noise), {50, 7.65, true});
+    ExpectEveryWayToBeNaive(*NoisyPicture(30, 20, 5, noise), {120, 12.0, false});
+  }
+  ExpectEveryWayToBeNaive(*NoisyPicture(70, 45, 3), {40, 306.0, false});
+}
+
+TEST(NoiseFilterTest, ColoursAtTheEndsOfTheScale) {
+  auto picture = RandomPixels(40, 20, 5);
+  for (std::size_t i = 0; i < picture->view().byte_count(); ++i) {
+    std::uint8_t& byte = picture->mutable_view().data[i];
+    byte = static_cast<std::uint8_t>(byte % 2 ? 255 - byte % 8 : byte % 8);
+  }
+  for (const double threshold : {7.65, 20.0, 765.0}) {
+    ExpectEveryWayToBeNaive(*picture, {6, threshold, false});
   }
 }
 
 TEST(NoiseFilterTest, AWhitePixelUnderDarknessWeightingStays) {
   const auto picture = PictureOf(2, {{255, 255, 255}, {254, 255, 255}});
+  PixelArray smooth = *picture;
   const NoiseFilter filter(picture->view(), {1, 765, true});
-  EXPECT_EQ(filter.At(0, 0).red, 255);
+  ASSERT_TRUE(filter.Smooth(filter.piece(0), smooth.mutable_view()));
+  EXPECT_EQ(PixelAt(smooth.view(), 0, 0).red, 255);
+}
+
+TEST(NoiseFilterTest, PiecesCoverThePictureAndAreSmallForCostlyDiscs) {
+  const PixelArray picture(300, 90);
+  for (const NoiseSettings& settings :
+       {NoiseSettings{4, 7.65, false}, {50, 7.65, false}, {378, 306, false}, {2000, 765, true}}) {
+    const NoiseFilter filter(picture.view(), settings);
+    std::vector<int> covered(picture.view().pixel_count());
+    for (int i = 0; i < filter.piece_count(); ++i) {
+      const PicturePiece piece = filter.piece(i);
+      for (int y = piece.top; y < piece.bottom; ++y) {
+        for (int x = piece.left; x < piece.right; ++x) ++covered[y * 300 + x];
+      }
+    }
+    EXPECT_EQ(std::count(covered.begin(), covered.end(), 1), 300 * 90);
+  }
+  EXPECT_GT(NoiseFilter(picture.view(), {378, 306, false}).piece_count(), 100);
 }
 
 TEST(DiscTest, HalfWidths) {

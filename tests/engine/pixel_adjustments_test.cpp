@@ -70,25 +70,46 @@ TEST(AdjustTonesTest, EachStepByHand) {
   }
 }
 
-TEST(AdjustColumnTest, FocusComparesWithNeighboursThatArePartlyCorrected) {
+TEST(AdjustPixelsTest, FocusComparesWithNeighboursThatArePartlyCorrected) {
   // One row of three: amount 1 adds the distance from the neighbours' mean.
   const auto picture = PictureOf(3, {{100, 100, 100}, {110, 110, 110}, {90, 90, 90}});
   AdjustmentSettings settings;
   settings.focus = FocusSettings{1.0, 1, 1};
-  for (int x = 0; x < 3; ++x) AdjustColumn(picture->mutable_view(), x, settings, nullptr);
+  for (int x = 0; x < 3; ++x) {
+    FocusColumn(picture->mutable_view(), picture->view(), x, settings);
+  }
   EXPECT_EQ(PixelAt(picture->view(), 0, 0).red, 90);   // 100 + (100 - 110)
   EXPECT_EQ(PixelAt(picture->view(), 1, 0).red, 130);  // 110 + (110 - (90 + 90) / 2)
   EXPECT_EQ(PixelAt(picture->view(), 2, 0).red, 50);   // 90 + (90 - 130)
 }
 
-TEST(AdjustColumnTest, ClampsAtTheEndAndLeavesTheUnusedChannel) {
+TEST(AdjustPixelsTest, ClampsAtTheEndAndLeavesTheUnusedChannel) {
   const auto picture = PictureOf(1, {{200, 10, 100}});
   picture->mutable_view().at(0, 0)[kUnused] = 9;
   AdjustmentSettings settings;
   settings.contrast_factor = -1;
-  AdjustColumn(picture->mutable_view(), 0, settings, nullptr);
+  AdjustPiece(picture->mutable_view(), picture->view(), {0, 0, 1, 1}, settings, nullptr);
   EXPECT_EQ(PixelAt(picture->view(), 0, 0), (TestPixel{255, 0, 72}));
   EXPECT_EQ(picture->view().at(0, 0)[kUnused], 9);
+}
+
+TEST(ToneTableTest, GivesWhatTheStepsGive) {
+  AdjustmentSettings settings;
+  settings.black_level = 7;
+  settings.gain = 1.37;
+  settings.hue_factors = {0.3f, -0.1f, 0.05f};
+  settings.white_balance_offsets = {-0.2, 0.1, 0.15};
+  settings.saturation_multiplier = 1.8;
+  settings.contrast_factor = -0.35;
+  const ToneTable table(settings);
+  // The second time with channels that another filter has moved away from the starting sum.
+  const auto start = RandomPixels(61, 40, 1);
+  for (const auto& moved : {start, RandomPixels(61, 40, 2)}) {
+    PixelArray expected = *moved, actual = *moved;
+    AdjustPiece(expected.mutable_view(), start->view(), {0, 0, 61, 40}, settings, nullptr);
+    AdjustPiece(actual.mutable_view(), start->view(), {0, 0, 61, 40}, settings, &table);
+    EXPECT_TRUE(actual == expected);
+  }
 }
 
 TEST(FocusMeansTest, LooksOnlyInsideThePictureAndStepsFromTheFarCorner) {

@@ -1,0 +1,138 @@
+#include "engine/adjustment_pass.h"
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <new>
+#include <optional>
+
+#include "engine/focus_pass.h"
+#include "engine/noise_filter.h"
+#include "engine/pass.h"
+#include "engine/pass_progress.h"
+#include "shell/form1.h"
+
+namespace tarnwell {
+namespace {
+
+// Calls back with how many parts are done; false stops the pass.
+using PartDone = std::function<bool(int done)>;
+
+// What the stages of one pass share.
+struct Stages {
+  const AdjustmentSettings& settings;
+  MutablePixelView working;
+  PixelView start;  // the pixels before any step
+  int threads;
+  std::optional<NoiseFilter> noise = {};
+  std::optional<ToneTable> table = {};
+  std::atomic<bool> out_of_memory = false;
+
+  const ToneTable* tones() const { return table ? &*table : nullptr; }
+};
+
+// The noise filter over `target`; right after it, while they are near, `then` with the same pixels.
+template <typename Then>
+bool SmoothPieces(Stages& stages, MutablePixelView target, Then then, const PartDone& part_done) {
+  return ForEachPart(
+      stages.noise->piece_count(), 1, stages.threads,
+      [&](int number) {
+        const PicturePiece piece = stages.noise->piece(number);
+        if (!stages.noise->Smooth(piece, target)) stages.out_of_memory = true;
+        then(piece);
+      },
+      [&](int done) { return part_done(done) && !stages.out_of_memory; });
+}
+
+bool AdjustRows(Stages& stages, const PartDone& part_done) {
+  const int width = stages.working.width;
+  return ForEachPart(
+      stages.working.height, kLinesAtOnce, stages.threads,
+      [&](int y) {
+        const PicturePiece row = {0, y, width, y + 1};
+        AdjustPiece(stages.working, stages.start, row, stages.settings, stages.tones());
+      },
+      part_done);
+}
+
+// Focus without running sums: rare settings that they do not suit.
+bool FocusColumns(Stages& stages, const PixelView& smooth, const PartDone& part_done) {
+  return ForEachPart(
+      stages.working.width, 1, 1,
+      [&](int x) { FocusColumn(stages.working, smooth, x, stages.settings); }, part_done);
+}
+
+// Focus with running sums.
+bool FocusInWaves(Stages& stages, FocusPass& focus, const PartDone& part_done) {
+  const auto go_on = [](int) { return true; };
+  ForEachPart(
+      focus.band_count(), 1, stages.threads, [&](int band) { focus.Read(band); }, go_on);
+  const bool adjusted = ForEachPart(
+      focus.part_count(), 1, stages.threads, [&](int part) { focus.Adjust(part); },
+      [&](int done) {
+        const bool more = part_done(done);
+        if (!more) focus.Stop();
+        return more;
+      });
+  if (!adjusted) return false;
+  return ForEachPart(
+      focus.band_count(), 1, stages.threads, [&](int band) { focus.Write(band); }, go_on);
+}
+
+// The sharpening of a pixel starts from what the noise filter made of it, but compares it with
+// neighbours that are as the photo has them, or corrected. So the smooth pixels need a picture of
+// their own.
+bool SmoothThenFocus(Form1& form, Stages& stages, float minimum_step) {
+  std::shared_ptr<PixelArray> own;
+  if (stages.noise) {
+    own = TryCopyPixels(stages.working);
+    if (!own) throw std::bad_alloc();
+  }
+  const PixelView smooth = own ? own->view() : PixelView(stages.working);
+  std::optional<FocusPass> focus;
+  if (FocusPass::Suits(*stages.settings.focus)) {
+    focus.emplace(stages.working, smooth, stages.settings, stages.tones());
+  }
+  const int pieces = stages.noise ? stages.noise->piece_count() : 0;
+  const int parts = focus ? focus->part_count() : stages.working.width;
+  PassProgress pass(form, stages.working.width, pieces + parts, minimum_step);
+  if (own) {
+    const bool done = SmoothPieces(
+        stages, own->mutable_view(), [](const PicturePiece&) {},
+        [&](int part) { return pass.PartDone(part); });
+    if (!done) return false;
+  }
+  const auto part_done = [&](int done) { return pass.PartDone(pieces + done); };
+  return focus ? FocusInWaves(stages, *focus, part_done) : FocusColumns(stages, smooth, part_done);
+}
+
+bool RunStages(Form1& form, Stages& stages, float minimum_step) {
+  if (stages.settings.focus) return SmoothThenFocus(form, stages, minimum_step);
+  const int parts = stages.noise ? stages.noise->piece_count() : stages.working.height;
+  PassProgress pass(form, stages.working.width, parts, minimum_step);
+  const auto part_done = [&](int done) { return pass.PartDone(done); };
+  if (!stages.noise) return AdjustRows(stages, part_done);
+  const auto tones = [&](const PicturePiece& piece) {
+    AdjustPiece(stages.working, stages.start, piece, stages.settings, stages.tones());
+  };
+  return SmoothPieces(stages, stages.working, tones, part_done);
+}
+
+}  // namespace
+
+PassEnd RunAdjustmentPass(Form1& form, const AdjustmentSettings& settings, float minimum_step) {
+  try {
+    const MutablePixelView working = form.buffer.working->mutable_view();
+    const PixelView start = settings.noise ? form.buffer.noise_reference->view() : working;
+    Stages stages = {settings, working, start, form.threads};
+    if (settings.noise) stages.noise.emplace(start, *settings.noise);
+    if (working.pixel_count() >= ToneTable::kWorthwhile) stages.table.emplace(settings);
+    const bool done = RunStages(form, stages, minimum_step);
+    if (stages.out_of_memory) return PassEnd::kOutOfMemory;
+    return done ? PassEnd::kDone : PassEnd::kStopped;
+  } catch (const std::bad_alloc&) {
+    return PassEnd::kOutOfMemory;
+  }
+}
+
+}  // namespace tarnwell

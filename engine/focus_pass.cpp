@@ -1,0 +1,190 @@
+#include "engine/focus_pass.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <thread>
+
+#include "engine/rounding.h"
+#include "imaging/transpose.h"
+
+namespace tarnwell {
+namespace {
+
+// Rows between two looks at how far the part before is.
+constexpr int kRowsPerLook = 64;
+
+// The four bytes of a pixel as numbers.
+template <typename Numbers>
+inline Numbers Load(const std::uint8_t* bytes) {
+  typedef std::uint8_t Bytes __attribute__((vector_size(4)));
+  Bytes four;
+  std::memcpy(&four, bytes, sizeof(four));
+  return __builtin_convertvector(four, Numbers);
+}
+
+}  // namespace
+
+bool FocusPass::Suits(const FocusSettings& settings) {
+  // Sums over the window fit 32 bits, and no sharpened channel leaves 16.
+  return settings.step == 1 && settings.distance <= 1000 && std::abs(settings.amount) <= 100;
+}
+
+FocusPass::FocusPass(MutablePixelView working, const PixelView& smooth,
+                     const AdjustmentSettings& settings, const ToneTable* table)
+    : working_(working),
+      smooth_(smooth),
+      settings_(settings),
+      table_(table),
+      width_(working.width),
+      height_(working.height),
+      distance_(settings.focus->distance),
+      lag_(std::min(2 * distance_ + 2, height_)),
+      pixels_(std::make_unique_for_overwrite<std::uint8_t[]>(working.byte_count())),
+      nothing_(static_cast<std::size_t>(height_) * kBytesPerPixel),
+      row_sums_(height_),
+      rows_done_(part_count()) {
+  if (smooth.data != working.data) {
+    smooth_pixels_ = std::make_unique_for_overwrite<std::uint8_t[]>(working.byte_count());
+  }
+}
+
+PicturePiece FocusPass::Band(int band) const {
+  return {0, band * kBandHeight, width_, std::min((band + 1) * kBandHeight, height_)};
+}
+
+void FocusPass::Read(int band) {
+  const PicturePiece rows = Band(band);
+  Transpose(working_, rows, {pixels_.get(), height_, width_});
+  if (smooth_pixels_) Transpose(smooth_, rows, {smooth_pixels_.get(), height_, width_});
+  // The window of column 0 before its right end comes in.
+  for (int y = rows.top; y < rows.bottom; ++y) {
+    const std::uint8_t* pixel = working_.at(0, y);
+    for (int x = 0; x < std::min(distance_, width_); ++x, pixel += kBytesPerPixel) {
+      for (int i = 0; i < 4; ++i) row_sums_[y].sum[i] += pixel[i];
+    }
+  }
+}
+
+void FocusPass::Write(int band) {
+  const PicturePiece rows = Band(band);
+  Transpose({pixels_.get(), height_, width_}, {rows.top, 0, rows.bottom, width_}, working_);
+}
+
+FocusPass::Column FocusPass::Begin(int x) {
+  Column column;
+  column.pixels = at(x, 0);
+  const int right = x + distance_;
+  const int left = x - 1 - distance_;
+  column.entering = right < width_ ? at(right, 0) : nothing_.data();
+  column.leaving = left >= 0 ? at(left, 0) : nothing_.data();
+  column.smooth =
+      smooth_pixels_ ? smooth_pixels_.get() + (column.pixels - pixels_.get()) : column.pixels;
+  column.columns = std::min(right, width_ - 1) - std::max(x - distance_, 0) + 1;
+  for (int y = 0; y < std::min(distance_, height_); ++y) EnterRow(column, y);
+  return column;
+}
+
+// Moves the sum of row y from the window of the column before to that of `column`, and adds it.
+inline void FocusPass::EnterRow(Column& column, int y) {
+  Sum& row = row_sums_[y].sum;
+  row += Load<Sum>(column.entering + y * kBytesPerPixel) -
+         Load<Sum>(column.leaving + y * kBytesPerPixel);
+  column.sum += row;
+}
+
+inline void FocusPass::LeaveRow(Column& column, int y) { column.sum -= row_sums_[y].sum; }
+
+double FocusPass::Divisor(const Column& column, int y) const {
+  const int rows = std::min(y + distance_, height_ - 1) - std::max(y - distance_, 0) + 1;
+  const int count = rows * column.columns - 1;
+  return count == 0 ? 1e-14 : static_cast<double>(count);
+}
+
+inline void FocusPass::AdjustPixel(Column& column, int y, double divisor) {
+  typedef double Real __attribute__((vector_size(32)));
+  std::uint8_t* bytes = column.pixels + y * kBytesPerPixel;
+  const Sum before = Load<Sum>(bytes);
+  const Real mean = __builtin_convertvector(column.sum - before, Real) / divisor;
+  const Sum smooth = Load<Sum>(column.smooth + y * kBytesPerPixel);
+  const Real change = (__builtin_convertvector(smooth, Real) - mean) * settings_.focus->amount;
+  // RoundHalfToEven, four at a time.
+  const Real rounded = (change + kNoFraction) - kNoFraction;
+  const Sum sharp = smooth + __builtin_convertvector(rounded, Sum);
+
+  const int starting_sum = SumOfChannels(bytes);
+  if (table_ && ((sharp[0] | sharp[1] | sharp[2]) & ~255) == 0) {
+    table_->AdjustPixel(sharp[kBlue], sharp[kGreen], sharp[kRed], starting_sum, bytes);
+  } else {
+    PixelValues pixel = {static_cast<std::int16_t>(sharp[kBlue]),
+                         static_cast<std::int16_t>(sharp[kGreen]),
+                         static_cast<std::int16_t>(sharp[kRed])};
+    AdjustTones(pixel, starting_sum, settings_);
+    StoreClamped(pixel, bytes);
+  }
+  // From here on the pixel counts as it is now.
+  const Sum difference = Load<Sum>(bytes) - before;
+  row_sums_[y].sum += difference;
+  column.sum += difference;
+}
+
+// Takes each column from row `top` to `bottom` - 1, less the lag of the columns before it.
+void FocusPass::AdjustSteps(Column* columns, int first_column, int count, int top, int bottom) {
+  // Where every column's window is inside the picture from top to bottom.
+  const int first_inside = distance_ + 1 + (count - 1) * lag_;
+  const int last_inside = height_ - 1 - distance_;
+  if (count == kColumnsAtOnce && top >= first_inside && bottom - 1 <= last_inside) {
+    double divisors[kColumnsAtOnce];
+    Column local[kColumnsAtOnce];
+    for (int i = 0; i < kColumnsAtOnce; ++i) {
+      local[i] = columns[i];
+      divisors[i] = Divisor(local[i], top - i * lag_);
+    }
+    for (int step = top; step < bottom; ++step) {
+      for (int i = 0; i < kColumnsAtOnce; ++i) {
+        const int y = step - i * lag_;
+        EnterRow(local[i], y + distance_);
+        LeaveRow(local[i], y - 1 - distance_);
+        AdjustPixel(local[i], y, divisors[i]);
+      }
+    }
+    for (int i = 0; i < kColumnsAtOnce; ++i) columns[i].sum = local[i].sum;
+    return;
+  }
+  for (int step = top; step < bottom; ++step) {
+    for (int i = 0; i < count; ++i) {
+      const int y = step - i * lag_;
+      if (y < 0 || y >= height_) continue;
+      if (y == 0) columns[i] = Begin(first_column + i);
+      if (y + distance_ < height_) EnterRow(columns[i], y + distance_);
+      if (y - 1 - distance_ >= 0) LeaveRow(columns[i], y - 1 - distance_);
+      AdjustPixel(columns[i], y, Divisor(columns[i], y));
+    }
+  }
+}
+
+bool FocusPass::WaitFor(int part, int rows) const {
+  while (rows_done_[part].load(std::memory_order_acquire) < rows) {
+    if (stopped_) return false;
+    std::this_thread::yield();
+  }
+  return true;
+}
+
+void FocusPass::Adjust(int part) {
+  const int first = part * kColumnsAtOnce;
+  const int count = std::min(kColumnsAtOnce, width_ - first);
+  const int last = count - 1;
+  Column columns[kColumnsAtOnce];
+  const int steps = height_ + last * lag_;
+  for (int top = 0; top < steps; top += kRowsPerLook) {
+    const int bottom = std::min(top + kRowsPerLook, steps);
+    // The first column must find the rows of its window left by the column before.
+    if (part > 0 && !WaitFor(part - 1, std::min(bottom - 1 + lag_, height_))) return;
+    AdjustSteps(columns, first, count, top, bottom);
+    const int done = std::clamp(bottom - last * lag_, 0, height_);
+    rows_done_[part].store(done, std::memory_order_release);
+  }
+}
+
+}  // namespace tarnwell

@@ -1,0 +1,44 @@
+#include "engine/pass.h"
+
+#include <atomic>
+#include <thread>
+#include <vector>
+
+namespace tarnwell {
+
+bool ForEachPart(int count, int at_once, int threads, const std::function<void(int part)>& work,
+                 const std::function<bool(int done)>& part_done) {
+  std::atomic<int> next = 0;
+  std::atomic<int> done = 0;
+  std::atomic<bool> stop = false;
+
+  const auto work_through = [&](const auto& after_part) {
+    for (;;) {
+      const int first = next.fetch_add(1) * at_once;
+      for (int part = first; part < first + at_once; ++part) {
+        if (part >= count || stop) return;
+        work(part);
+        ++done;
+        after_part();
+      }
+    }
+  };
+
+  int reported = 0;
+  const auto report = [&] {
+    for (const int now = done; reported < now && !stop;) {
+      if (!part_done(++reported)) stop = true;
+    }
+  };
+
+  std::vector<std::thread> helpers;
+  for (int i = 1; i < threads && i * at_once < count; ++i) {
+    helpers.emplace_back([&] { work_through([] {}); });
+  }
+  work_through(report);
+  for (std::thread& helper : helpers) helper.join();
+  report();
+  return !stop;
+}
+
+}  // namespace tarnwell
