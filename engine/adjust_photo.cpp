@@ -13,6 +13,7 @@
 #include "imaging/thumbnail.h"
 #include "modules/frm_modules.h"
 #include "platform/events.h"
+#include "platform/files.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/frm_progress.h"
@@ -24,7 +25,8 @@ namespace {
 Status Cancelled() { return Status::Error(Failure::kCancelled, "the correction was cancelled"); }
 
 Status OutOfMemory(const Form1& form) {
-  return Status::Error(Failure::kTooLarge, form.app.current_file + ": not enough memory");
+  return Status::Error(Failure::kTooLarge,
+                       form.platform.files.Display(form.app.current_file) + ": not enough memory");
 }
 
 // Takes the thumbnail of picOriginal or the full photo as the working pixels.

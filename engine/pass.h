@@ -4,8 +4,8 @@
 
 namespace tarnwell {
 
-// Works through parts 0 to `count` - 1 of a pass: calls `work(part)` for every part, on up to
-// `threads` threads, the calling one included, each of which takes `at_once` parts in a row; all
+// Works through a pass of `count` parts, numbered from 0: calls `work(part)` for every part, on up
+// to `threads` threads, the calling one included, each of which takes `at_once` parts in a row; all
 // threads have ended when it returns. After each part that is done, `part_done(n)` is called on the
 // calling thread with how many are; when it answers false, no further part is begun. With one
 // thread the parts come in order.

@@ -31,13 +31,14 @@ struct Code {
 };
 using Codes = std::array<Code, 256>;  // by symbol
 
-Codes CodesOf(const HuffmanSpec& spec) {
+Codes CodesOf(const HuffmanTable& table) {
   Codes codes;
   std::uint16_t next = 0;
   std::size_t at = 0;
   for (std::uint8_t length = 1; length <= 16;
        ++length, next = static_cast<std::uint16_t>(next * 2)) {
-    for (int i = 0; i < spec.counts[length - 1]; ++i) codes[spec.symbols[at++]] = {next++, length};
+    for (int i = 0; i < table.counts[length - 1]; ++i)
+      codes[table.symbols[at++]] = {next++, length};
   }
   return codes;
 }
@@ -104,7 +105,7 @@ unsigned BitsOf(int value, int length) {
 // Quantises and writes the blocks of one component.
 class ComponentWriter {
  public:
-  ComponentWriter(const Steps& steps, const HuffmanSpec& means, const HuffmanSpec& rest)
+  ComponentWriter(const Steps& steps, const HuffmanTable& means, const HuffmanTable& rest)
       : steps_(steps), means_(CodesOf(means)), rest_(CodesOf(rest)) {}
 
   void Write(const Block& samples, BitWriter& out) {
@@ -193,8 +194,8 @@ Block Halved(const std::array<float, 256>& plane) {
 void WriteScan(const BgrRows& rows, const Steps& luminance, const Steps& chrominance,
                bool half_chrominance, std::string& file) {
   BitWriter out(file);
-  ComponentWriter y(luminance, kHuffmanSpecs[0], kHuffmanSpecs[1]);
-  ComponentWriter cb(chrominance, kHuffmanSpecs[2], kHuffmanSpecs[3]);
+  ComponentWriter y(luminance, kHuffmanTables[0], kHuffmanTables[1]);
+  ComponentWriter cb(chrominance, kHuffmanTables[2], kHuffmanTables[3]);
   ComponentWriter cr = cb;
   Unit unit{.side = half_chrominance ? 2 * kBlock : kBlock, .y = {}, .cb = {}, .cr = {}};
   for (int top = 0; top < rows.height; top += unit.side) {
@@ -229,12 +230,12 @@ void AddFrame(std::string& file, const BgrRows& rows, bool half_chrominance) {
   file.append("\2\x11\1\3\x11\1", 6);
 }
 
-void AddHuffman(std::string& file, const HuffmanSpec& spec) {
+void AddHuffman(std::string& file, const HuffmanTable& table) {
   file.append("\xFF\xC4", 2);
-  AddWord(file, static_cast<int>(2 + 1 + 16 + spec.symbols.size()));
-  file += static_cast<char>(spec.id);
-  for (const std::uint8_t count : spec.counts) file += static_cast<char>(count);
-  for (const std::uint8_t symbol : spec.symbols) file += static_cast<char>(symbol);
+  AddWord(file, static_cast<int>(2 + 1 + 16 + table.symbols.size()));
+  file += static_cast<char>(table.id);
+  for (const std::uint8_t count : table.counts) file += static_cast<char>(count);
+  for (const std::uint8_t symbol : table.symbols) file += static_cast<char>(symbol);
 }
 
 }  // namespace
@@ -247,7 +248,7 @@ std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance) 
   AddSteps(file, 0, luminance);
   AddSteps(file, 1, chrominance);
   AddFrame(file, rows, half_chrominance);
-  for (const HuffmanSpec& spec : kHuffmanSpecs) AddHuffman(file, spec);
+  for (const HuffmanTable& table : kHuffmanTables) AddHuffman(file, table);
   file.append("\xFF\xDA\0\x0C\3\1\0\2\x11\3\x11\0\x3F\0", 14);
   WriteScan(rows, luminance, chrominance, half_chrominance, file);
   return file + "\xFF\xD9";

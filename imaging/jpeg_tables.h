@@ -26,7 +26,7 @@ inline constexpr std::uint8_t kChrominanceSteps[64] = {
 
 // A Huffman table as the file stores it: how many codes have 1 to 16 bits, and their symbols in the
 // order of the codes.
-struct HuffmanSpec {
+struct HuffmanTable {
   std::uint8_t id;  // class (high half, 1 for the coefficients behind the mean) and number
   std::uint8_t counts[16];
   std::span<const std::uint8_t> symbols;
@@ -59,7 +59,7 @@ inline constexpr std::uint8_t kChrominanceSymbols[] = {
     0xE8, 0xE9, 0xEA, 0xF2, 0xF3, 0xF4, 0xF5, 0xF6, 0xF7, 0xF8, 0xF9, 0xFA};
 
 // Luminance means, luminance rest, chrominance means, chrominance rest.
-inline constexpr HuffmanSpec kHuffmanSpecs[4] = {
+inline constexpr HuffmanTable kHuffmanTables[4] = {
     {0x00, {0, 1, 5, 1, 1, 1, 1, 1, 1, 0, 0, 0, 0, 0, 0, 0}, kMeanSymbols},
     {0x10, {0, 2, 1, 3, 3, 2, 4, 3, 5, 5, 4, 4, 0, 0, 1, 125}, kLuminanceSymbols},
     {0x01, {0, 3, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0, 0, 0, 0, 0}, kMeanSymbols},

@@ -65,11 +65,11 @@ void ForEachLayout(const Check& check) {
       for (int width = 1; width <= 9; ++width) {
         SCOPED_TRACE(testing::Message() << "header " << header_size << ", width " << width
                                         << (top_down ? ", top-down" : ", bottom-up"));
-        BmpSpec spec;
-        spec.header_size = header_size;
-        spec.width = width;
-        spec.height = top_down ? -kRows : kRows;
-        check(spec, top_down);
+        BmpLayout layout;
+        layout.header_size = header_size;
+        layout.width = width;
+        layout.height = top_down ? -kRows : kRows;
+        check(layout, top_down);
       }
     }
   }
@@ -80,12 +80,12 @@ TEST(BmpReaderTest, ReadsIndexedPictures) {
     SCOPED_TRACE(testing::Message() << bits << " bits");
     const std::uint32_t colours = 1u << bits;
     const auto index = [&](int x, int y) { return Noise(x, y) % colours; };
-    ForEachLayout([&](BmpSpec spec, bool top_down) {
-      spec.bits = static_cast<std::uint16_t>(bits);
-      spec.palette = Colours(static_cast<int>(colours));
-      spec.data = StoredRows(spec.width, kRows, bits, top_down, index);
-      ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), spec.width, kRows,
-                    [&](int x, int y) { return spec.palette[index(x, y)]; });
+    ForEachLayout([&](BmpLayout layout, bool top_down) {
+      layout.bits = static_cast<std::uint16_t>(bits);
+      layout.palette = Colours(static_cast<int>(colours));
+      layout.data = StoredRows(layout.width, kRows, bits, top_down, index);
+      ExpectPicture(DecodeBmp(BuildBmp(layout), "a.bmp"), layout.width, kRows,
+                    [&](int x, int y) { return layout.palette[index(x, y)]; });
     });
   }
 }
@@ -101,11 +101,11 @@ TEST(BmpReaderTest, ReadsTrueColourPictures) {
       const std::uint32_t level = value(x, y) >> (number * width) & highest;
       return static_cast<std::uint8_t>(std::lround(level * 255.0 / highest));
     };
-    ForEachLayout([&](BmpSpec spec, bool top_down) {
-      spec.bits = static_cast<std::uint16_t>(bits);
-      spec.masks = {0xf, 0xf0, 0xf00, 0};  // not in force without the compression for masks
-      spec.data = StoredRows(spec.width, kRows, bits, top_down, value);
-      ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), spec.width, kRows, [&](int x, int y) {
+    ForEachLayout([&](BmpLayout layout, bool top_down) {
+      layout.bits = static_cast<std::uint16_t>(bits);
+      layout.masks = {0xf, 0xf0, 0xf00, 0};  // not in force without the compression for masks
+      layout.data = StoredRows(layout.width, kRows, bits, top_down, value);
+      ExpectPicture(DecodeBmp(BuildBmp(layout), "a.bmp"), layout.width, kRows, [&](int x, int y) {
         return Bgr{channel(x, y, 0), channel(x, y, 1), channel(x, y, 2)};
       });
     });
@@ -144,13 +144,13 @@ TEST(BmpReaderTest, ReadsMasksOfAnyWidthAndOrder) {
       for (const std::uint32_t compression : {3u, 6u}) {
         SCOPED_TRACE(testing::Message()
                      << "header " << header_size << ", compression " << compression);
-        BmpSpec spec{.header_size = header_size, .width = 21, .height = 4};
-        spec.bits = static_cast<std::uint16_t>(row.bits);
-        spec.compression = compression;
-        spec.masks = row.masks;
+        BmpLayout layout{.header_size = header_size, .width = 21, .height = 4};
+        layout.bits = static_cast<std::uint16_t>(row.bits);
+        layout.compression = compression;
+        layout.masks = row.masks;
         const auto value = [](int x, int y) { return Noise(x, y); };
-        spec.data = StoredRows(21, 4, row.bits, false, value);
-        ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), 21, 4, [&](int x, int y) {
+        layout.data = StoredRows(21, 4, row.bits, false, value);
+        ExpectPicture(DecodeBmp(BuildBmp(layout), "a.bmp"), 21, 4, [&](int x, int y) {
           const std::uint32_t pixel = value(x, y);
           return Bgr{MaskedChannel(pixel, row.masks[2]), MaskedChannel(pixel, row.masks[1]),
                      MaskedChannel(pixel, row.masks[0])};
@@ -162,9 +162,9 @@ TEST(BmpReaderTest, ReadsMasksOfAnyWidthAndOrder) {
 
 TEST(BmpReaderTest, ScalesChannelsToTheNearest) {
   // Red 16 x 255 / 31 = 131.6, green 31 x 255 / 63 = 125.48, blue 1 x 255 / 31 = 8.2.
-  BmpSpec spec{.bits = 16, .compression = 3, .masks = {0xf800, 0x07e0, 0x001f, 0}};
-  spec.data = LittleEndian(16u << 11 | 31u << 5 | 1u, 4);
-  ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), 1, 1, [](int, int) {
+  BmpLayout layout{.bits = 16, .compression = 3, .masks = {0xf800, 0x07e0, 0x001f, 0}};
+  layout.data = LittleEndian(16u << 11 | 31u << 5 | 1u, 4);
+  ExpectPicture(DecodeBmp(BuildBmp(layout), "a.bmp"), 1, 1, [](int, int) {
     return Bgr{8, 125, 132};
   });
 }
@@ -185,12 +185,12 @@ TEST(BmpReaderTest, ColoursThatThePaletteLacksAreBlack) {
   };
   for (const auto& row : kCases) {
     SCOPED_TRACE(row.name);
-    BmpSpec spec{.header_size = row.header_size, .width = 256, .height = 1, .bits = 8};
-    spec.colours_used = row.colours_used;
-    spec.palette = Colours(row.colours);
-    spec.data = StoredRows(256, 1, 8, false, [](int x, int) { return x; });
-    ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), 256, 1, [&](int x, int) {
-      return x < row.colours ? spec.palette[static_cast<std::size_t>(x)] : Bgr{0, 0, 0};
+    BmpLayout layout{.header_size = row.header_size, .width = 256, .height = 1, .bits = 8};
+    layout.colours_used = row.colours_used;
+    layout.palette = Colours(row.colours);
+    layout.data = StoredRows(256, 1, 8, false, [](int x, int) { return x; });
+    ExpectPicture(DecodeBmp(BuildBmp(layout), "a.bmp"), 256, 1, [&](int x, int) {
+      return x < row.colours ? layout.palette[static_cast<std::size_t>(x)] : Bgr{0, 0, 0};
     });
   }
 }
@@ -216,18 +216,18 @@ TEST(BmpReaderTest, FindsThePixelsWhereTheOffsetSays) {
   };
   for (const auto& row : kCases) {
     SCOPED_TRACE(row.name);
-    BmpSpec spec{.width = 3, .height = 2, .bits = static_cast<std::uint16_t>(row.bits)};
-    spec.pixel_offset = row.offset;
-    spec.gap = row.gap;
-    spec.colours_used = row.colours_used;
-    spec.palette = Colours(row.colours);
+    BmpLayout layout{.width = 3, .height = 2, .bits = static_cast<std::uint16_t>(row.bits)};
+    layout.pixel_offset = row.offset;
+    layout.gap = row.gap;
+    layout.colours_used = row.colours_used;
+    layout.palette = Colours(row.colours);
     const auto value = [&](int x, int y) -> std::uint32_t {
       return row.bits == 4 ? (x + y) % 2 : Noise(x, y);
     };
-    spec.data = StoredRows(3, 2, row.bits, false, value);
-    ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), 3, 2, [&](int x, int y) {
+    layout.data = StoredRows(3, 2, row.bits, false, value);
+    ExpectPicture(DecodeBmp(BuildBmp(layout), "a.bmp"), 3, 2, [&](int x, int y) {
       const std::uint32_t v = value(x, y);
-      if (row.bits == 4) return spec.palette[v];
+      if (row.bits == 4) return layout.palette[v];
       return Bgr{static_cast<std::uint8_t>(v), static_cast<std::uint8_t>(v >> 8),
                  static_cast<std::uint8_t>(v >> 16)};
     });
@@ -237,10 +237,12 @@ TEST(BmpReaderTest, FindsThePixelsWhereTheOffsetSays) {
 TEST(BmpReaderTest, MasksAfterTheHeaderAreNotPixels) {
   for (const std::uint32_t compression : {3u, 6u}) {
     SCOPED_TRACE(compression);
-    BmpSpec spec{.bits = 32, .compression = compression, .masks = {0xff, 0xff00, 0xff0000, 0}};
-    spec.pixel_offset = 54;  // the end of the 40 bytes, where the masks stand
-    spec.data = "\x01\x02\x03\x04";
-    ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), 1, 1, [](int, int) { return Bgr{3, 2, 1}; });
+    BmpLayout layout{.bits = 32, .compression = compression, .masks = {0xff, 0xff00, 0xff0000, 0}};
+    layout.pixel_offset = 54;  // the end of the 40 bytes, where the masks stand
+    layout.data = "\x01\x02\x03\x04";
+    ExpectPicture(DecodeBmp(BuildBmp(layout), "a.bmp"), 1, 1, [](int, int) {
+      return Bgr{3, 2, 1};
+    });
   }
 }
 
@@ -285,15 +287,15 @@ TEST(BmpReaderTest, ReadsRunLengthData) {
       SCOPED_TRACE(testing::Message() << row.name << (top_down ? ", top-down" : ""));
       const int width = static_cast<int>(row.rows[0].size());
       const int height = static_cast<int>(row.rows.size());
-      BmpSpec spec{.width = width, .height = top_down ? -height : height};
-      spec.bits = static_cast<std::uint16_t>(row.bits);
-      spec.compression = row.bits == 8 ? 1 : 2;
-      spec.palette = Colours(16);
-      spec.data = row.data;
-      ExpectPicture(DecodeBmp(BuildBmp(spec), "a.bmp"), width, height, [&](int x, int y) {
+      BmpLayout layout{.width = width, .height = top_down ? -height : height};
+      layout.bits = static_cast<std::uint16_t>(row.bits);
+      layout.compression = row.bits == 8 ? 1 : 2;
+      layout.palette = Colours(16);
+      layout.data = row.data;
+      ExpectPicture(DecodeBmp(BuildBmp(layout), "a.bmp"), width, height, [&](int x, int y) {
         const std::string& digits =
             row.rows[static_cast<std::size_t>(top_down ? height - 1 - y : y)];
-        return spec.palette[static_cast<std::size_t>(digits[static_cast<std::size_t>(x)] - '0')];
+        return layout.palette[static_cast<std::size_t>(digits[static_cast<std::size_t>(x)] - '0')];
       });
     }
   }
@@ -316,19 +318,19 @@ TEST(BmpReaderTest, RunLengthDataThatBreaksOffIsDamaged) {
   };
   for (const auto& row : kCases) {
     SCOPED_TRACE(row.name);
-    BmpSpec spec{.width = 4, .height = 2, .bits = 8, .compression = 1, .palette = Colours(16)};
-    spec.data = row.data;
-    EXPECT_EQ(DecodeBmp(BuildBmp(spec), "a.bmp").status.failure, Failure::kDamaged);
+    BmpLayout layout{.width = 4, .height = 2, .bits = 8, .compression = 1, .palette = Colours(16)};
+    layout.data = row.data;
+    EXPECT_EQ(DecodeBmp(BuildBmp(layout), "a.bmp").status.failure, Failure::kDamaged);
   }
 }
 
 TEST(BmpReaderTest, RunLengthDataMustBeAbleToFillALargePicture) {
   const auto decode = [](int width, int height, std::size_t codes) {
-    BmpSpec spec{.width = width, .height = height, .bits = 8, .compression = 1};
-    spec.palette = Colours(1);
-    for (std::size_t i = 1; i < codes; ++i) spec.data += "\0\0"s;
-    spec.data += "\0\1"s;
-    return DecodeBmp(BuildBmp(spec), "a.bmp").status.failure;
+    BmpLayout layout{.width = width, .height = height, .bits = 8, .compression = 1};
+    layout.palette = Colours(1);
+    for (std::size_t i = 1; i < codes; ++i) layout.data += "\0\0"s;
+    layout.data += "\0\1"s;
+    return DecodeBmp(BuildBmp(layout), "a.bmp").status.failure;
   };
   EXPECT_EQ(decode(32767, 32767, 200), Failure::kDamaged);
   EXPECT_EQ(decode(1024, 1024, 1), Failure::kNone);
@@ -342,7 +344,7 @@ TEST(BmpReaderTest, RefusesWhatItCannotRead) {
   const std::string pixel(4, '\0');
   const struct {
     const char* name;
-    BmpSpec spec;
+    BmpLayout layout;
     Failure failure;
   } kCases[] = {
       {"width 0", {.width = 0, .data = pixel}, Failure::kDamaged},
@@ -392,7 +394,7 @@ TEST(BmpReaderTest, RefusesWhatItCannotRead) {
   };
   for (const auto& row : kCases) {
     SCOPED_TRACE(row.name);
-    const Result<Picture> decoded = DecodeBmp(BuildBmp(row.spec), "C:\\Photos\\a.bmp");
+    const Result<Picture> decoded = DecodeBmp(BuildBmp(row.layout), "C:\\Photos\\a.bmp");
     EXPECT_EQ(decoded.status.failure, row.failure) << decoded.status.message;
     EXPECT_TRUE(decoded.status.message.starts_with("C:\\Photos\\a.bmp: "))
         << decoded.status.message;
@@ -403,7 +405,7 @@ TEST(BmpReaderTest, RefusesWhatItCannotRead) {
 TEST(BmpReaderTest, AFileThatBreaksOffAnywhereIsDamaged) {
   const std::string pixels =
       StoredRows(3, 2, 4, false, [](int x, int y) -> std::uint32_t { return x + y; });
-  const BmpSpec kSpecs[] = {
+  const BmpLayout kSpecs[] = {
       {.header_size = 12,
        .width = 3,
        .height = 2,
@@ -414,13 +416,13 @@ TEST(BmpReaderTest, AFileThatBreaksOffAnywhereIsDamaged) {
       {.bits = 32, .compression = 6, .masks = {1, 2, 4, 8}, .data = "1234"},
       {.header_size = 124, .bits = 16, .compression = 3, .masks = {1, 2, 4}, .data = "1234"},
   };
-  for (const BmpSpec& spec : kSpecs) {
-    const std::string whole = BuildBmp(spec);
-    const std::size_t padding = 2 * (spec.bits != 32);
+  for (const BmpLayout& layout : kSpecs) {
+    const std::string whole = BuildBmp(layout);
+    const std::size_t padding = 2 * (layout.bits != 32);
     for (std::size_t size = 2; size < whole.size(); ++size) {
       const Failure expected = size < whole.size() - padding ? Failure::kDamaged : Failure::kNone;
       EXPECT_EQ(DecodeBmp(whole.substr(0, size), "a.bmp").status.failure, expected)
-          << spec.bits << " bits, " << size << " of " << whole.size() << " bytes";
+          << layout.bits << " bits, " << size << " of " << whole.size() << " bytes";
     }
   }
 }

@@ -11,7 +11,7 @@ namespace tarnwell {
 
 // A bitmap file to be written field by field, right or wrong. The file's own code is not used, so
 // that reader and builder cannot share a mistake.
-struct BmpSpec {
+struct BmpLayout {
   std::uint32_t header_size = 40;
   std::int32_t width = 1;
   std::int32_t height = 1;  // negative: rows stored top to bottom
@@ -33,34 +33,35 @@ inline std::string LittleEndian(std::uint64_t number, int bytes) {
 }
 
 // The header from its size field on, and masks that follow a header of 40 bytes.
-inline std::string BmpHeaderBytes(const BmpSpec& spec) {
-  const bool core = spec.header_size == 12;
-  std::string out = LittleEndian(spec.header_size, 4);
-  out += LittleEndian(static_cast<std::uint32_t>(spec.width), core ? 2 : 4);
-  out += LittleEndian(static_cast<std::uint32_t>(spec.height), core ? 2 : 4);
-  out += LittleEndian(spec.planes, 2) + LittleEndian(spec.bits, 2);
-  if (spec.header_size <= 16) return out;
-  out += LittleEndian(spec.compression, 4) + std::string(12, '\0');
-  out += LittleEndian(spec.colours_used, 4) + std::string(4, '\0');
+inline std::string BmpHeaderBytes(const BmpLayout& layout) {
+  const bool core = layout.header_size == 12;
+  std::string out = LittleEndian(layout.header_size, 4);
+  out += LittleEndian(static_cast<std::uint32_t>(layout.width), core ? 2 : 4);
+  out += LittleEndian(static_cast<std::uint32_t>(layout.height), core ? 2 : 4);
+  out += LittleEndian(layout.planes, 2) + LittleEndian(layout.bits, 2);
+  if (layout.header_size <= 16) return out;
+  out += LittleEndian(layout.compression, 4) + std::string(12, '\0');
+  out += LittleEndian(layout.colours_used, 4) + std::string(4, '\0');
   std::size_t masks = 0;
-  if (spec.header_size == 40) masks = spec.compression == 6 ? 4 : spec.compression == 3 ? 3 : 0;
-  if (spec.header_size == 52) masks = 3;
-  if (spec.header_size == 56 || spec.header_size > 64) masks = 4;
-  for (std::size_t i = 0; i < masks; ++i) out += LittleEndian(spec.masks[i], 4);
-  if (spec.header_size > out.size()) out.resize(spec.header_size, '\0');
+  if (layout.header_size == 40)
+    masks = layout.compression == 6 ? 4 : layout.compression == 3 ? 3 : 0;
+  if (layout.header_size == 52) masks = 3;
+  if (layout.header_size == 56 || layout.header_size > 64) masks = 4;
+  for (std::size_t i = 0; i < masks; ++i) out += LittleEndian(layout.masks[i], 4);
+  if (layout.header_size > out.size()) out.resize(layout.header_size, '\0');
   return out;
 }
 
-inline std::string BuildBmp(const BmpSpec& spec) {
+inline std::string BuildBmp(const BmpLayout& layout) {
   std::string palette;
-  for (const auto& colour : spec.palette) {
+  for (const auto& colour : layout.palette) {
     for (const std::uint8_t channel : colour) palette += static_cast<char>(channel);
-    if (spec.header_size != 12) palette += '\x7f';  // unused, and not to be taken for anything
+    if (layout.header_size != 12) palette += '\x7f';  // unused, and not to be taken for anything
   }
-  const std::string head = BmpHeaderBytes(spec) + palette + spec.gap;
-  const std::uint64_t offset = spec.pixel_offset.value_or(14 + head.size());
-  return "BM" + LittleEndian(14 + head.size() + spec.data.size(), 4) + LittleEndian(0, 4) +
-         LittleEndian(offset, 4) + head + spec.data;
+  const std::string head = BmpHeaderBytes(layout) + palette + layout.gap;
+  const std::uint64_t offset = layout.pixel_offset.value_or(14 + head.size());
+  return "BM" + LittleEndian(14 + head.size() + layout.data.size(), 4) + LittleEndian(0, 4) +
+         LittleEndian(offset, 4) + head + layout.data;
 }
 
 // The uncompressed pixel data of a picture whose pixel in column x of row y (from the top) is
