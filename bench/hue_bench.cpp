@@ -1,6 +1,8 @@
-// What turning the hue of a photo costs, beside the floor.
+// What turning the hue of a photo costs.
 
-#include "bench/jpeg_floor.h"
+#include <benchmark/benchmark.h>
+
+#include "bench/generated_picture.h"
 #include "engine/color_rotation.h"
 #include "engine/pass.h"
 

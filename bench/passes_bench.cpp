@@ -1,0 +1,136 @@
+// The passes over a photo's pixels, each on one thread, in multiples of decoding and encoding
+// alone.
+
+#include <benchmark/benchmark.h>
+#include <memory>
+#include <optional>
+
+#include "bench/floors.h"
+#include "bench/generated_picture.h"
+#include "deadpixels/repair_dead_pixels.h"
+#include "engine/analysis.h"
+#include "engine/final_rotation.h"
+#include "engine/focus_pass.h"
+#include "engine/histogram.h"
+#include "engine/noise_filter.h"
+#include "engine/pixel_adjustments.h"
+#include "imaging/thumbnail.h"
+
+namespace tarnwell {
+namespace {
+
+Picture Photo(const benchmark::State& state) {
+  return GeneratedPicture::OfMegapixels(static_cast<int>(state.range(0)));
+}
+
+std::shared_ptr<PixelArray> Copy(const Picture& photo) { return TryCopyPixels(photo->view()); }
+
+int Megapixels(const benchmark::State& state) { return static_cast<int>(state.range(0)); }
+
+// What the automatic correction of an ordinary photo comes to.
+AdjustmentSettings OrdinarySettings() {
+  AdjustmentSettings settings;
+  settings.black_level = 8;
+  settings.gain = 1.21;
+  settings.saturation_multiplier = 1.13;
+  return settings;
+}
+
+void Floor(benchmark::State& state) {
+  const std::string& jpeg = GeneratedPhoto(Megapixels(state));
+  MeasureInFloors(state, Megapixels(state), [&] { RunFloor(jpeg); });
+}
+TARNWELL_PHOTO_BENCHMARK(Floor);
+
+void Histogram(benchmark::State& state) {
+  const Picture photo = Photo(state);
+  MeasureInFloors(state, Megapixels(state),
+                  [&] { benchmark::DoNotOptimize(CountBrightness(photo->view())); });
+}
+TARNWELL_PHOTO_BENCHMARK(Histogram);
+
+void Thumbnail(benchmark::State& state) {
+  const Picture photo = Photo(state);
+  MeasureInFloors(state, Megapixels(state),
+                  [&] { benchmark::DoNotOptimize(ThumbnailOf(photo->view())); });
+}
+TARNWELL_PHOTO_BENCHMARK(Thumbnail);
+
+void Analysis(benchmark::State& state) {
+  const Picture photo = Photo(state);
+  MeasureInFloors(state, Megapixels(state), [&] {
+    Measurements found;
+    for (int x = 0; x < photo->width(); ++x) MeasureColumn(photo->view(), x, {760, 3}, 250, found);
+    benchmark::DoNotOptimize(found);
+  });
+}
+TARNWELL_PHOTO_BENCHMARK(Analysis);
+
+void Tones(benchmark::State& state) {
+  const Picture photo = Photo(state);
+  const auto working = Copy(photo);
+  const AdjustmentSettings settings = OrdinarySettings();
+  MeasureInFloors(state, Megapixels(state), [&] {
+    const ToneTable table(settings);
+    AdjustPiece(working->mutable_view(), photo->view(), {0, 0, photo->width(), photo->height()},
+                settings, &table);
+  });
+}
+TARNWELL_PHOTO_BENCHMARK(Tones);
+
+void Noise(benchmark::State& state, int radius) {
+  const Picture photo = Photo(state);
+  const auto working = Copy(photo);
+  MeasureInFloors(state, Megapixels(state), [&] {
+    const NoiseFilter filter(photo->view(), {radius, 7.65, false});
+    for (int piece = 0; piece < filter.piece_count(); ++piece) {
+      filter.Smooth(filter.piece(piece), working->mutable_view());
+    }
+  });
+}
+void NoiseRadius4(benchmark::State& state) { Noise(state, 4); }
+void NoiseDefault(benchmark::State& state) { Noise(state, Photo(state)->width() * 4 / 320); }
+TARNWELL_PHOTO_BENCHMARK(NoiseRadius4);
+TARNWELL_PHOTO_BENCHMARK(NoiseDefault);
+
+void FocusDefault(benchmark::State& state) {
+  const Picture photo = Photo(state);
+  AdjustmentSettings settings = OrdinarySettings();
+  settings.focus = FocusSettings{19 / 50.0, 3, 1};
+  const ToneTable table(settings);
+  MeasureInFloors(state, Megapixels(state), [&] {
+    const auto working = Copy(photo);
+    FocusPass focus(working->mutable_view(), working->view(), settings, &table);
+    for (int band = 0; band < focus.band_count(); ++band) focus.Read(band);
+    for (int part = 0; part < focus.part_count(); ++part) focus.Adjust(part);
+    for (int band = 0; band < focus.band_count(); ++band) focus.Write(band);
+  });
+}
+TARNWELL_PHOTO_BENCHMARK(FocusDefault);
+
+void FinalRotation(benchmark::State& state, Turn turn) {
+  const Picture photo = Photo(state);
+  MeasureInFloors(state, Megapixels(state),
+                  [&] { benchmark::DoNotOptimize(TurnPixels(photo->view(), turn)); });
+}
+void TurnClockwise(benchmark::State& state) { FinalRotation(state, Turn::kClockwise); }
+void TurnHalf(benchmark::State& state) { FinalRotation(state, Turn::kHalf); }
+TARNWELL_PHOTO_BENCHMARK(TurnClockwise);
+TARNWELL_PHOTO_BENCHMARK(TurnHalf);
+
+// A map with 1,000 stuck pixels.
+void DeadPixels(benchmark::State& state) {
+  const Picture photo = Photo(state);
+  const auto working = Copy(photo);
+  PixelArray map(photo->width(), photo->height());
+  for (std::uint64_t i = 0; i < 1000; ++i) {
+    const std::uint64_t at = i * 7919 * 104729 % map.view().pixel_count();
+    map.mutable_view().data[at * kBytesPerPixel + kRed] = 255;
+  }
+  MeasureInFloors(state, Megapixels(state),
+                  [&] { RepairDeadPixels(working->mutable_view(), map.view(), 50); });
+}
+TARNWELL_PHOTO_BENCHMARK(DeadPixels);
+
+}  // namespace
+}  // namespace tarnwell
