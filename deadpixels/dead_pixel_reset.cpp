@@ -38,6 +38,9 @@ Status DeleteDeadPixelData(const Module1& app, Files& files) {
   Status outcome;
   for (const FolderEntry& entry : *entries) {
     if (!entry.is_folder) continue;
+    // An empty folder goes at once, and so does a link to one: what it leads to lies elsewhere and
+    // is not ours.
+    if (files.DeleteFolder(folder + entry.name).ok()) continue;
     KeepFirst(outcome, DeleteFilesOf(files, folder + entry.name + "\\"));
     KeepFirst(outcome, files.DeleteFolder(folder + entry.name));
   }

@@ -51,9 +51,9 @@ class Files {
   // one is there at every instant: written beside it under a temporary name, flushed, then moved.
   virtual Status Replace(const std::string& path, std::string_view bytes) = 0;
 
-  // Adds `bytes` at the end of `path`, making the file when it is missing. Two programs that append
-  // at the same time lose nothing and interleave nothing. On failure the file is cut back to what
-  // it was.
+  // Adds `bytes`, lines with their ends, at the end of `path` (made when missing); they start on a
+  // line of their own, also where the file's last line has no end. Two programs that append at the
+  // same time lose and interleave nothing. On failure the file is cut back to what it was.
   virtual Status Append(const std::string& path, std::string_view bytes) = 0;
 
   // Hands the content of `path` to `change` and replaces the file by what that gives, like Replace.
@@ -77,7 +77,7 @@ class Files {
   virtual Status Move(const std::string& from, const std::string& to) = 0;
 
   virtual Status Delete(const std::string& path) = 0;        // kNotFound when there is none
-  virtual Status DeleteFolder(const std::string& path) = 0;  // only an empty one
+  virtual Status DeleteFolder(const std::string& path) = 0;  // an empty one, or a link to any
 
   // `path` made absolute against the current folder, in the spelling described above. An absolute
   // path comes back as it is.

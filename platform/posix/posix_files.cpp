@@ -14,6 +14,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/line_end.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/posix_file.h"
 #include "platform/posix/posix_move.h"
@@ -101,6 +102,13 @@ Result<PosixFile> OpenLocked(const std::string& path, int flags, Subject subject
     // An update by another program puts a new file in the place of the one that was waited for.
     if (IsNamed(*file, path)) return file;
   }
+}
+
+// The last byte of an open file of `size` bytes, or nothing.
+std::string LastByte(const PosixFile& file, off_t size) {
+  char last = 0;
+  if (size < 1 || pread(file.descriptor(), &last, 1, size - 1) != 1) return {};
+  return {last};
 }
 
 // The file that a write to `path` is meant for: a link stands for what it leads to.
@@ -208,12 +216,15 @@ Status PosixFiles::Replace(const std::string& path, std::string_view bytes) {
   return Status::Ok();
 }
 
-Status PosixFiles::Append(const std::string& path, std::string_view bytes) {
-  const Result<PosixFile> file = OpenLocked(path, O_WRONLY | O_APPEND | O_CREAT, Subject::kNewFile);
+Status PosixFiles::Append(const std::string& path, std::string_view lines) {
+  const Result<PosixFile> file = OpenLocked(path, O_RDWR | O_APPEND | O_CREAT, Subject::kNewFile);
   if (!file.ok()) return file.status;
   struct stat before;
   if (fstat(file->descriptor(), &before) != 0) return SystemError(errno, path, Subject::kFile);
-  Status appended = WriteAll(*file, bytes, path);
+  // In one write, which other programs see whole even where locks do not hold.
+  const std::string own_lines =
+      std::string(MissingLineEnd(LastByte(*file, before.st_size))).append(lines);
+  Status appended = WriteAll(*file, own_lines, path);
   if (appended.ok()) appended = Flush(*file, path);
   if (!appended.ok() && ftruncate(file->descriptor(), before.st_size) != 0) {
     appended.message += ", and part of the addition may be left in it";
@@ -284,7 +295,12 @@ Status PosixFiles::DeleteFolder(const std::string& path) {
   const Result<std::string> system_path = ToSystemPath(path);
   if (!system_path.ok()) return system_path.status;
   if (rmdir(system_path->c_str()) == 0) return Status::Ok();
-  return SystemError(errno, path, Subject::kFolder);
+  // A link to a folder is no folder to the system, and goes as a file does.
+  const int error = errno;
+  if (error == ENOTDIR && FolderExists(path) && unlink(system_path->c_str()) == 0) {
+    return Status::Ok();
+  }
+  return SystemError(error, path, Subject::kFolder);
 }
 
 std::string PosixFiles::Absolute(const std::string& path) { return AbsolutePath(path); }

@@ -8,6 +8,7 @@
 #include <utility>
 #include <windows.h>
 
+#include "platform/line_end.h"
 #include "platform/win32/file_handle.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/utf16.h"
@@ -98,11 +99,25 @@ DWORD MoveFileTo(const std::wstring& from, const std::wstring& to, DWORD flags) 
       [&] { return MoveFileExW(from.c_str(), to.c_str(), flags | MOVEFILE_WRITE_THROUGH); });
 }
 
+// The last byte of a file of `size` bytes, or nothing. Moves the file's pointer.
+std::string LastByte(FileHandle& file, const LARGE_INTEGER& size) {
+  LARGE_INTEGER before;
+  before.QuadPart = size.QuadPart - 1;
+  std::string last(1, '\0');
+  if (size.QuadPart < 1 || !SetFilePointerEx(file.get(), before, nullptr, FILE_BEGIN) ||
+      ReadInto(file.get(), last) != ERROR_SUCCESS) {
+    return {};
+  }
+  return last;
+}
+
 // On failure the file has its old length again.
-DWORD AppendTo(FileHandle& file, std::string_view bytes) {
+DWORD AppendTo(FileHandle& file, std::string_view lines) {
   LARGE_INTEGER end;
   if (!SetFilePointerEx(file.get(), {}, &end, FILE_END)) return GetLastError();
-  DWORD error = file.Write(bytes);
+  const std::string own_lines = std::string(MissingLineEnd(LastByte(file, end))).append(lines);
+  if (!SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN)) return GetLastError();
+  DWORD error = file.Write(own_lines);
   if (error == ERROR_SUCCESS) error = file.Flush();
   if (error != ERROR_SUCCESS && SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN)) {
     SetEndOfFile(file.get());
@@ -205,14 +220,15 @@ Status Win32Files::Replace(const std::string& path, std::string_view bytes) {
   return status;
 }
 
-Status Win32Files::Append(const std::string& path, std::string_view bytes) {
+Status Win32Files::Append(const std::string& path, std::string_view lines) {
   const std::optional<std::wstring> wide = WidePath(path);
   if (!wide) return InvalidName(path);
   const FileLock lock(*wide);
   if (lock.error() != ERROR_SUCCESS) return FileError(path, lock.error(), Subject::kNewFile);
-  FileHandle file = FileHandle::Open(*wide, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS);
+  FileHandle file =
+      FileHandle::Open(*wide, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS);
   if (!file.is_open()) return FileError(path, file.error(), Subject::kNewFile);
-  const DWORD error = AppendTo(file, bytes);
+  const DWORD error = AppendTo(file, lines);
   if (error == ERROR_SUCCESS) return Status::Ok();
   file.Close();
   if (!file.was_there()) DeleteFileW(wide->c_str());

@@ -60,6 +60,19 @@ TEST(ResetDeadPixelSystemTest, ACameraWithoutSamplesIsResetAlready) {
   EXPECT_EQ(window.folder.Names(kCamera), Names{"Default"});
 }
 
+TEST(ResetDeadPixelSystemTest, WhatALinkLeadsToStays) {
+  SampledCamera window;
+  window.folder.Write("album\\photo.jpg", "x");
+  std::error_code refused;
+  std::filesystem::create_directory_symlink(
+      window.folder.SystemPath("album"),
+      window.folder.SystemPath(std::string(kFolder) + "\\800x600"), refused);
+  if (refused) GTEST_SKIP() << "no links here: " << refused.message();
+  EXPECT_TRUE(DeleteDeadPixelData(window.app, *window.files).ok());
+  EXPECT_EQ(window.folder.Names(kFolder), Names{});
+  EXPECT_EQ(window.folder.Names("album"), Names{"photo.jpg"});
+}
+
 TEST(ResetDeadPixelSystemTest, WhatCannotGoIsNamedAndTheRestGoes) {
   SampledCamera window;
   window.folder.Write(std::string(kFolder) + "\\640x480\\below\\kept", "x");

@@ -128,13 +128,29 @@ TEST_F(FilesTest, UpdateReplacesWhatItWasHanded) {
   EXPECT_EQ(folder.Read("a"), "old");
   EXPECT_TRUE(files->Update(path, becomes("new"), 3).ok());
   EXPECT_EQ(folder.Read("a"), "new");
-  EXPECT_TRUE(files->Append(path, "er").ok());
-  EXPECT_EQ(folder.Read("a"), "newer");
+  EXPECT_TRUE(files->Append(path, "er\r\n").ok());
+  EXPECT_EQ(folder.Read("a"), "new\r\ner\r\n");
   EXPECT_EQ(folder.Names(), Names{"a"}) << "something was left beside it";
 
   const std::string missing = folder.File("missing");
   ExpectFails(files->Update(missing, becomes("never")), Failure::kNotFound, missing);
   EXPECT_EQ(folder.Names(), Names{"a"}) << "a file was made";
+}
+
+TEST_F(FilesTest, WhatIsAppendedStartsOnALineOfItsOwn) {
+  const struct {
+    const char* before;
+    const char* after;
+  } kCases[] = {{"", "x\r\n"},
+                {"1\r\n", "1\r\nx\r\n"},
+                {"1\n", "1\nx\r\n"},
+                {"1\r\n2", "1\r\n2\r\nx\r\n"},
+                {"1\r", "1\r\nx\r\n"}};
+  for (const auto& c : kCases) {
+    const std::string path = folder.Write("a", c.before);
+    EXPECT_TRUE(files->Append(path, "x\r\n").ok());
+    EXPECT_EQ(folder.Read("a"), c.after);
+  }
 }
 
 TEST_F(FilesTest, AppendsFromManyHandsLoseAndMixNothing) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/line_end.h"
 
 namespace tarnwell {
 
@@ -39,8 +40,10 @@ class MemoryFiles final : public Files {
     ++writes;
     return Status::Ok();
   }
-  Status Append(const std::string& path, std::string_view bytes) override {
-    return Replace(path, files[path] + std::string(bytes));
+  Status Append(const std::string& path, std::string_view lines) override {
+    std::string text = files[path];
+    text.append(MissingLineEnd(text)).append(lines);
+    return Replace(path, text);
   }
 
   Status Update(const std::string& path, const FileChange& change,

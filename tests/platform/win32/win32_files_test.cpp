@@ -35,10 +35,10 @@ TEST_F(Win32FilesTest, NamesInAnyScriptGoThroughEveryCall) {
   const std::string sub = folder.File(name);
   const std::string path = sub + "\\" + name + ".jpg";
   ASSERT_TRUE(files.CreateFolder(sub).ok());
-  ASSERT_TRUE(files.Replace(path, "a").ok());
+  ASSERT_TRUE(files.Replace(path, "a\n").ok());
   ASSERT_TRUE(files.Append(path, "b").ok());
   EXPECT_TRUE(files.FileExists(path));
-  EXPECT_EQ(*files.Read(path, 10), "ab");
+  EXPECT_EQ(*files.Read(path, 10), "a\nb");
   const auto entries = files.List(sub);
   ASSERT_TRUE(entries.ok());
   ASSERT_EQ(entries->size(), 1u);
@@ -55,9 +55,9 @@ TEST_F(Win32FilesTest, PathsMayBeLongerThanTheOldLimit) {
     ASSERT_TRUE(files.CreateFolder(folders.back()).ok());
   }
   const std::string path = folders.back() + "\\photo.jpg";
-  ASSERT_TRUE(files.Replace(path, "a").ok());
+  ASSERT_TRUE(files.Replace(path, "a\n").ok());
   ASSERT_TRUE(files.Append(path, "b").ok());
-  EXPECT_EQ(*files.Read(path, 10), "ab");
+  EXPECT_EQ(*files.Read(path, 10), "a\nb");
   EXPECT_EQ(files.List(folders.back())->size(), 1u);
   ASSERT_TRUE(files.Move(path, path + "2").ok());
   EXPECT_TRUE(files.Delete(path + "2").ok());
