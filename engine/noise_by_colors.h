@@ -1,13 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
-#include <mutex>
-#include <new>
-#include <utility>
 #include <vector>
 
+#include "engine/counts_pool.h"
 #include "engine/neighbor_kernels.h"
 #include "engine/noise_rule.h"
 #include "engine/processor.h"
@@ -66,41 +62,6 @@ struct ColorLookUps {
   LookUp32 wide;
 };
 ColorLookUps ColorLookUpsFor(Instructions instructions);
-
-// Zeroed counts of all colours, one set for each thread that works at a time. Zeroed by the system
-// page by page as they are touched: few of the millions of colours occur in a photo.
-template <typename Count>
-class CountsPool {
- public:
-  struct Free {
-    void operator()(Count* counts) const { std::free(counts); }
-  };
-  using Counts = std::unique_ptr<Count[], Free>;
-
-  // Throws std::bad_alloc when memory does not suffice.
-  Counts Take(std::int64_t size) {
-    {
-      const std::lock_guard lock(mutex_);
-      if (!idle_.empty()) {
-        Counts counts = std::move(idle_.back());
-        idle_.pop_back();
-        return counts;
-      }
-    }
-    Counts counts(static_cast<Count*>(std::calloc(size, sizeof(Count))));
-    if (!counts) throw std::bad_alloc();
-    return counts;
-  }
-  // `counts` are zeroed again.
-  void GiveBack(Counts counts) {
-    const std::lock_guard lock(mutex_);
-    idle_.push_back(std::move(counts));
-  }
-
- private:
-  std::mutex mutex_;
-  std::vector<Counts> idle_;
-};
 
 // Finds the sums from counts of the colours in the window. Some rows share one window, what their
 // discs have in common, which moves along them: each step only adds the pixels that come in at the

@@ -4,18 +4,25 @@
 
 #include "engine/noise_by_colors.h"
 #include "engine/noise_by_neighbors.h"
+#include "engine/noise_by_pixels.h"
 #include "engine/noise_rule.h"
 #include "engine/noise_settings.h"
 #include "engine/processor.h"
+#include "engine/quiet_pixels.h"
 #include "imaging/picture_piece.h"
 
 namespace tarnwell {
 
 // How the sums of the noise filter are found. The result is the same.
-enum class NoiseWay { kColors, kNeighbors };
+struct NoiseWay {
+  enum Sums { kColors, kNeighbors } sums = kNeighbors;
+  // Whether pixels are first asked if they may change at all, and only those of pieces where many
+  // may go that way, single ones by themselves.
+  bool quiet_first = false;
+};
 
-// The way that is expected to be faster for a rule and a radius.
-NoiseWay FasterNoiseWay(const NoiseRule& rule, int radius, Instructions instructions);
+// The way that is expected to be fastest for a rule and a radius.
+NoiseWay FastestNoiseWay(const NoiseRule& rule, int radius, Instructions instructions);
 
 // Smooths pixels with neighbours of nearly the same colour inside a disc.
 //
@@ -29,7 +36,7 @@ class NoiseFilter {
  public:
   // `reference` are the pixels before the run; they outlive the filter.
   NoiseFilter(const PixelView& reference, const NoiseSettings& settings);
-  // In a way chosen by the caller; kColors only where it suits.
+  // In a way chosen by the caller; kColors and quiet_first only where they suit.
   NoiseFilter(const PixelView& reference, const NoiseSettings& settings, NoiseWay way,
               Instructions instructions);
   NoiseFilter(const NoiseFilter&) = delete;
@@ -46,10 +53,16 @@ class NoiseFilter {
   bool Smooth(const PicturePiece& piece, MutablePixelView target) const;
 
  private:
+  void SmoothAll(const PicturePiece& piece, MutablePixelView target) const;
+  void SmoothLoud(const PicturePiece& piece, MutablePixelView target) const;
+
   PixelView reference_;
   NoiseRule rule_;
   std::optional<NoiseByColors> by_colors_;
   std::optional<NoiseByNeighbors> by_neighbors_;
+  std::optional<QuietPixels> quiet_;
+  std::optional<NoiseByPixels> by_pixels_;  // with quiet_
+  double single_share_ = 0;  // up to this share of a piece's pixels, single ones are cheaper
   int piece_width_ = 0;
   int piece_height_ = 0;
   int across_ = 0;

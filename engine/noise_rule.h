@@ -24,6 +24,8 @@ class NoiseRule {
   // when no neighbour counts, 766 when every one does.
   int limit(int sum) const { return limits_[sum]; }
   int highest_limit() const { return highest_limit_; }
+  double threshold(int sum) const { return thresholds_[sum]; }  // T
+  double normaliser() const { return normaliser_; }             // N
 
   // Blends the pixel at `bytes` by R + (A - B / T) / N; the unused channel stays. The mean of
   // neighbours is blended in by less than 1, so that the result is always a channel value.
