@@ -53,6 +53,7 @@ std::string CommandsHelp() {
          "  presets save FILE  keeps settings in a preset\n"
          "  cameras            lists cameras, modes and how much was learnt for them\n"
          "  learning           tells or resets what was learnt for a camera and mode\n"
+         "  deadpixels         makes the maps of a camera's stuck pixels from test shots\n"
          "\n"
          "  COMMAND --help     everything that a command understands\n"
          "  --version          the version of this program\n";
@@ -72,6 +73,19 @@ std::string SettingsHelp() {
          "   3  top and bottom exchanged\n"
          "   4  left and right exchanged\n";
   return out.str();
+}
+
+std::string DeadPixelsHelp() {
+  return "How to make a map of stuck pixels\n"
+         "  1. Take three or more dark shots with the lens covered, and as many light ones of\n"
+         "     something plain and white that fills the picture, a sheet or the sky, out of "
+         "focus.\n"
+         "     One shot of a kind is enough to find the worst, several find more. Use the size\n"
+         "     that you take photos in; every size has a map of its own.\n"
+         "  2. Add them as they came from the camera, then assess them.\n"
+         "  3. Correct photos with this camera and --module 8=on. Slider 9 is how far a pixel "
+         "must\n"
+         "     stand out: 50 takes what is surely stuck, less takes more, 100 the worst only.\n";
 }
 
 }  // namespace tarnwell

@@ -11,4 +11,7 @@ std::string CommandsHelp();
 // numbers, ranges and defaults.
 std::string SettingsHelp();
 
+// What stands behind the options of "deadpixels": how a map is made and used.
+std::string DeadPixelsHelp();
+
 }  // namespace tarnwell

@@ -20,6 +20,10 @@ constexpr char kLearningUsage[] =
     "Usage: tarnwell-pocket learning [--camera NAME] [--mode NAME] [--reset]\n"
     "                                [--program-folder DIR]\n";
 
+constexpr char kDeadPixelsUsage[] =
+    "Usage: tarnwell-pocket deadpixels add [--camera NAME] [--program-folder DIR] SHOT...\n"
+    "       tarnwell-pocket deadpixels assess [--camera NAME] [--program-folder DIR]\n";
+
 constexpr int kMostThreads = 256;
 
 // An option that may be given again and again, one word each time, read by `parse`.
@@ -251,6 +255,41 @@ ParsedWords<LearningOptions> ParseLearningWords(const std::vector<std::string>& 
   app.add_flag("--reset", options.reset, "Delete permanently what was learnt, without a question");
   AddProgramFolder(app, options.program_folder);
   return Parse(app, words, options, kLearningUsage);
+}
+
+ParsedWords<DeadPixelsOptions> ParseDeadPixelsWords(const std::vector<std::string>& words) {
+  DeadPixelsOptions options;
+  CLI::App app("Collects test shots of a camera, and finds its stuck pixels in them.",
+               "tarnwell-pocket deadpixels");
+  app.allow_windows_style_options(false);
+  app.footer(DeadPixelsHelp);
+  app.add_option_function<std::string>(
+         "ACTION",
+         [&options](const std::string& word) {
+           options.action = word == "add" ? DeadPixelsAction::kAdd : DeadPixelsAction::kAssess;
+         },
+         "\"add\": keeps a copy of each shot; \"assess\": makes the maps from what was added")
+      ->required()
+      ->check(CLI::IsMember({"add", "assess"}).description(""))
+      ->type_name("");
+  app.add_option("SHOT", options.shots,
+                 "Photos to add: BMP, GIF or JPEG files as the camera made "
+                 "them")
+      ->type_name("")
+      ->check(IsNamed);
+  app.add_option("--camera", options.camera, "The camera (Default unless said); made when adding")
+      ->type_name("NAME");
+  AddProgramFolder(app, options.program_folder);
+  ParsedWords<DeadPixelsOptions> parsed = Parse(app, words, options, kDeadPixelsUsage);
+  const bool adding = options.action == DeadPixelsAction::kAdd;
+  if (parsed.options && adding == options.shots.empty()) {
+    parsed.options.reset();
+    parsed.exit_code = 2;
+    parsed.err = std::string(adding ? "There is no shot to add.\n"
+                                    : "\"assess\" takes no shots; add them first.\n") +
+                 kDeadPixelsUsage;
+  }
+  return parsed;
 }
 
 }  // namespace tarnwell

@@ -67,6 +67,15 @@ struct LearningOptions {
   bool reset = false;
 };
 
+enum class DeadPixelsAction { kAdd, kAssess };
+
+struct DeadPixelsOptions {
+  DeadPixelsAction action = DeadPixelsAction::kAdd;
+  std::string camera = "Default";
+  std::vector<std::string> shots;  // to add: at least one; to assess: none
+  std::string program_folder;      // empty: the user's data folder
+};
+
 // What became of a command's words: its options, or texts to print and an exit code. A request for
 // help ends with code 0 and text for standard output, a mistake with code 2 and text for standard
 // error.
@@ -85,5 +94,6 @@ ParsedWords<WatchOptions> ParseWatchWords(const std::vector<std::string>& words)
 ParsedWords<PresetsOptions> ParsePresetsWords(const std::vector<std::string>& words);
 ParsedWords<CamerasOptions> ParseCamerasWords(const std::vector<std::string>& words);
 ParsedWords<LearningOptions> ParseLearningWords(const std::vector<std::string>& words);
+ParsedWords<DeadPixelsOptions> ParseDeadPixelsWords(const std::vector<std::string>& words);
 
 }  // namespace tarnwell

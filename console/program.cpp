@@ -5,6 +5,7 @@
 #include "console/camera_commands.h"
 #include "console/console_host.h"
 #include "console/correct_command.h"
+#include "console/dead_pixels_command.h"
 #include "console/directory_command.h"
 #include "console/help_text.h"
 #include "console/options.h"
@@ -45,6 +46,8 @@ int RunProgram(const std::vector<std::string>& words, ConsoleHost& host) {
     if (command == "presets") return Dispatch(ParsePresetsWords(rest), RunPresetsCommand, host);
     if (command == "cameras") return Dispatch(ParseCamerasWords(rest), RunCamerasCommand, host);
     if (command == "learning") return Dispatch(ParseLearningWords(rest), RunLearningCommand, host);
+    if (command == "deadpixels")
+      return Dispatch(ParseDeadPixelsWords(rest), RunDeadPixelsCommand, host);
   } catch (const std::bad_alloc&) {
     host.err << command << ": not enough memory" << std::endl;
     return kSomePhotoFailed;

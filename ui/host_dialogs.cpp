@@ -54,32 +54,59 @@ class FileTypes {
   std::vector<COMDLG_FILTERSPEC> specs_;
 };
 
-std::optional<std::string> ResultOf(IFileDialog& dialog, HWND owner) {
-  ComPtr<IShellItem> item;
-  if (FAILED(dialog.Show(owner)) || FAILED(dialog.GetResult(&item))) return std::nullopt;
+std::optional<std::string> PathOf(IShellItem& item) {
   wchar_t* path = nullptr;
-  if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path))) return std::nullopt;
-  std::optional<std::string> chosen = WideToUtf8(path);
+  if (FAILED(item.GetDisplayName(SIGDN_FILESYSPATH, &path))) return std::nullopt;
+  std::optional<std::string> utf8 = WideToUtf8(path);
   CoTaskMemFree(path);
-  return chosen;
+  return utf8;
+}
+
+// Shows the dialog. False when the user cancels.
+bool ShowFileDialog(IFileDialog& dialog, HWND owner, const std::string& title,
+                    const std::string& filter, DWORD more) {
+  FILEOPENDIALOGOPTIONS options = 0;
+  dialog.GetOptions(&options);
+  dialog.SetOptions(options | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | more);
+  dialog.SetTitle(Wide(title).c_str());
+  FileTypes(filter).Apply(dialog);
+  return SUCCEEDED(dialog.Show(owner));
 }
 
 std::optional<std::string> Choose(REFCLSID dialog_class, HWND owner, const std::string& title,
                                   const std::string& filter, DWORD more) {
   ComPtr<IFileDialog> dialog;
+  ComPtr<IShellItem> item;
   if (FAILED(
-          CoCreateInstance(dialog_class, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog)))) {
+          CoCreateInstance(dialog_class, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog))) ||
+      !ShowFileDialog(*dialog.Get(), owner, title, filter, more) ||
+      FAILED(dialog->GetResult(&item))) {
     return std::nullopt;
   }
-  FILEOPENDIALOGOPTIONS options = 0;
-  dialog->GetOptions(&options);
-  dialog->SetOptions(options | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | more);
-  dialog->SetTitle(Wide(title).c_str());
-  FileTypes(filter).Apply(*dialog.Get());
-  return ResultOf(*dialog.Get(), owner);
+  return PathOf(*item.Get());
 }
 
 }  // namespace
+
+std::vector<std::string> ChooseOpenFiles(HWND owner, const std::string& title,
+                                         const std::string& filter) {
+  ComPtr<IFileOpenDialog> dialog;
+  ComPtr<IShellItemArray> items;
+  DWORD count = 0;
+  if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
+                              IID_PPV_ARGS(&dialog))) ||
+      !ShowFileDialog(*dialog.Get(), owner, title, filter, FOS_ALLOWMULTISELECT) ||
+      FAILED(dialog->GetResults(&items)) || FAILED(items->GetCount(&count))) {
+    return {};
+  }
+  std::vector<std::string> paths;
+  for (DWORD i = 0; i < count; ++i) {
+    ComPtr<IShellItem> item;
+    if (FAILED(items->GetItemAt(i, &item))) continue;
+    if (const auto path = PathOf(*item.Get())) paths.push_back(*path);
+  }
+  return paths;
+}
 
 Answer HostDialogs::Ask(const std::string& title, const std::string& text, Icon icon) {
   const int answer = MessageBoxW(owner(), Wide(text).c_str(), Wide(title).c_str(),

@@ -1,11 +1,18 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 #include <windows.h>
 
 #include "platform/dialogs.h"
 
 namespace tarnwell {
+
+// The system's file dialog for any number of files; none when the user cancels. Title and filter
+// are as in Dialogs.
+std::vector<std::string> ChooseOpenFiles(HWND owner, const std::string& title,
+                                         const std::string& filter);
 
 // The system's message boxes and file dialogs over the main window.
 class HostDialogs : public Dialogs {

@@ -122,6 +122,11 @@ void MainFrame::MakePanel() {
                  .manage_skin_tones = [this] { others_->ManageSkinTones(); },
                  .save_white_balance = [this] { others_->SaveWhiteBalance(); },
                  .module_toggled = [this](int module) { OfferModuleTip(*window_, module); },
+                 .choose_shots = [this](const auto& title) { return others_->ChoosePhotos(title); },
+                 .check_entries =
+                     [this](const auto& title, const auto& text, const auto& entries) {
+                       return others_->CheckEntries(title, text, entries);
+                     },
              });
   panel_->Create(handle());
 }

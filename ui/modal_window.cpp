@@ -92,6 +92,34 @@ void ChoiceWindow::LayOutContent(const Box& content) {
   }
 }
 
+CheckListWindow::CheckListWindow(HWND owner, const std::wstring& title, const std::wstring& text,
+                                 const std::vector<std::wstring>& entries)
+    : text_(look_, Ground::kPage, Face::kStrong), checked_(entries.size(), true) {
+  const int count = static_cast<int>(entries.size());
+  CreateModal(title, owner, kModalWidth, kQuestionHeight + count * kChoiceHeight + 2 * kMargin);
+  text_.Create(handle(), text);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    auto box = std::make_unique<CheckBox>(look_, Ground::kPage);
+    CheckBox* made = box.get();
+    box->is_on = [this, i] { return checked_[i]; };
+    box->clicked = [this, i, made] {
+      checked_[i] = !checked_[i];
+      made->Update();
+    };
+    box->Create(handle(), entries[i]);
+    boxes_.push_back(std::move(box));
+  }
+}
+
+void CheckListWindow::LayOutContent(const Box& content) {
+  text_.Place({content.x, content.y, content.width, Px(kQuestionHeight)});
+  int y = content.y + Px(kQuestionHeight + kGrid);
+  for (const auto& box : boxes_) {
+    box->Place({content.x, y, content.width, Px(kChoiceHeight)});
+    y += Px(kChoiceHeight);
+  }
+}
+
 TextWindow::TextWindow(HWND owner, const std::wstring& title, const std::wstring& prompt)
     : prompt_(look_, Ground::kPage, Face::kBody) {
   CreateModal(title, owner, kModalWidth, 4 * kMargin + kGrid);

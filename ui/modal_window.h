@@ -55,6 +55,23 @@ class ChoiceWindow : public ModalWindow {
   int chosen_;
 };
 
+// Any of several choices, all of them checked at first.
+class CheckListWindow : public ModalWindow {
+ public:
+  CheckListWindow(HWND owner, const std::wstring& title, const std::wstring& text,
+                  const std::vector<std::wstring>& entries);
+  const std::vector<bool>& checked() const { return checked_; }
+
+ protected:
+  void LayOutContent(const Box& content) override;
+  HWND FirstFocus() const override { return boxes_.front()->handle(); }
+
+ private:
+  Label text_;
+  std::vector<std::unique_ptr<CheckBox>> boxes_;
+  std::vector<bool> checked_;
+};
+
 // One line to fill in.
 class TextWindow : public ModalWindow {
  public:

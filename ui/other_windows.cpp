@@ -11,6 +11,7 @@
 #include "shell/tips.h"
 #include "ui/about_window.h"
 #include "ui/frame_window.h"
+#include "ui/host_dialogs.h"
 #include "ui/messages.h"
 #include "ui/modal_window.h"
 #include "ui/progress_window.h"
@@ -20,6 +21,11 @@
 #include "ui/zoom_window.h"
 
 namespace tarnwell {
+namespace {
+
+constexpr char kPhotoFilter[] = "Image Files (*.bmp; *.gif; *.jpg)|*.bmp;*.gif;*.jpg;*.jpeg";
+
+}  // namespace
 
 OtherWindows::OtherWindows(MainWindow& window, Messages& messages)
     : window_(window), messages_(messages) {}
@@ -99,6 +105,19 @@ void OtherWindows::SaveWhiteBalance() {
     WhiteBalncCancel(model);
   }
   SaveWhiteBalanceSetting(form.app, form.platform, form.modules, model);
+}
+
+std::vector<std::string> OtherWindows::ChoosePhotos(const std::string& title) {
+  return ChooseOpenFiles(main_window_, title, kPhotoFilter);
+}
+
+std::vector<bool> OtherWindows::CheckEntries(const std::string& title, const std::string& text,
+                                             const std::vector<std::string>& entries) {
+  std::vector<std::wstring> captions;
+  for (const std::string& entry : entries) captions.push_back(Wide(entry));
+  CheckListWindow dialog(main_window_, Wide(title), Wide(text), captions);
+  if (!dialog.Run(messages_, main_window_)) return {};
+  return dialog.checked();
 }
 
 std::string OtherWindows::AskText(const std::string& title, const std::string& prompt) {

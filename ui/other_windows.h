@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 #include <windows.h>
 
 #include "modules/frm_skin_tones.h"
@@ -35,6 +37,10 @@ class OtherWindows {
   void ShowZoom(ZoomMode mode);
   void ManageSkinTones();
   void SaveWhiteBalance();  // asks where to, then saves
+  std::vector<std::string> ChoosePhotos(const std::string& title);
+  // One answer per entry, all of them on at first; none when the user cancels.
+  std::vector<bool> CheckEntries(const std::string& title, const std::string& text,
+                                 const std::vector<std::string>& entries);
   std::string AskText(const std::string& title, const std::string& prompt);
 
   void SetShowFocus(bool show);  // in all of them

@@ -195,29 +195,48 @@ Parts WhiteModesRow(HWND parent, const Look& look, PanelHost& host) {
   return parts;
 }
 
-Parts WhiteCommandsRow(HWND parent, const Look& look, PanelHost& host) {
-  constexpr int kOpenShare = 43;  // percent of the row; the other text is longer
-  const auto open_width = [&look](const Box& row) {
-    return (row.width - look.Px(kFieldGap)) * kOpenShare / 100;
+struct RowCommand {
+  const wchar_t* name;
+  std::function<void()> run;
+};
+
+// Two buttons that fill a row, the first with `share` percent of it.
+Parts CommandsRow(HWND parent, const Look& look, PanelHost& host, int share,
+                  const RowCommand& first, const RowCommand& second) {
+  const auto first_width = [&look, share](const Box& row) {
+    return (row.width - look.Px(kFieldGap)) * share / 100;
   };
-  Form1& form = host.form;
+  const auto clicked = [&host](const RowCommand& command) {
+    return [&host, run = command.run] { host.command(run); };
+  };
   Parts parts;
-  parts.push_back(TextButton(
-      parent, look, L"Open White Balance",
-      [&host, &form] {
-        host.command([&] { OpenWhiteBalance(form.app, form.platform, form.modules); });
-      },
-      [open_width](const Box& row) {
-        return Box{row.x, row.y, open_width(row), row.height};
+  parts.push_back(
+      TextButton(parent, look, first.name, clicked(first), [first_width](const Box& row) {
+        return Box{row.x, row.y, first_width(row), row.height};
       }));
-  parts.push_back(TextButton(
-      parent, look, L"Save White Balance Setting",
-      [&host] { host.command([&] { host.save_white_balance(); }); },
-      [open_width, &look](const Box& row) {
-        const int left = row.x + open_width(row) + look.Px(kFieldGap);
+  parts.push_back(
+      TextButton(parent, look, second.name, clicked(second), [first_width, &look](const Box& row) {
+        const int left = row.x + first_width(row) + look.Px(kFieldGap);
         return Box{left, row.y, row.right() - left, row.height};
       }));
   return parts;
+}
+
+Parts WhiteCommandsRow(HWND parent, const Look& look, PanelHost& host) {
+  constexpr int kOpenShare = 43;  // percent of the row; the other text is longer
+  Form1& form = host.form;
+  return CommandsRow(
+      parent, look, host, kOpenShare,
+      {L"Open White Balance", [&form] { OpenWhiteBalance(form.app, form.platform, form.modules); }},
+      {L"Save White Balance Setting", [&host] { host.save_white_balance(); }});
+}
+
+Parts DeadPixelsRow(HWND parent, const Look& look, PanelHost& host) {
+  constexpr int kHalf = 50;
+  return CommandsRow(
+      parent, look, host, kHalf,
+      {L"Add Test Shots...", [&host] { AddTestShotsClick(host.form, host.choose_shots); }},
+      {L"Assess Test Shots", [&host] { AssessTestShotsClick(host.form, host.check_entries); }});
 }
 
 Parts SkinToneRow(HWND parent, const Look& look, PanelHost& host) {
@@ -395,6 +414,8 @@ std::vector<PanelPart> MakeRow(HWND parent, const Look& look, PanelHost& host,
       return WhiteModesRow(parent, look, host);
     case RowKind::kWhiteCommands:
       return WhiteCommandsRow(parent, look, host);
+    case RowKind::kDeadPixels:
+      return DeadPixelsRow(parent, look, host);
     case RowKind::kSkinTone:
       return SkinToneRow(parent, look, host);
     case RowKind::kHue:

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "deadpixels/dead_pixel_commands.h"
 #include "ui/control.h"
 #include "ui/look/panel_layout.h"
 
@@ -22,6 +23,8 @@ struct PanelHost {
   std::function<void()> manage_skin_tones;
   std::function<void()> save_white_balance;
   std::function<void(int module)> module_toggled;
+  ChooseShots choose_shots;
+  CheckEntries check_entries;
 };
 
 // A control of a row, where it lies, and how it learns that the settings have changed.

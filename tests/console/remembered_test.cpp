@@ -159,5 +159,26 @@ TEST_F(RememberedTest, PresetsSaySoWhenTheyDoNotKeepASetting) {
   }
 }
 
+TEST_F(RememberedTest, TestShotsBecomeAMapThatRepairsPhotosOfTheirCamera) {
+  PixelArray dark(40, 30);
+  std::uint8_t* hot = dark.mutable_view().at(17, 11);
+  hot[kRed] = 200;
+  ASSERT_TRUE(codec->SaveBitmap(folder.File("dark.bmp"), dark.view()).ok());
+  WritePhoto("grey.bmp", 60);
+
+  ASSERT_EQ(Run({"deadpixels", "assess", "--camera", "Phone"}), 2) << "there is no such camera";
+  EXPECT_EQ(Run({"deadpixels", "add", "--camera", "Phone", "@dark.bmp", "@grey.bmp"}), 1);
+  EXPECT_TRUE(out.str().ends_with("dark.bmp: dark shot of 40x30, kept as Input1.BMP\n"));
+  EXPECT_TRUE(err.str().ends_with(
+      "grey.bmp is neither very bright or very dark, and cannot be assessed\n"));
+  EXPECT_EQ(Run({"deadpixels", "assess", "--camera", "Phone"}), 0) << err.str();
+  EXPECT_EQ(out.str(), "40x30: 1 stuck pixel found in 1 dark shot and 0 light shots\n");
+
+  ASSERT_EQ(Run({"correct", "@dark.bmp", "--camera", "Phone", "--module", "8=on", "--module",
+                 "1=off", "--no-learn", "--output", "@repaired.bmp"}),
+            0);
+  EXPECT_EQ((*codec->Load(folder.File("repaired.bmp")))->view().at(17, 11)[kRed], 0);
+}
+
 }  // namespace
 }  // namespace tarnwell

@@ -24,6 +24,7 @@ int RowHeight(RowKind kind) {
     case RowKind::kWhiteModes:
       return 13 * kGrid;
     case RowKind::kWhiteCommands:
+    case RowKind::kDeadPixels:
       return 4 * kGrid;
     case RowKind::kHue:
       return 14 * kGrid;
@@ -61,7 +62,7 @@ std::vector<PanelRow> RowsOf(int module) {
     case kNoiseReduction:
       return {{RowKind::kSlider, 7}, {RowKind::kSlider, 8}, {RowKind::kCheck, kProtectLightAreas}};
     case kDeadPixelCorrection:
-      return {{RowKind::kSlider, 9}};
+      return {{RowKind::kSlider, 9}, {RowKind::kDeadPixels}};
     case kRotation:
       return {{RowKind::kRotation}};
     case kJpegQuality:

@@ -17,6 +17,7 @@ enum class RowKind {
   kWhiteModes,     // the three white balance modes and the swatch
   kWhiteCommands,  // Open and Save of the white balance
   kSkinTone,       // the chosen skin tone and the manager
+  kDeadPixels,     // the commands that add and assess test shots
   kHue,            // the hue field and its two swatches
   kRotation,       // the five turns
   kOutputName,     // the proposed names
