@@ -24,13 +24,13 @@ DecodedPixels DecodedByLibjpeg(const std::string& file);
 // `pixels` as a JPEG file, chrominance at half the resolution.
 std::string EncodedByLibjpeg(const PixelView& pixels, int quality);
 
-// Decodes and encodes once.
-void RunFloor(const std::string& file);
+// Decodes and encodes once; gives the new file.
+std::string FloorOf(const std::string& file);
 
 // A generated picture of this size as a JPEG file of the quality that phones store.
 const std::string& GeneratedPhoto(int megapixels);
 
-// Processor seconds that RunFloor takes for GeneratedPhoto(megapixels): the least of a few runs,
+// Processor seconds that FloorOf takes for GeneratedPhoto(megapixels): the least of a few runs,
 // measured once.
 double FloorSeconds(int megapixels);
 

@@ -37,8 +37,8 @@ AdjustmentSettings OrdinarySettings() {
 }
 
 void Floor(benchmark::State& state) {
-  const std::string& jpeg = GeneratedPhoto(Megapixels(state));
-  MeasureInFloors(state, Megapixels(state), [&] { RunFloor(jpeg); });
+  const std::string& file = GeneratedPhoto(Megapixels(state));
+  MeasureInFloors(state, Megapixels(state), [&] { FloorOf(file); });
 }
 TARNWELL_PHOTO_BENCHMARK(Floor);
 
@@ -58,10 +58,11 @@ TARNWELL_PHOTO_BENCHMARK(Thumbnail);
 
 void Analysis(benchmark::State& state) {
   const Picture photo = Photo(state);
+  const BrightnessHistogram histogram = CountBrightness(photo->view());
   MeasureInFloors(state, Megapixels(state), [&] {
-    Measurements found;
-    for (int x = 0; x < photo->width(); ++x) MeasureColumn(photo->view(), x, {760, 3}, 250, found);
-    benchmark::DoNotOptimize(found);
+    AnalysisPass analysis(photo->view(), histogram, {760, 3}, 250);
+    for (int part = 0; part < analysis.part_count(); ++part) analysis.Measure(part);
+    benchmark::DoNotOptimize(analysis.found());
   });
 }
 TARNWELL_PHOTO_BENCHMARK(Analysis);
@@ -72,8 +73,8 @@ void Tones(benchmark::State& state) {
   const AdjustmentSettings settings = OrdinarySettings();
   MeasureInFloors(state, Megapixels(state), [&] {
     const ToneTable table(settings);
-    AdjustPiece(working->mutable_view(), photo->view(), {0, 0, photo->width(), photo->height()},
-                settings, &table);
+    AdjustPiece(photo->view(), photo->view(), {0, 0, photo->width(), photo->height()}, settings,
+                &table, working->mutable_view());
   });
 }
 TARNWELL_PHOTO_BENCHMARK(Tones);
@@ -111,7 +112,7 @@ TARNWELL_PHOTO_BENCHMARK(FocusDefault);
 void FinalRotation(benchmark::State& state, Turn turn) {
   const Picture photo = Photo(state);
   MeasureInFloors(state, Megapixels(state),
-                  [&] { benchmark::DoNotOptimize(TurnPixels(photo->view(), turn)); });
+                  [&] { benchmark::DoNotOptimize(TurnPixels(photo->view(), turn, 1)); });
 }
 void TurnClockwise(benchmark::State& state) { FinalRotation(state, Turn::kClockwise); }
 void TurnHalf(benchmark::State& state) { FinalRotation(state, Turn::kHalf); }

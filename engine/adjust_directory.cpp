@@ -49,7 +49,7 @@ class OpenPhotoKept {
   const Module1 app_;
   const PhotoSurfaces surfaces_;
   const OutputNames names_;
-  const BrightnessHistogram histogram_;
+  const PictureHistogram histogram_;
   const bool correction_ready_;
   const std::string title_;
   const std::string caption_;

@@ -1,5 +1,7 @@
 #include "engine/adjust_photo.h"
 
+#include <new>
+
 #include "deadpixels/repair_dead_pixels.h"
 #include "engine/adjustment_pass.h"
 #include "engine/analysis.h"
@@ -30,7 +32,7 @@ Status OutOfMemory(const Form1& form) {
 }
 
 // Takes the thumbnail of picOriginal or the full photo as the working pixels.
-Status ReadForPass(Form1& form, bool thumbnail, const RunParameters& run) {
+Status ReadForPass(Form1& form, bool thumbnail) {
   if (thumbnail) {
     // Always the uncorrected photo's thumbnail, so that repeated previews do not compound.
     Picture fresh = ThumbnailOf(form.buffer.surfaces.picOriginal.image->view());
@@ -38,7 +40,7 @@ Status ReadForPass(Form1& form, bool thumbnail, const RunParameters& run) {
     Display(form.buffer.surfaces.picThumb, std::move(fresh));
   }
   const PixelSource source = thumbnail ? PixelSource::kThumbnail : PixelSource::kOriginal;
-  if (!ReadSourcePixels(form.buffer, source, run.noise.has_value())) return OutOfMemory(form);
+  if (!ReadSourcePixels(form.buffer, source)) return OutOfMemory(form);
   return Status::Ok();
 }
 
@@ -46,24 +48,28 @@ Status ReadForPass(Form1& form, bool thumbnail, const RunParameters& run) {
 // that follows from them. Fills columns 0 to 11 of `record`.
 Result<AutomaticCorrection> Measure(Form1& form, bool thumbnail, const RunParameters& run,
                                     LearningRecord& record) {
-  const PixelView pixels = form.buffer.working->view();
-  form.histogram = CountBrightness(pixels);
-  const int top_level = TopLevel(form.histogram);
+  const PixelView pixels = form.buffer.read->view();
+  form.histogram = PictureHistogram(form.buffer.read);
+  const BrightnessHistogram& histogram = form.histogram.counts();
+  const int top_level = TopLevel(histogram);
 
   ToneLimits limits;
   limits.white_point =
-      run.white_point.value_or(AutomaticWhitePoint(form.histogram, pixels.width, pixels.height));
+      run.white_point.value_or(AutomaticWhitePoint(histogram, pixels.width, pixels.height));
   limits.black_point = run.black_point;
   limits = CheckToneLimits(limits);
 
-  Measurements found;
-  PassProgress pass(form, pixels.width, pixels.width, thumbnail ? 0.5f : 10.0f);
-  // On one thread: the totals are sums of doubles, which depend on the order.
-  const bool finished = ForEachPart(
-      pixels.width, 1, 1, [&](int x) { MeasureColumn(pixels, x, limits, top_level, found); },
-      [&](int done) { return pass.PartDone(done); });
-  if (!finished) return Cancelled();
-  return DeriveCorrection(found, limits, record);
+  try {
+    AnalysisPass analysis(pixels, histogram, limits, top_level);
+    PassProgress pass(form, pixels.width, analysis.part_count(), thumbnail ? 0.5f : 10.0f);
+    const bool finished = ForEachPart(
+        analysis.part_count(), 1, 1, [&](int part) { analysis.Measure(part); },
+        [&](int done) { return pass.PartDone(done); });
+    if (!finished) return Cancelled();
+    return DeriveCorrection(analysis.found(), limits, record);
+  } catch (const std::bad_alloc&) {
+    return OutOfMemory(form);
+  }
 }
 
 // Adds what the learning system proposes for a photo like this one.
@@ -144,7 +150,7 @@ Status RunCorrection(Form1& form, bool preview) {
   std::array<double, 3> learnt = {0, 0, 0};
   const bool analyze_thumbnail = !form.app.analyze_full_source;
   if (run.measure) {
-    if (Status read = ReadForPass(form, analyze_thumbnail, run); !read.ok()) return read;
+    if (Status read = ReadForPass(form, analyze_thumbnail); !read.ok()) return read;
     const auto measured = Measure(form, analyze_thumbnail, run, record);
     if (!measured.ok()) return measured.status;
     automatic = *measured;
@@ -153,11 +159,12 @@ Status RunCorrection(Form1& form, bool preview) {
   RecordSettings(run, learnt, white_balance, record);
 
   if (!run.measure || analyze_thumbnail != preview) {
-    if (Status read = ReadForPass(form, preview, run); !read.ok()) return read;
+    if (Status read = ReadForPass(form, preview); !read.ok()) return read;
   }
   const AdjustmentSettings settings = SettingsFor(run, automatic, learnt, white_balance);
   if (Status adjusted = Adjust(form, preview, run, settings); !adjusted.ok()) return adjusted;
-  if (run.rotation && !RotateFinalImage(form.buffer, *run.rotation)) return OutOfMemory(form);
+  if (run.rotation && !RotateFinalImage(form.buffer, *run.rotation, form.threads))
+    return OutOfMemory(form);
 
   ShowPercentage(form.progress, 100);
   form.platform.events.Run();
@@ -167,7 +174,7 @@ Status RunCorrection(Form1& form, bool preview) {
 }
 
 void MeasureOriginal(Form1& form) {
-  form.histogram = CountBrightness(form.buffer.surfaces.picOriginal.image->view());
+  form.histogram = PictureHistogram(form.buffer.surfaces.picOriginal.image);
   form.correction_ready = true;
 }
 
@@ -193,6 +200,8 @@ Status AdjustPhoto(Form1& form, bool preview) {
     form.app.photo_changed = true;
   } else {
     form.buffer.surfaces = before;
+    form.buffer.read = nullptr;
+    form.buffer.working = nullptr;
   }
   return status;
 }

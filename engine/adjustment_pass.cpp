@@ -21,8 +21,10 @@ using PartDone = std::function<bool(int done)>;
 // What the stages of one pass share.
 struct Stages {
   const AdjustmentSettings& settings;
-  MutablePixelView working;
   PixelView start;  // the pixels before any step
+  // What is made of them. Holds the same pixels at first where there is a filter; every pixel of it
+  // is written anyhow.
+  MutablePixelView working;
   int threads;
   std::optional<NoiseFilter> noise = {};
   std::optional<ToneTable> table = {};
@@ -50,7 +52,8 @@ bool AdjustRows(Stages& stages, const PartDone& part_done) {
       stages.working.height, kLinesAtOnce, stages.threads,
       [&](int y) {
         const PicturePiece row = {0, y, width, y + 1};
-        AdjustPiece(stages.working, stages.start, row, stages.settings, stages.tones());
+        AdjustPiece(stages.start, stages.start, row, stages.settings, stages.tones(),
+                    stages.working);
       },
       part_done);
 }
@@ -113,7 +116,8 @@ bool RunStages(Form1& form, Stages& stages, float minimum_step) {
   const auto part_done = [&](int done) { return pass.PartDone(done); };
   if (!stages.noise) return AdjustRows(stages, part_done);
   const auto tones = [&](const PicturePiece& piece) {
-    AdjustPiece(stages.working, stages.start, piece, stages.settings, stages.tones());
+    AdjustPiece(stages.working, stages.start, piece, stages.settings, stages.tones(),
+                stages.working);
   };
   return SmoothPieces(stages, stages.working, tones, part_done);
 }
@@ -121,12 +125,15 @@ bool RunStages(Form1& form, Stages& stages, float minimum_step) {
 }  // namespace
 
 PassEnd RunAdjustmentPass(Form1& form, const AdjustmentSettings& settings, float minimum_step) {
+  PixelBuffer& buffer = form.buffer;
+  const bool in_place = settings.noise || settings.focus;
+  if (!(in_place ? CopyWorkingPixels(buffer) : MakeWorkingPixels(buffer))) {
+    return PassEnd::kOutOfMemory;
+  }
   try {
-    const MutablePixelView working = form.buffer.working->mutable_view();
-    const PixelView start = settings.noise ? form.buffer.noise_reference->view() : working;
-    Stages stages = {settings, working, start, form.threads};
-    if (settings.noise) stages.noise.emplace(start, *settings.noise);
-    if (working.pixel_count() >= ToneTable::kWorthwhile) stages.table.emplace(settings);
+    Stages stages = {settings, buffer.read->view(), buffer.working->mutable_view(), form.threads};
+    if (settings.noise) stages.noise.emplace(stages.start, *settings.noise);
+    if (stages.start.pixel_count() >= ToneTable::kWorthwhile) stages.table.emplace(settings);
     const bool done = RunStages(form, stages, minimum_step);
     if (stages.out_of_memory) return PassEnd::kOutOfMemory;
     return done ? PassEnd::kDone : PassEnd::kStopped;

@@ -1,6 +1,9 @@
 #include "engine/analysis.h"
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstring>
 
 #include "engine/rounding.h"
 
@@ -13,30 +16,125 @@ ToneLimits CheckToneLimits(ToneLimits limits) {
   return limits;
 }
 
-void MeasureColumn(const PixelView& pixels, int x, const ToneLimits& limits, int top_level,
-                   Measurements& found) {
-  for (int y = 0; y < pixels.height; ++y) {
-    const std::uint8_t* pixel = pixels.at(x, y);
-    const int sum = pixel[kBlue] + pixel[kGreen] + pixel[kRed];
-    if (sum > limits.white_point || sum < limits.black_point) continue;
-
-    const int max_channel = std::max({pixel[kBlue], pixel[kGreen], pixel[kRed]});
-    const int min_channel = std::min({pixel[kBlue], pixel[kGreen], pixel[kRed]});
-    found.lowest_sum = std::min<double>(found.lowest_sum, sum);
-    found.highest_sum = std::max<double>(found.highest_sum, sum);
-    found.highest_max_channel = std::max(found.highest_max_channel, max_channel);
-    found.lowest_min_channel = std::min(found.lowest_min_channel, min_channel);
-    ++found.count;
-    found.brightness_total += sum / 765.0;
-
-    // A black pixel counts as a trace of colour here, and only here.
-    const double colour = (max_channel == 0 ? 0.001 : max_channel) - min_channel;
-    double saturation;
-    if (!DivideInto(saturation, colour, top_level)) continue;
-    found.saturation_total += saturation;
-    found.lowest_saturation = std::min(found.lowest_saturation, saturation);
-    found.highest_saturation = std::max(found.highest_saturation, saturation);
+AnalysisPass::AnalysisPass(const PixelView& pixels, const BrightnessHistogram& histogram,
+                           const ToneLimits& limits, int top_level)
+    : pixels_(pixels),
+      lowest_sum_(static_cast<int>(std::ceil(std::clamp(limits.black_point, 0.0, 766.0)))),
+      highest_sum_(static_cast<int>(std::floor(std::clamp(limits.white_point, -1.0, 765.0)))),
+      has_saturation_(top_level != 0),
+      entries_(static_cast<std::size_t>(pixels.height) * kColumns) {
+  for (int sum = lowest_sum_; sum <= highest_sum_; ++sum) {
+    brightness_[sum] = sum / 765.0;
+    if (histogram[sum] == 0) continue;
+    if (found_.count == 0) found_.lowest_sum = sum;
+    found_.highest_sum = sum;
+    found_.count += histogram[sum];
   }
+  // The entries for what is not measured stay 0, whose addition changes nothing.
+  for (int colour = 0; colour < kBlack; ++colour) {
+    DivideInto(saturation_[colour], colour, top_level);
+  }
+  // A black pixel counts as a trace of colour here, and only here.
+  DivideInto(saturation_[kBlack], 0.001, top_level);
+}
+
+namespace {
+
+// Four pixels of 32 bits, or their bytes.
+typedef std::uint32_t Pixels __attribute__((vector_size(16)));
+typedef std::int32_t Numbers __attribute__((vector_size(16)));
+typedef std::uint8_t Bytes __attribute__((vector_size(16)));
+
+inline Bytes Larger(Bytes a, Bytes b) { return a > b ? a : b; }
+inline Bytes Smaller(Bytes a, Bytes b) { return a < b ? a : b; }
+
+// Where `mask` is all ones, `a`, where it is 0, `b`.
+inline Pixels Choose(Numbers mask, Pixels a, Pixels b) {
+  const auto bits = reinterpret_cast<Pixels>(mask);
+  return (a & bits) | (b & ~bits);
+}
+
+std::uint8_t LowestOf(Pixels pixels, int lane) { return static_cast<std::uint8_t>(pixels[lane]); }
+
+}  // namespace
+
+void AnalysisPass::FindEntries(int first_column, int columns) {
+  static_assert(std::endian::native == std::endian::little);
+  constexpr int kLanes = 4;
+  const Numbers below = Numbers{} + (lowest_sum_ - 1), above = Numbers{} + (highest_sum_ + 1);
+  // Only the lowest byte of a lane, that of the extreme channel, is looked at in the end.
+  Bytes highest_max = {}, lowest_min = ~Bytes{};
+  Entries* entries = entries_.data();
+  std::uint8_t full_row[kColumns * kBytesPerPixel];
+  for (int y = 0; y < pixels_.height; ++y, entries += kColumns) {
+    const std::uint8_t* row = pixels_.at(first_column, y);
+    if (columns < kColumns) {
+      // The picture's last columns, filled up with the first of them.
+      for (int x = 0; x < kColumns; ++x) {
+        std::memcpy(full_row + x * kBytesPerPixel, row + (x < columns ? x : 0) * kBytesPerPixel,
+                    kBytesPerPixel);
+      }
+      row = full_row;
+    }
+    for (int x = 0; x < kColumns; x += kLanes) {
+      Pixels pixels;
+      std::memcpy(&pixels, row + x * kBytesPerPixel, sizeof(pixels));
+      const Pixels from_green = pixels >> 8, from_red = pixels >> 16;
+      const auto bytes = reinterpret_cast<Bytes>(pixels);
+      const auto green = reinterpret_cast<Bytes>(from_green);
+      const auto red = reinterpret_cast<Bytes>(from_red);
+      const Bytes highest = Larger(Larger(bytes, green), red);
+      const Bytes lowest = Smaller(Smaller(bytes, green), red);
+
+      const Pixels sum = (pixels & 255) + (from_green & 255) + (from_red & 255);
+      const auto number = reinterpret_cast<Numbers>(sum);
+      const Numbers measured = (number > below) & (number < above);
+      const Numbers black = (reinterpret_cast<Pixels>(highest) & 255) == 0;
+      const Pixels colour = (reinterpret_cast<Pixels>(highest - lowest) & 255) |
+                            (reinterpret_cast<Pixels>(black) & kBlack);
+      const Pixels entry =
+          Choose(measured, sum | colour << 16, Pixels{} + (kNotMeasured | kNoSaturation << 16));
+      std::memcpy(entries + x, &entry, sizeof(entry));
+
+      const auto counts = reinterpret_cast<Bytes>(measured);
+      highest_max = Larger(highest_max, highest & counts);
+      lowest_min = Smaller(lowest_min, lowest | ~counts);
+    }
+  }
+  for (int lane = 0; lane < kLanes; ++lane) {
+    const int highest = LowestOf(reinterpret_cast<Pixels>(highest_max), lane);
+    const int lowest = LowestOf(reinterpret_cast<Pixels>(lowest_min), lane);
+    found_.highest_max_channel = std::max(found_.highest_max_channel, highest);
+    found_.lowest_min_channel = std::min(found_.lowest_min_channel, lowest);
+  }
+}
+
+void AnalysisPass::Measure(int part) {
+  const int first_column = part * kColumns;
+  const int columns = std::min(kColumns, pixels_.width - first_column);
+  FindEntries(first_column, columns);
+  double brightness = found_.brightness_total, saturation = found_.saturation_total;
+  for (int x = 0; x < columns; ++x) {
+    const Entries* entries = entries_.data() + x;
+    for (int y = 0; y < pixels_.height; ++y, entries += kColumns) {
+      brightness += brightness_[entries->sum];
+      saturation += saturation_[entries->colour];
+      colour_seen_[entries->colour] = true;
+    }
+  }
+  found_.brightness_total = brightness;
+  found_.saturation_total = saturation;
+}
+
+Measurements AnalysisPass::found() const {
+  Measurements found = found_;
+  if (!has_saturation_) return found;
+  for (int colour = 0; colour < kNoSaturation; ++colour) {
+    if (!colour_seen_[colour]) continue;
+    found.lowest_saturation = std::min(found.lowest_saturation, saturation_[colour]);
+    found.highest_saturation = std::max(found.highest_saturation, saturation_[colour]);
+  }
+  return found;
 }
 
 namespace {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <vector>
 
+#include "engine/histogram.h"
 #include "engine/learning_data.h"
 #include "imaging/pixel_array.h"
 
@@ -36,11 +39,51 @@ struct Measurements {
   std::uint64_t count = 0;
 };
 
-// Adds column `x` of `pixels` to `found`, row 0 first. Totals are sums of doubles, so columns must
-// come in order, 0 first. `top_level` 0 to 255 is the saturation's divisor; at 0 no pixel has a
-// saturation.
-void MeasureColumn(const PixelView& pixels, int x, const ToneLimits& limits, int top_level,
-                   Measurements& found);
+// Measures a picture, in parts of some columns.
+//
+// The totals are sums of doubles column by column, and depend on that order to the last bit. So one
+// chain of additions goes through the pixels as they come; what is added is looked up, and which
+// entry it is, is found for many pixels at a time before.
+class AnalysisPass {
+ public:
+  // `histogram` is that of `pixels`, which outlive the pass. `top_level` 0 to 255 is the
+  // saturation's divisor; at 0 no pixel has a saturation. Throws std::bad_alloc.
+  AnalysisPass(const PixelView& pixels, const BrightnessHistogram& histogram,
+               const ToneLimits& limits, int top_level);
+
+  int part_count() const { return (pixels_.width + kColumns - 1) / kColumns; }
+
+  // Parts must come in order, 0 first.
+  void Measure(int part);
+
+  // Of the parts that were measured; the count and the extreme sums are always the picture's.
+  Measurements found() const;
+
+ private:
+  // A row of a part is a cache line.
+  static constexpr int kColumns = 16;
+  // What is added to the two totals for a pixel: entries of the tables.
+  static constexpr int kNotMeasured = 766;   // as a sum
+  static constexpr int kBlack = 256;         // as a colour, which is the range of the channels
+  static constexpr int kNoSaturation = 257;  // as a colour
+  struct Entries {
+    std::uint16_t sum;
+    std::uint16_t colour;
+  };
+
+  // Also takes in the extreme channels.
+  void FindEntries(int first_column, int columns);
+
+  PixelView pixels_;
+  int lowest_sum_;  // that is measured
+  int highest_sum_;
+  bool has_saturation_;
+  std::array<double, 767> brightness_ = {};
+  std::array<double, 258> saturation_ = {};
+  std::array<bool, 258> colour_seen_ = {};
+  std::vector<Entries> entries_;  // row by row
+  Measurements found_;
+};
 
 // The automatic correction that follows from the measurements.
 struct AutomaticCorrection {

@@ -18,11 +18,12 @@ enum class Turn : int {
 };
 inline constexpr int kTurnCount = 5;
 
-// A new array holding `pixels` turned; its unused channel is 0. Null when memory does not suffice.
-std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn);
+// A new array holding `pixels` turned, by up to `threads` threads; its unused channel is 0. Null
+// when memory does not suffice.
+std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn, int threads);
 
 // Turns the buffer's working pixels by rotation choice `choice` (0 to 4) and rebuilds its header.
 // False, with the buffer as it was, for another choice or when memory does not suffice.
-bool RotateFinalImage(PixelBuffer& buffer, int choice);
+bool RotateFinalImage(PixelBuffer& buffer, int choice, int threads);
 
 }  // namespace tarnwell

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <utility>
 
 #include "imaging/pixel_array.h"
 
@@ -13,6 +14,20 @@ inline constexpr int kHighestSum = 765;
 using BrightnessHistogram = std::array<std::uint32_t, kHighestSum + 1>;
 
 BrightnessHistogram CountBrightness(const PixelView& pixels);
+
+// The histogram of a picture, counted when it is first asked for: going over all pixels of an
+// opened photo would keep its preview waiting, for what is often replaced before anybody looks.
+class PictureHistogram {
+ public:
+  PictureHistogram() = default;  // empty
+  explicit PictureHistogram(Picture picture) : picture_(std::move(picture)) {}
+
+  const BrightnessHistogram& counts() const;
+
+ private:
+  mutable Picture picture_;  // null once it is counted
+  mutable BrightnessHistogram counts_ = {};
+};
 
 // The highest level that occurs, divided by 3 and rounded half to even; 255 for an empty histogram.
 int TopLevel(const BrightnessHistogram& histogram);

@@ -1,6 +1,7 @@
 #include "engine/pixel_adjustments.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "engine/rounding.h"
@@ -18,53 +19,51 @@ void Focus(PixelValues& pixel, const NeighbourMeans& means, double amount) {
   sharpen(pixel.red, means.channel[kRed]);
 }
 
-void SubtractBlackLevel(std::int16_t& channel, std::int16_t black_level) {
-  channel = static_cast<std::int16_t>(std::max(channel - black_level, 0));
-}
-
 std::uint8_t ClampToByte(std::int16_t value) {
   return static_cast<std::uint8_t>(std::clamp<std::int16_t>(value, 0, 255));
+}
+
+// The position of a channel among factors that come in the order red, green, blue.
+constexpr int FactorOf(Channel channel) { return kRed - channel; }
+
+// The steps that look at the channel alone: black level, gain, hue factor, white balance.
+std::int16_t StartTone(std::int16_t value, Channel channel, const AdjustmentSettings& settings) {
+  value = static_cast<std::int16_t>(std::max(value - settings.black_level, 0));
+  RoundInto(value, value * settings.gain);
+  if (settings.hue_factors) {
+    const double factor = (*settings.hue_factors)[FactorOf(channel)];
+    RoundInto(value, value + value * factor);
+  }
+  if (settings.white_balance_offsets) {
+    RoundInto(value, value + value * (*settings.white_balance_offsets)[FactorOf(channel)]);
+  }
+  return value;
+}
+
+// RoundInto among whole numbers in double, in a form of which compilers make vectors.
+inline double Rounded(double value, double otherwise) {
+  const double rounded = RoundHalfToEven(value);
+  return (rounded >= -32768.0) & (rounded <= 32767.0) ? rounded : otherwise;
+}
+
+// The steps that follow: saturation, contrast.
+inline double FinishTone(double value, double average, const AdjustmentSettings& settings) {
+  value = Rounded((value - average) * settings.saturation_multiplier + average, value);
+  if (settings.contrast_factor == 0) return value;
+  return Rounded(value + (128 - value) * settings.contrast_factor, value);
 }
 
 }  // namespace
 
 void AdjustTones(PixelValues& pixel, int starting_sum, const AdjustmentSettings& settings) {
-  auto& [blue, green, red] = pixel;
-
-  SubtractBlackLevel(blue, settings.black_level);
-  SubtractBlackLevel(green, settings.black_level);
-  SubtractBlackLevel(red, settings.black_level);
-
-  RoundInto(blue, blue * settings.gain);
-  RoundInto(green, green * settings.gain);
-  RoundInto(red, red * settings.gain);
-
-  if (settings.hue_factors) {
-    const auto& factors = *settings.hue_factors;
-    RoundInto(red, red + red * static_cast<double>(factors[0]));
-    RoundInto(green, green + green * static_cast<double>(factors[1]));
-    RoundInto(blue, blue + blue * static_cast<double>(factors[2]));
-  }
-
-  if (settings.white_balance_offsets) {
-    const auto& offsets = *settings.white_balance_offsets;
-    RoundInto(red, red + red * offsets[0]);
-    RoundInto(green, green + green * offsets[1]);
-    RoundInto(blue, blue + blue * offsets[2]);
-  }
-
   const double average = starting_sum / 3.0;
-  const double multiplier = settings.saturation_multiplier;
-  RoundInto(blue, (blue - average) * multiplier + average);
-  RoundInto(green, (green - average) * multiplier + average);
-  RoundInto(red, (red - average) * multiplier + average);
-
-  if (settings.contrast_factor != 0) {
-    const double factor = settings.contrast_factor;
-    RoundInto(blue, blue + (128 - blue) * factor);
-    RoundInto(green, green + (128 - green) * factor);
-    RoundInto(red, red + (128 - red) * factor);
-  }
+  const auto adjust = [&](std::int16_t& value, Channel channel) {
+    const double start = StartTone(value, channel, settings);
+    value = static_cast<std::int16_t>(FinishTone(start, average, settings));
+  };
+  adjust(pixel.blue, kBlue);
+  adjust(pixel.green, kGreen);
+  adjust(pixel.red, kRed);
 }
 
 void StoreClamped(const PixelValues& pixel, std::uint8_t* bytes) {
@@ -73,37 +72,63 @@ void StoreClamped(const PixelValues& pixel, std::uint8_t* bytes) {
   bytes[kRed] = ClampToByte(pixel.red);
 }
 
-ToneTable::ToneTable(const AdjustmentSettings& settings) : results_(766 * 256) {
-  std::uint32_t* result = results_.data();
-  for (int sum = 0; sum <= 765; ++sum) {
-    for (std::int16_t value = 0; value < 256; ++value, ++result) {
-      PixelValues pixel = {value, value, value};
-      AdjustTones(pixel, sum, settings);
-      std::uint8_t bytes[kBytesPerPixel] = {};
-      StoreClamped(pixel, bytes);
-      std::memcpy(result, bytes, sizeof(bytes));
+ToneTable::ToneTable(const AdjustmentSettings& settings) {
+  const bool channels_differ = settings.hue_factors || settings.white_balance_offsets;
+  results_.resize(channels_differ ? 3 * kTableBytes : kTableBytes);
+  for (const Channel channel : {kBlue, kGreen, kRed}) {
+    if (!channels_differ && channel != kBlue) break;
+    if (channels_differ) from_[channel] = channel * kTableBytes;
+    double starts[kValues];
+    for (std::size_t value = 0; value < kValues; ++value) {
+      starts[value] = StartTone(static_cast<std::int16_t>(value), channel, settings);
+    }
+    std::uint8_t* result = &results_[from_[channel]];
+    for (int sum = 0; sum <= 765; ++sum, result += kValues) {
+      const double average = sum / 3.0;
+      for (std::size_t value = 0; value < kValues; ++value) {
+        const double tone = FinishTone(starts[value], average, settings);
+        result[value] = static_cast<std::uint8_t>(static_cast<int>(std::clamp(tone, 0.0, 255.0)));
+      }
     }
   }
 }
 
-void ToneTable::Adjust(std::uint8_t* pixels, const std::uint8_t* start, int count) const {
-  for (int i = 0; i < count; ++i, pixels += kBytesPerPixel, start += kBytesPerPixel) {
-    AdjustPixel(pixels[kBlue], pixels[kGreen], pixels[kRed], SumOfChannels(start), pixels);
+void ToneTable::Adjust(const std::uint8_t* values, const std::uint8_t* start, int count,
+                       std::uint8_t* out) const {
+  // A pixel is loaded whole: single bytes would keep the processor's load ports busy.
+  static_assert(std::endian::native == std::endian::little);
+  const auto channel = [](std::uint32_t pixel, Channel c) { return pixel >> 8 * c & 255; };
+  const std::uint8_t* blue = &results_[from_[kBlue]];
+  const std::uint8_t* green = &results_[from_[kGreen]];
+  const std::uint8_t* red = &results_[from_[kRed]];
+  const std::size_t bytes = static_cast<std::size_t>(count) * kBytesPerPixel;
+  for (std::size_t i = 0; i < bytes; i += kBytesPerPixel) {
+    std::uint32_t before, pixel;
+    std::memcpy(&before, start + i, kBytesPerPixel);
+    std::memcpy(&pixel, values + i, kBytesPerPixel);
+    const std::size_t row =
+        (channel(before, kBlue) + channel(before, kGreen) + channel(before, kRed)) * kValues;
+    const std::uint32_t adjusted = blue[row + channel(pixel, kBlue)] |
+                                   green[row + channel(pixel, kGreen)] << 8 |
+                                   red[row + channel(pixel, kRed)] << 16 | (pixel & 0xFF000000);
+    std::memcpy(out + i, &adjusted, kBytesPerPixel);
   }
 }
 
-void AdjustPiece(MutablePixelView working, const PixelView& start, const PicturePiece& piece,
-                 const AdjustmentSettings& settings, const ToneTable* table) {
+void AdjustPiece(const PixelView& values, const PixelView& start, const PicturePiece& piece,
+                 const AdjustmentSettings& settings, const ToneTable* table, MutablePixelView out) {
   for (int y = piece.top; y < piece.bottom; ++y) {
     if (table) {
-      table->Adjust(working.at(piece.left, y), start.at(piece.left, y), piece.right - piece.left);
+      table->Adjust(values.at(piece.left, y), start.at(piece.left, y), piece.right - piece.left,
+                    out.at(piece.left, y));
       continue;
     }
     for (int x = piece.left; x < piece.right; ++x) {
-      std::uint8_t* bytes = working.at(x, y);
+      const std::uint8_t* bytes = values.at(x, y);
       PixelValues pixel = {bytes[kBlue], bytes[kGreen], bytes[kRed]};
       AdjustTones(pixel, SumOfChannels(start.at(x, y)), settings);
-      StoreClamped(pixel, bytes);
+      out.at(x, y)[kUnused] = bytes[kUnused];
+      StoreClamped(pixel, out.at(x, y));
     }
   }
 }

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <vector>
 
@@ -43,49 +41,42 @@ void AdjustTones(PixelValues& pixel, int starting_sum, const AdjustmentSettings&
 void StoreClamped(const PixelValues& pixel, std::uint8_t* bytes);
 
 // All that the steps after the filters make of a pixel without focus, whose channels start them in
-// 0..255: each channel's result follows from its value and the starting sum alone, so one table
-// holds what AdjustTones gives for any of them, clamped.
+// 0..255: each channel's result follows from its value and the starting sum alone, so a table holds
+// what AdjustTones gives for any of them, clamped. One table for all three channels, unless hue or
+// white balance treat them differently: what is looked up ought to stay in the nearest cache.
 class ToneTable {
  public:
   explicit ToneTable(const AdjustmentSettings& settings);
 
-  // Adjusts `count` pixels of a row in place; `start` are the same pixels before any step.
-  void Adjust(std::uint8_t* pixels, const std::uint8_t* start, int count) const;
+  // Adjusts `count` pixels of a row, `values`, into `out`; `start` are the same pixels before any
+  // step. All three may be the same. The unused byte is that of `values`.
+  void Adjust(const std::uint8_t* values, const std::uint8_t* start, int count,
+              std::uint8_t* out) const;
 
   // One pixel whose channels have these values, 0 to 255; the unused byte stays.
   void AdjustPixel(int blue, int green, int red, int starting_sum, std::uint8_t* pixel) const {
-    const std::uint32_t* row = &results_[static_cast<std::size_t>(starting_sum) * 256];
-    Merge(row[blue], row[green], row[red], pixel);
+    const std::uint8_t* row = &results_[static_cast<std::size_t>(starting_sum) * kValues];
+    pixel[kBlue] = row[from_[kBlue] + blue];
+    pixel[kGreen] = row[from_[kGreen] + green];
+    pixel[kRed] = row[from_[kRed] + red];
   }
 
   // From about this many pixels on a table is worth making.
-  static constexpr std::size_t kWorthwhile = 400000;
+  static constexpr std::size_t kWorthwhile = 100000;
 
  private:
-  // Takes each channel from its own result.
-  static void Merge(std::uint32_t blue, std::uint32_t green, std::uint32_t red,
-                    std::uint8_t* pixel) {
-    constexpr auto mask = [](int channel) {
-      std::array<std::uint8_t, kBytesPerPixel> bytes = {};
-      bytes[channel] = 255;
-      return std::bit_cast<std::uint32_t>(bytes);
-    };
-    std::uint32_t bytes;
-    std::memcpy(&bytes, pixel, sizeof(bytes));
-    bytes = (bytes & mask(kUnused)) | (blue & mask(kBlue)) | (green & mask(kGreen)) |
-            (red & mask(kRed));
-    std::memcpy(pixel, &bytes, sizeof(bytes));
-  }
+  static constexpr std::size_t kValues = 256;
+  static constexpr std::size_t kTableBytes = 766 * kValues;
 
-  // By starting sum and value: the results in the order of a pixel, the unused channel 0.
-  std::vector<std::uint32_t> results_;
+  std::vector<std::uint8_t> results_;            // by starting sum and value
+  std::array<std::size_t, 3> from_ = {0, 0, 0};  // where the channel's table begins
 };
 
-// Adjusts the pixels of `piece` of `working`, focus apart: tones, clamp. `start` is the picture
-// before any step, which may be `working` itself when there was no other step; `table` may be null.
-// Pixels are independent of each other.
-void AdjustPiece(MutablePixelView working, const PixelView& start, const PicturePiece& piece,
-                 const AdjustmentSettings& settings, const ToneTable* table);
+// Adjusts the pixels of `piece` of `values` into `out`, focus apart: tones, clamp. `start` is the
+// picture before any step; all three may be the same picture; `table` may be null. Pixels are
+// independent of each other.
+void AdjustPiece(const PixelView& values, const PixelView& start, const PicturePiece& piece,
+                 const AdjustmentSettings& settings, const ToneTable* table, MutablePixelView out);
 
 // Adjusts column `x` of `working`, row 0 first: focus, tones, clamp. Columns must come in order, 0
 // first: the sharpening compares with neighbours that are fully corrected already to the left and

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 namespace tarnwell {
 
@@ -54,22 +53,26 @@ class PixelArray {
   PixelArray() = default;
   // Both sides 0, or both in 1..kMaxSide. Throws std::bad_alloc when memory does not suffice;
   // TryMakePixels is the form for sizes that come from a file.
-  PixelArray(int width, int height)
-      : width_(width),
-        height_(height),
-        bytes_(static_cast<std::size_t>(width) * height * kBytesPerPixel) {}
+  PixelArray(int width, int height);
+  PixelArray(const PixelArray& other);
+  PixelArray& operator=(const PixelArray& other);
 
   int width() const { return width_; }
   int height() const { return height_; }
-  PixelView view() const { return {bytes_.data(), width_, height_}; }
-  MutablePixelView mutable_view() { return {bytes_.data(), width_, height_}; }
+  PixelView view() const { return {bytes_.get(), width_, height_}; }
+  MutablePixelView mutable_view() { return {bytes_.get(), width_, height_}; }
 
-  bool operator==(const PixelArray&) const = default;
+  bool operator==(const PixelArray& other) const;
 
  private:
+  struct Returner {
+    std::size_t bytes;
+    void operator()(std::uint8_t* memory) const;
+  };
+
   int width_ = 0;
   int height_ = 0;
-  std::vector<std::uint8_t> bytes_;
+  std::unique_ptr<std::uint8_t[], Returner> bytes_;
 };
 
 // A finished picture, shared by the surfaces that show it and changed by none of them. Null means

@@ -51,20 +51,35 @@ BitmapHeader HeaderFor(int width, int height) {
   return header;
 }
 
-bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source, bool with_noise_reference) {
+bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source) {
   PhotoSurfaces& surfaces = buffer.surfaces;
   const Picture image = SurfaceOf(surfaces, source).image;
   if (IsEmpty(image)) return false;
-  std::shared_ptr<PixelArray> copy = TryCopyPixels(image->view());
-  if (!copy) return false;
 
   if (source == PixelSource::kThumbnail) surfaces.picThumb.picture = image;
   if (source == PixelSource::kOriginal) surfaces.picOriginal.picture = image;
   if (source != PixelSource::kSourceAsItStands) Display(surfaces.picSource, image);
-  ReplaceWorkingPixels(buffer, std::move(copy));
-  // No copy: nobody changes a shared picture, so it stays the pixels that were read.
-  buffer.noise_reference = with_noise_reference ? image : nullptr;
+  buffer.width = image->width();
+  buffer.height = image->height();
+  DescribeTransfer(buffer, buffer.width, buffer.height);
+  buffer.read = image;
+  buffer.working = nullptr;
   return true;
+}
+
+PixelView WorkingPixels(const PixelBuffer& buffer) {
+  if (buffer.working) return buffer.working->view();
+  return buffer.read ? buffer.read->view() : PixelView();
+}
+
+bool CopyWorkingPixels(PixelBuffer& buffer) {
+  if (!buffer.working && buffer.read) buffer.working = TryCopyPixels(buffer.read->view());
+  return buffer.working != nullptr;
+}
+
+bool MakeWorkingPixels(PixelBuffer& buffer) {
+  buffer.working = TryMakePixels(buffer.width, buffer.height);
+  return buffer.working != nullptr;
 }
 
 void ReadGraphicPixels(PixelBuffer& buffer) {
@@ -75,12 +90,15 @@ void ReadGraphicPixels(PixelBuffer& buffer) {
 }
 
 void WriteSourcePixels(PixelBuffer& buffer, PendingEvents& events) {
-  if (!buffer.working) return;
+  Picture pixels = std::exchange(buffer.working, nullptr);
+  const Picture read = std::exchange(buffer.read, nullptr);
+  if (!pixels) pixels = read;
+  if (!pixels) return;
   PictureSurface& target = buffer.surfaces.picSource;
   DescribeTransfer(buffer, buffer.width, buffer.height);
   target.left = 0;
   target.top = 0;
-  Display(target, std::exchange(buffer.working, nullptr));
+  Display(target, std::move(pixels));
   MakeThumbnail(buffer, events);
 }
 

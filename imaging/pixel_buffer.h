@@ -68,8 +68,11 @@ struct PixelBuffer {
   int row_padding = 0;
   int width = 0;  // of the working pixels
   int height = 0;
-  std::shared_ptr<PixelArray> working;  // working pixels; null before the first read
-  Picture noise_reference;  // the same pixels unchanged; null while "Noise Reduction" is closed
+  // The working pixels as they were read. Nobody changes a shared picture, so this is no copy, and
+  // the noise reference as well.
+  Picture read;
+  // The working pixels from the first change on; null before, when `read` stands for them.
+  std::shared_ptr<PixelArray> working;
   Picture graphic;
   // Size of the preview when its shadow was last drawn.
   int shadow_width = 0;
@@ -81,17 +84,27 @@ struct PixelBuffer {
 // Which surface ReadSourcePixels takes as the working image.
 enum class PixelSource { kSourceAsItStands = 0, kThumbnail = 1, kOriginal = 2 };
 
-// Takes a surface as the working image and reads it into the working pixels (and, when
-// `with_noise_reference`, into the noise reference). False, with the working pixels as they were,
-// when the surface is empty or memory does not suffice.
-bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source, bool with_noise_reference);
+// Takes a surface as the working image and reads it into the working pixels. False, with the
+// working pixels as they were, when the surface is empty.
+bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source);
+
+// The working pixels as they stand; empty before the first read.
+PixelView WorkingPixels(const PixelBuffer& buffer);
+
+// Makes `working`, for changes in place, as a copy of the pixels that were read; does nothing when
+// it is there already. False when memory does not suffice.
+bool CopyWorkingPixels(PixelBuffer& buffer);
+
+// Makes `working` new, for a pass that writes every pixel of it and takes them from `read`. False
+// when memory does not suffice.
+bool MakeWorkingPixels(PixelBuffer& buffer);
 
 // Reads picGraphic into the graphic pixels.
 void ReadGraphicPixels(PixelBuffer& buffer);
 
 // Makes the working pixels the displayed picture of picSource, at left 0, top 0 and their size,
-// then rebuilds the preview. The buffer gives its working array away (`working` is null
-// then): read before changing again. Without working pixels nothing happens.
+// then rebuilds the preview. The buffer gives its working pixels away: read before changing again.
+// Without working pixels nothing happens.
 void WriteSourcePixels(PixelBuffer& buffer, PendingEvents& events);
 
 // Puts `pixels`, of the buffer's new size, in place of the working pixels and rebuilds the header.

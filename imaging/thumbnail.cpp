@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "imaging/pixel_buffer.h"
 #include "platform/events.h"
@@ -55,11 +56,15 @@ Picture StretchPicture(const PixelView& source, ThumbnailSize size) {
   std::shared_ptr<PixelArray> stretched = TryMakePixels(size.width, size.height);
   if (!stretched) return nullptr;
   const MutablePixelView target = stretched->mutable_view();
+  std::vector<std::size_t> from(target.width);  // bytes from the row's start
+  for (int x = 0; x < target.width; ++x) {
+    from[x] = std::size_t{kBytesPerPixel} * NearestSource(x, source.width, target.width);
+  }
   for (int y = 0; y < target.height; ++y) {
-    const int source_y = NearestSource(y, source.height, target.height);
-    for (int x = 0; x < target.width; ++x) {
-      const int source_x = NearestSource(x, source.width, target.width);
-      std::memcpy(target.at(x, y), source.at(source_x, source_y), kBytesPerPixel);
+    const std::uint8_t* row = source.at(0, NearestSource(y, source.height, target.height));
+    std::uint8_t* pixel = target.at(0, y);
+    for (int x = 0; x < target.width; ++x, pixel += kBytesPerPixel) {
+      std::memcpy(pixel, row + from[x], kBytesPerPixel);
     }
   }
   return stretched;

@@ -27,8 +27,8 @@ struct Form1 {
 
   PixelBuffer buffer = {};
   OutputNames names = {};
-  LearningData learning = {};          // of the current camera and mode
-  BrightnessHistogram histogram = {};  // of the picture that was measured last
+  LearningData learning = {};       // of the current camera and mode
+  PictureHistogram histogram = {};  // of the picture that was measured last
   // The photo in picOriginal has been measured since it came there; a run measures it first
   // otherwise.
   bool correction_ready = false;

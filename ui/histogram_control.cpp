@@ -14,7 +14,7 @@ void HistogramControl::Create(HWND parent) {
 }
 
 void HistogramControl::Update() {
-  limits_ = LimitsOf(form_.histogram, form_.modules);
+  limits_ = LimitsOf(form_.histogram.counts(), form_.modules);
   if (limits_.known) {
     SetAccessibleValue(handle(), L"black point " + std::to_wstring(std::lround(limits_.black / 3)) +
                                      L", white point " +
@@ -45,7 +45,7 @@ void HistogramControl::Paint(Painter& painter, const Box& client) {
                  DT_CENTER);
     return;
   }
-  const std::vector<double> heights = HistogramBars(form_.histogram, bars.width);
+  const std::vector<double> heights = HistogramBars(form_.histogram.counts(), bars.width);
   const Colour colour = Mix(theme.card, theme.accent, 0.65);
   for (int column = 0; column < bars.width; ++column) {
     const int height = static_cast<int>(std::lround(heights[column] * bars.height));

@@ -1,6 +1,8 @@
 #include "engine/analysis.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "tests/support/pictures.h"
 
@@ -34,12 +36,12 @@ TEST(ToneLimitsTest, AlwaysLeaveSomethingToMeasure) {
 }
 
 Measurements MeasureAll(const PixelView& pixels, const ToneLimits& limits, int top_level) {
-  Measurements found;
-  for (int x = 0; x < pixels.width; ++x) MeasureColumn(pixels, x, limits, top_level, found);
-  return found;
+  AnalysisPass pass(pixels, CountBrightness(pixels), limits, top_level);
+  for (int part = 0; part < pass.part_count(); ++part) pass.Measure(part);
+  return pass.found();
 }
 
-TEST(MeasureColumnTest, MeasuresOnlyPixelsWithinTheLimits) {
+TEST(AnalysisPassTest, MeasuresOnlyPixelsWithinTheLimits) {
   const auto picture = PictureOf(2, {{200, 100, 50}, {255, 255, 255}, {10, 20, 30}, {1, 0, 0}});
   const Measurements found = MeasureAll(picture->view(), {350, 60}, 255);
   EXPECT_EQ(found.count, 2u);
@@ -53,7 +55,7 @@ TEST(MeasureColumnTest, MeasuresOnlyPixelsWithinTheLimits) {
   EXPECT_DOUBLE_EQ(found.saturation_total, 170 / 255.0);
 }
 
-TEST(MeasureColumnTest, ABlackPixelHasATraceOfSaturationAndNothingElse) {
+TEST(AnalysisPassTest, ABlackPixelHasATraceOfSaturationAndNothingElse) {
   const auto black = PictureOf(1, {{0, 0, 0}});
   Measurements found = MeasureAll(black->view(), {765, 0}, 100);
   EXPECT_DOUBLE_EQ(found.highest_saturation, 0.00001);
@@ -63,6 +65,53 @@ TEST(MeasureColumnTest, ABlackPixelHasATraceOfSaturationAndNothingElse) {
   EXPECT_EQ(found.count, 1u);
   EXPECT_EQ(found.highest_saturation, 0);
   EXPECT_EQ(found.lowest_saturation, 255);
+}
+
+// The rule, pixel by pixel.
+Measurements MeasuredPlainly(const PixelView& pixels, const ToneLimits& limits, int top_level) {
+  Measurements found;
+  for (int x = 0; x < pixels.width; ++x) {
+    for (int y = 0; y < pixels.height; ++y) {
+      const TestPixel pixel = PixelAt(pixels, x, y);
+      const int sum = pixel.red + pixel.green + pixel.blue;
+      if (sum > limits.white_point || sum < limits.black_point) continue;
+      const int highest = std::max({pixel.red, pixel.green, pixel.blue});
+      const int lowest = std::min({pixel.red, pixel.green, pixel.blue});
+      const double saturation = ((highest == 0 ? 0.001 : highest) - lowest) / top_level;
+      found.lowest_sum = std::min<double>(found.lowest_sum, sum);
+      found.highest_sum = std::max<double>(found.highest_sum, sum);
+      found.highest_max_channel = std::max(found.highest_max_channel, highest);
+      found.lowest_min_channel = std::min(found.lowest_min_channel, lowest);
+      ++found.count;
+      found.brightness_total += sum / 765.0;
+      found.saturation_total += saturation;
+      found.lowest_saturation = std::min(found.lowest_saturation, saturation);
+      found.highest_saturation = std::max(found.highest_saturation, saturation);
+    }
+  }
+  return found;
+}
+
+TEST(AnalysisPassTest, AddsInTheOrderOfTheRuleToTheLastBit) {
+  for (const int width : {1, 15, 16, 17, 77}) {
+    auto picture = std::make_shared<PixelArray>(*RandomPixels(width, 53, width));
+    SetPixel(picture->mutable_view(), 0, 7, {0, 0, 0});
+    for (const ToneLimits limits :
+         {ToneLimits{765, 0}, {700.5, 99.5}, {420, 420}, {766.6, 1}, {2, 0}, {8, 7.5}}) {
+      SCOPED_TRACE(testing::Message() << width << " columns, white point " << limits.white_point);
+      const Measurements expected = MeasuredPlainly(picture->view(), limits, 231);
+      const Measurements found = MeasureAll(picture->view(), limits, 231);
+      EXPECT_EQ(found.brightness_total, expected.brightness_total);
+      EXPECT_EQ(found.saturation_total, expected.saturation_total);
+      EXPECT_EQ(found.highest_saturation, expected.highest_saturation);
+      EXPECT_EQ(found.lowest_saturation, expected.lowest_saturation);
+      EXPECT_EQ(found.highest_max_channel, expected.highest_max_channel);
+      EXPECT_EQ(found.lowest_min_channel, expected.lowest_min_channel);
+      EXPECT_EQ(found.highest_sum, expected.highest_sum);
+      EXPECT_EQ(found.lowest_sum, expected.lowest_sum);
+      EXPECT_EQ(found.count, expected.count);
+    }
+  }
 }
 
 TEST(DeriveCorrectionTest, ByHand) {

@@ -88,27 +88,39 @@ TEST(AdjustPixelsTest, ClampsAtTheEndAndLeavesTheUnusedChannel) {
   picture->mutable_view().at(0, 0)[kUnused] = 9;
   AdjustmentSettings settings;
   settings.contrast_factor = -1;
-  AdjustPiece(picture->mutable_view(), picture->view(), {0, 0, 1, 1}, settings, nullptr);
+  AdjustPiece(picture->view(), picture->view(), {0, 0, 1, 1}, settings, nullptr,
+              picture->mutable_view());
   EXPECT_EQ(PixelAt(picture->view(), 0, 0), (TestPixel{255, 0, 72}));
   EXPECT_EQ(picture->view().at(0, 0)[kUnused], 9);
 }
 
 TEST(ToneTableTest, GivesWhatTheStepsGive) {
-  AdjustmentSettings settings;
-  settings.black_level = 7;
-  settings.gain = 1.37;
-  settings.hue_factors = {0.3f, -0.1f, 0.05f};
-  settings.white_balance_offsets = {-0.2, 0.1, 0.15};
-  settings.saturation_multiplier = 1.8;
-  settings.contrast_factor = -0.35;
-  const ToneTable table(settings);
-  // The second time with channels that another filter has moved away from the starting sum.
+  AdjustmentSettings tinted;
+  tinted.black_level = 7;
+  tinted.gain = 1.37;
+  tinted.hue_factors = {0.3f, -0.1f, 0.05f};
+  tinted.white_balance_offsets = {-0.2, 0.1, 0.15};
+  tinted.saturation_multiplier = 1.8;
+  tinted.contrast_factor = -0.35;
+  AdjustmentSettings plain;
+  plain.gain = 1.5;
+  // Steps that leave 16 bits do not happen.
+  AdjustmentSettings beyond = plain;
+  beyond.gain = 400;
+  beyond.saturation_multiplier = 300;
+  beyond.contrast_factor = 700;
   const auto start = RandomPixels(61, 40, 1);
-  for (const auto& moved : {start, RandomPixels(61, 40, 2)}) {
-    PixelArray expected = *moved, actual = *moved;
-    AdjustPiece(expected.mutable_view(), start->view(), {0, 0, 61, 40}, settings, nullptr);
-    AdjustPiece(actual.mutable_view(), start->view(), {0, 0, 61, 40}, settings, &table);
-    EXPECT_TRUE(actual == expected);
+  for (const AdjustmentSettings& settings : {tinted, plain, beyond}) {
+    const ToneTable table(settings);
+    // The second time with channels that another filter has moved away from the starting sum.
+    for (const auto& values : {start, RandomPixels(61, 40, 2)}) {
+      PixelArray expected(61, 40), actual(61, 40);
+      AdjustPiece(values->view(), start->view(), {0, 0, 61, 40}, settings, nullptr,
+                  expected.mutable_view());
+      AdjustPiece(values->view(), start->view(), {0, 0, 61, 40}, settings, &table,
+                  actual.mutable_view());
+      EXPECT_TRUE(actual == expected) << "gain " << settings.gain;
+    }
   }
 }
 

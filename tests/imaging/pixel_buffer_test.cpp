@@ -52,10 +52,10 @@ TEST_F(PixelBufferFlowTest, ReadTakesTheNamedSurfaceAsWorkingImage) {
                                                    {PixelSource::kOriginal, original}};
   for (const auto& [from, expected] : cases) {
     SCOPED_TRACE(static_cast<int>(from));
-    ASSERT_TRUE(ReadSourcePixels(buffer, from, false));
+    ASSERT_TRUE(ReadSourcePixels(buffer, from));
     EXPECT_EQ(buffer.surfaces.picSource.picture, expected);
     EXPECT_EQ(buffer.surfaces.picSource.width, expected->width());
-    EXPECT_EQ(*buffer.working, *expected);
+    EXPECT_EQ(WorkingPixels(buffer).data, expected->view().data) << "nothing is copied";
     EXPECT_EQ(buffer.width, expected->width());
     EXPECT_EQ(buffer.height, expected->height());
     EXPECT_EQ(buffer.header, HeaderFor(expected->width(), expected->height()));
@@ -64,29 +64,31 @@ TEST_F(PixelBufferFlowTest, ReadTakesTheNamedSurfaceAsWorkingImage) {
 
 TEST_F(PixelBufferFlowTest, ReadTakesTheDrawingImageAndShowsIt) {
   buffer.surfaces.picThumb.image = RandomPixels(7, 5, 4);
-  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kThumbnail, false));
+  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kThumbnail));
   EXPECT_EQ(buffer.surfaces.picThumb.picture, buffer.surfaces.picThumb.image);
   EXPECT_EQ(buffer.surfaces.picSource.image, buffer.surfaces.picThumb.image);
   EXPECT_EQ(buffer.width, 7);
 }
 
-TEST_F(PixelBufferFlowTest, CorrectionsReachNeitherTheSurfacesNorTheNoiseReference) {
+TEST_F(PixelBufferFlowTest, CorrectionsReachNeitherTheSurfacesNorWhatWasRead) {
   const PixelArray before = *original;
-  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kOriginal, true));
+  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kOriginal));
+  ASSERT_TRUE(CopyWorkingPixels(buffer));
+  EXPECT_EQ(*buffer.working, before);
   buffer.working->mutable_view().at(5, 5)[kGreen] ^= 0xff;
-  EXPECT_EQ(*buffer.noise_reference, before);
+  EXPECT_EQ(WorkingPixels(buffer).data, buffer.working->view().data);
+  EXPECT_EQ(*buffer.read, before);
   EXPECT_EQ(*buffer.surfaces.picSource.picture, before);
   EXPECT_EQ(*buffer.surfaces.picOriginal.picture, before);
-  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kOriginal, false));
-  EXPECT_EQ(buffer.noise_reference, nullptr);
+  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kOriginal));
+  EXPECT_EQ(WorkingPixels(buffer).data, original->view().data) << "a read starts anew";
 }
 
 TEST_F(PixelBufferFlowTest, AFailedReadLeavesEverythingAsItWas) {
-  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kSourceAsItStands, true));
+  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kSourceAsItStands));
   buffer.surfaces.picThumb = {};
-  EXPECT_FALSE(ReadSourcePixels(buffer, PixelSource::kThumbnail, false));
-  EXPECT_EQ(*buffer.working, *source);
-  EXPECT_EQ(buffer.noise_reference, source);
+  EXPECT_FALSE(ReadSourcePixels(buffer, PixelSource::kThumbnail));
+  EXPECT_EQ(buffer.read, source);
   EXPECT_EQ(buffer.surfaces.picSource.picture, source);
   EXPECT_EQ(buffer.header, HeaderFor(20, 10));
 }
@@ -111,34 +113,36 @@ TEST_F(PixelBufferFlowTest, WritePlacesTheWorkingPixelsAndRebuildsThePreview) {
   EXPECT_EQ(buffer.header, HeaderFor(1000, 500));
   EXPECT_EQ(events.runs, 1);
 
-  EXPECT_EQ(buffer.working, nullptr) << "what is shown must not be changed any more";
-  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kSourceAsItStands, false));
+  EXPECT_TRUE(WorkingPixels(buffer).empty()) << "what is shown must not be changed any more";
+  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kSourceAsItStands));
+  ASSERT_TRUE(CopyWorkingPixels(buffer));
   buffer.working->mutable_view().data[0] ^= 0xff;
   EXPECT_EQ(*shown.picture, *corrected);
 }
 
 TEST_F(PixelBufferFlowTest, AFullRunAfterAPreviewStartsFromTheUncorrectedPhoto) {
-  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kThumbnail, false));
+  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kThumbnail));
+  ASSERT_TRUE(CopyWorkingPixels(buffer));
   buffer.working->mutable_view().data[0] ^= 0xff;
   WriteSourcePixels(buffer, events);
   EXPECT_EQ(buffer.surfaces.picSource.width, 320);
   EXPECT_NE(*buffer.surfaces.picThumb.picture, *thumb);
 
-  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kOriginal, false));
-  EXPECT_EQ(*buffer.working, *original);
+  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kOriginal));
+  EXPECT_EQ(WorkingPixels(buffer).data, original->view().data);
   WriteSourcePixels(buffer, events);
   EXPECT_EQ(buffer.surfaces.picSource.width, 640);
   EXPECT_EQ(*buffer.surfaces.picThumb.picture, *ThumbnailOf(original->view()));
 }
 
 TEST_F(PixelBufferFlowTest, TheGraphicIsKeptApartFromTheWorkingPixels) {
-  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kSourceAsItStands, false));
+  ASSERT_TRUE(ReadSourcePixels(buffer, PixelSource::kSourceAsItStands));
   const Picture graphic = RandomPixels(4, 3, 6);
   Display(buffer.surfaces.picGraphic, graphic);
   ReadGraphicPixels(buffer);
   EXPECT_EQ(buffer.graphic, graphic);
   EXPECT_EQ(buffer.width, 20);
-  EXPECT_EQ(*buffer.working, *source);
+  EXPECT_EQ(buffer.read, source);
 }
 
 }  // namespace

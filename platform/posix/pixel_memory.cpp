@@ -1,0 +1,58 @@
+#include "platform/pixel_memory.h"
+
+#include <cstdlib>
+#include <sys/mman.h>
+
+namespace tarnwell {
+namespace {
+
+constexpr std::size_t kLargePage = std::size_t{2} << 20;
+
+// Sanitizers watch the borders of what calloc gives, and of nothing else.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kMaps = false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kMaps = false;
+#else
+constexpr bool kMaps = true;
+#endif
+#else
+constexpr bool kMaps = true;
+#endif
+
+// Smaller pictures could not fill a large page.
+bool IsMapped(std::size_t bytes) { return kMaps && bytes >= kLargePage; }
+
+}  // namespace
+
+std::uint8_t* TakePixelMemory(std::size_t bytes) {
+  if (!IsMapped(bytes)) return static_cast<std::uint8_t*>(std::calloc(bytes, 1));
+  // Large pages lie at multiples of their size: room for the first of them to be found.
+  const std::size_t room = bytes + kLargePage;
+  if (room < bytes) return nullptr;
+  void* mapped = mmap(nullptr, room, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (mapped == MAP_FAILED) return nullptr;
+  const auto start = reinterpret_cast<std::uintptr_t>(mapped);
+  const std::uintptr_t first = (start + kLargePage - 1) & ~(kLargePage - 1);
+  if (first > start) munmap(mapped, first - start);
+  const std::uintptr_t end = first + bytes;
+  const std::uintptr_t page_end = (end + 4095) & ~std::uintptr_t{4095};
+  if (start + room > page_end) {
+    munmap(reinterpret_cast<void*>(page_end), start + room - page_end);
+  }
+  // A system without large pages refuses the advice, and all works as before.
+  madvise(reinterpret_cast<void*>(first), bytes, MADV_HUGEPAGE);
+  return reinterpret_cast<std::uint8_t*>(first);
+}
+
+void ReturnPixelMemory(std::uint8_t* memory, std::size_t bytes) {
+  if (memory == nullptr) return;
+  if (IsMapped(bytes)) {
+    munmap(memory, bytes);
+  } else {
+    std::free(memory);
+  }
+}
+
+}  // namespace tarnwell
