@@ -9,6 +9,7 @@
 #include "engine/adjust_photo.h"
 #include "engine/learning_store.h"
 #include "imaging/cdib_section.h"
+#include "imaging/jpeg_library.h"
 #include "imaging/output_names.h"
 #include "imaging/photo_title.h"
 #include "imaging/save_jpeg_file.h"
@@ -93,21 +94,33 @@ bool IsJpegPath(const std::string& path) {
   return extension == ".jpg" || extension == ".jpeg";
 }
 
-Status WriteJpeg(Form1& form, const std::string& path) {
+// Through a section of 24 bits: what the external library knows.
+Status WriteJpegSection(Form1& form, const PixelView& picture, const std::string& path,
+                        int quality) {
   const std::string shown_path = form.platform.files.Display(path);
-  const std::optional<int> quality = form.modules.Value(kJpegQualitySlider);
-  if (!quality) {
-    return Status::Error(Failure::kOther, shown_path + ": the JPEG quality is no whole number");
-  }
   cDIBSection section;
-  section.CreateFromPicture(form.buffer.surfaces.picSource.picture->view());
+  section.CreateFromPicture(picture);
   if (section.DIBSectionBitsPtr() == nullptr) {
     return Status::Error(Failure::kTooLarge, shown_path + ": there is not enough memory to save");
   }
-  const bool written = SaveJpegFile(section, path, std::clamp(*quality, 0, 100), form.platform.jpeg,
+  const bool written = SaveJpegFile(section, path, quality, form.platform.jpeg,
                                     form.platform.dialogs, form.app.title);
   if (written) return Status::Ok();
   return Status::Error(Failure::kOther, shown_path + ": the JPEG file could not be written");
+}
+
+Status WriteJpeg(Form1& form, const std::string& path) {
+  const std::optional<int> value = form.modules.Value(kJpegQualitySlider);
+  if (!value) {
+    return Status::Error(Failure::kOther, form.platform.files.Display(path) +
+                                              ": the JPEG quality is no whole number");
+  }
+  const int quality = std::clamp(*value, 0, 100);
+  const PixelView picture = form.buffer.surfaces.picSource.picture->view();
+  JpegLibrary& library = form.platform.jpeg;
+  if (!library.TakesPictures()) return WriteJpegSection(form, picture, path, quality);
+  return library.WritePicture(path,
+                              {.pixels = picture, .quality = quality, .threads = form.threads});
 }
 
 // The user chose `path` and never heard of the temporary file beside it.

@@ -161,7 +161,7 @@ void ReadUnit(const BgrRows& rows, int left, int top, Unit& unit) {
   for (int j = 0; j < unit.side; ++j) {
     const std::uint8_t* row = rows.top + std::min(top + j, rows.height - 1) * rows.step;
     for (int i = 0; i < unit.side; ++i) {
-      const std::uint8_t* pixel = row + std::min(left + i, rows.width - 1) * 3;
+      const std::uint8_t* pixel = row + std::min(left + i, rows.width - 1) * rows.pixel_bytes;
       const float blue = pixel[0], green = pixel[1], red = pixel[2];
       const int at = j * unit.side + i;
       unit.y[at] = 0.299f * red + 0.587f * green + 0.114f * blue - 128;

@@ -6,12 +6,14 @@
 
 namespace tarnwell {
 
-// Rows of blue, green, red bytes; `step` leads from a row to the one below and may be negative.
+// Rows of blue, green, red bytes, and perhaps a fourth that does not matter; `step` leads from a
+// row to the one below and may be negative.
 struct BgrRows {
   const std::uint8_t* top = nullptr;
   std::ptrdiff_t step = 0;
   int width = 0;  // 1 to kMaxSide, like the height
   int height = 0;
+  int pixel_bytes = 3;  // 3 or 4
 };
 
 // The content of a baseline JPEG file of the picture, YCbCr, at `quality` 0 to 100, the chrominance

@@ -3,6 +3,9 @@
 #include <cstdint>
 #include <string>
 
+#include "imaging/pixel_array.h"
+#include "platform/status.h"
+
 namespace tarnwell {
 
 // The core properties record of the external JPEG library: 21 fields of 32 bits, then the
@@ -37,6 +40,15 @@ static_assert(sizeof(void*) != 4 || sizeof(JPEG_CORE_PROPERTIES) == 20084);
 // The mode of ijlWrite that writes a whole picture to the file named in JPGFile.
 inline constexpr int kWriteWholeFile = 8;
 
+// A picture to be written as a JPEG file, as the program's own encoders take it: without a section
+// of 24 bits, which for a photo is tens of megabytes that would be filled to be read once.
+struct JpegPicture {
+  PixelView pixels;
+  int quality = 0;               // 0 to 100
+  bool half_chrominance = true;  // chrominance of half resolution in both directions, or of full
+  int threads = 1;               // that may be used; the file is the same for any number
+};
+
 // The three calls of the JPEG library that the program makes. 0 means success, anything else is an
 // error code. The external library answers them where it can be bound; everywhere else the
 // platform's own encoder does.
@@ -51,6 +63,17 @@ class JpegLibrary {
   // A UTF-8 path in the spelling that JPGFile takes: the system's 8-bit code page for the external
   // library, UTF-8 for the program's own encoders.
   virtual std::string EncodePath(const std::string& path) = 0;
+
+  // Whether WritePicture may be called: on the program's own encoders.
+  virtual bool TakesPictures() const { return false; }
+
+  // Writes `picture` to the file `path` (UTF-8, in the program's spelling). On failure no new file
+  // is left.
+  virtual Status WritePicture(const std::string& path, const JpegPicture& picture);
 };
+
+inline Status JpegLibrary::WritePicture(const std::string& path, const JpegPicture&) {
+  return Status::Error(Failure::kUnsupported, path + ": the JPEG library takes no pictures");
+}
 
 }  // namespace tarnwell

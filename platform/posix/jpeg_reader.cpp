@@ -58,12 +58,6 @@ void InksToLight(MutablePixelView picture, bool inverted) {
   }
 }
 
-void ClearUnused(MutablePixelView picture) {
-  for (std::size_t i = 0; i < picture.pixel_count(); ++i) {
-    picture.data[i * kBytesPerPixel + kUnused] = 0;
-  }
-}
-
 }  // namespace
 
 Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name,
@@ -86,11 +80,7 @@ Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name,
   if (!ReadJpegRows(decoder.get(), view.data, view.stride())) {
     return ProblemStatus(decoder->errors, name);
   }
-  if (IsFourInks(*decoder)) {
-    InksToLight(view, info.saw_Adobe_marker);
-  } else {
-    ClearUnused(view);
-  }
+  if (IsFourInks(*decoder)) InksToLight(view, info.saw_Adobe_marker);
   return Picture(pixels);
 }
 

@@ -1,5 +1,9 @@
 #include "platform/posix/jpeg_steps.h"
 
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
 #include <jerror.h>
 
 namespace tarnwell {
@@ -30,8 +34,6 @@ JpegProblem ProblemOfError(int code) {
     case JERR_IMAGE_TOO_BIG:
     case JERR_WIDTH_OVERFLOW:
       return JpegProblem::kTooLarge;
-    case JERR_FILE_WRITE:
-      return JpegProblem::kWriteFailed;
     default:
       return JpegProblem::kDamaged;
   }
@@ -78,24 +80,53 @@ void SetUp(JpegErrors* errors) {
   errors->text[0] = '\0';
 }
 
-void Encode(jpeg_compress_struct* info, const JpegRows* rows, int quality, bool half_chrominance,
-            std::FILE* file) {
+void PutTable(const FittedHuffmanTable& from, JHUFF_TBL* to) {
+  to->bits[0] = 0;
+  std::copy_n(from.counts.begin(), from.counts.size(), to->bits + 1);
+  std::copy_n(from.symbols.begin(), from.symbols.size(), to->huffval);
+}
+
+void Encode(jpeg_compress_struct* info, const JpegRows* rows, const JpegCoding* coding,
+            JpegBytes* file) {
   jpeg_create_compress(info);
-  jpeg_stdio_dest(info, file);
+  jpeg_mem_dest(info, &file->data, &file->size);
   info->image_width = static_cast<JDIMENSION>(rows->width);
   info->image_height = static_cast<JDIMENSION>(rows->height);
-  info->input_components = 3;
-  info->in_color_space = JCS_EXT_BGR;
+  info->input_components = rows->pixel_bytes;
+  info->in_color_space = rows->pixel_bytes == 4 ? JCS_EXT_BGRX : JCS_EXT_BGR;
   jpeg_set_defaults(info);
-  jpeg_set_quality(info, quality, TRUE);
-  if (!half_chrominance) info->comp_info[0].h_samp_factor = info->comp_info[0].v_samp_factor = 1;
+  jpeg_set_quality(info, coding->quality, TRUE);
+  if (!coding->half_chrominance) {
+    info->comp_info[0].h_samp_factor = info->comp_info[0].v_samp_factor = 1;
+  }
+  if (coding->tables != nullptr) {
+    for (int i = 0; i < 2; ++i) {
+      PutTable(coding->tables[2 * i], info->dc_huff_tbl_ptrs[i]);
+      PutTable(coding->tables[2 * i + 1], info->ac_huff_tbl_ptrs[i]);
+    }
+  }
+  info->restart_interval = static_cast<unsigned>(coding->restart_interval);
   jpeg_start_compress(info, TRUE);
   while (info->next_scanline < info->image_height) {
-    const auto y = static_cast<std::ptrdiff_t>(info->next_scanline);
+    auto y = static_cast<std::ptrdiff_t>(info->next_scanline);
+    if (rows->band > 0) y += y / rows->band * rows->band * (rows->every - 1);
     auto* row = const_cast<JSAMPROW>(rows->top + y * rows->step);
     jpeg_write_scanlines(info, &row, 1);
   }
   jpeg_finish_compress(info);
+}
+
+// The library fills the fourth byte of a pixel with what it likes; pictures have 0 there. Done
+// while the row is still in the nearest cache.
+void ClearUnused(std::uint8_t* row, JDIMENSION width) {
+  constexpr auto kColours =
+      std::bit_cast<std::uint32_t>(std::array<std::uint8_t, 4>{255, 255, 255, 0});
+  for (JDIMENSION x = 0; x < width; ++x, row += 4) {
+    std::uint32_t pixel;
+    std::memcpy(&pixel, row, sizeof(pixel));
+    pixel &= kColours;
+    std::memcpy(row, &pixel, sizeof(pixel));
+  }
 }
 
 }  // namespace
@@ -127,6 +158,7 @@ bool ReadJpegRows(JpegDecoder* decoder, std::uint8_t* rows, std::size_t row_byte
   while (info->output_scanline < info->output_height) {
     JSAMPROW row = rows + info->output_scanline * row_bytes;
     jpeg_read_scanlines(info, &row, 1);
+    if (info->out_color_space != JCS_CMYK) ClearUnused(row, info->output_width);
   }
   jpeg_finish_decompress(info);
   return true;
@@ -138,12 +170,12 @@ bool IsFourInks(const JpegDecoder& decoder) {
   return decoder.info.jpeg_color_space == JCS_CMYK || decoder.info.jpeg_color_space == JCS_YCCK;
 }
 
-bool WriteJpegRows(const JpegRows& rows, int quality, bool half_chrominance, std::FILE* file) {
+bool EncodeJpegRows(const JpegRows& rows, const JpegCoding& coding, JpegBytes& file) {
   jpeg_compress_struct info = {};
   JpegErrors errors;
   SetUp(&errors);
   info.err = &errors.manager;
-  if (setjmp(errors.escape) == 0) Encode(&info, &rows, quality, half_chrominance, file);
+  if (setjmp(errors.escape) == 0) Encode(&info, &rows, &coding, &file);
   jpeg_destroy_compress(&info);
   return errors.problem == JpegProblem::kNone;
 }

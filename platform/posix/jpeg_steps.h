@@ -12,6 +12,8 @@
 #include <cstdio>  // libjpeg's header needs it before
 #include <jpeglib.h>
 
+#include "imaging/jpeg_huffman.h"
+
 namespace tarnwell {
 
 enum class JpegProblem {
@@ -19,7 +21,6 @@ enum class JpegProblem {
   kDamaged,      // data is missing or contradicts itself
   kUnsupported,  // a kind of JPEG that the library does not decode
   kTooLarge,     // more memory or more work than a photo may need
-  kWriteFailed,
 };
 
 struct JpegErrors {
@@ -43,7 +44,7 @@ struct JpegDecoder {
 bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size,
                     double most_scanned_pixels);
 
-// Decodes into rows of 4 bytes per pixel: blue, green, red and a byte of any value, or cyan,
+// Decodes into rows of 4 bytes per pixel: blue, green, red and 0, or cyan,
 // magenta, yellow and black for a picture of four inks. Reads on to the end marker.
 bool ReadJpegRows(JpegDecoder* decoder, std::uint8_t* rows, std::size_t row_bytes);
 
@@ -52,16 +53,36 @@ void CloseJpeg(JpegDecoder* decoder);
 // Whether the picture comes as four inks.
 bool IsFourInks(const JpegDecoder& decoder);
 
-// A picture of 3 bytes per pixel: blue, green, red.
+// Rows of pixels: blue, green, red, and perhaps a fourth byte that does not matter.
 struct JpegRows {
   const std::uint8_t* top = nullptr;  // the top row
   std::ptrdiff_t step = 0;            // bytes from a row to the one below it
   int width = 0;
   int height = 0;
+  int pixel_bytes = 3;  // 3 or 4
+  // Of each `every` bands of that many rows, only the first one is there; 0: the rows follow each
+  // other.
+  int band = 0;
+  int every = 1;
 };
 
-// Encodes as YCbCr at `quality` 0 to 100, with chrominance of half resolution in both directions or
-// of full resolution. False when the file cannot be written or the library refuses the size.
-bool WriteJpegRows(const JpegRows& rows, int quality, bool half_chrominance, std::FILE* file);
+// How they are encoded, as YCbCr.
+struct JpegCoding {
+  int quality = 0;                // 0 to 100
+  bool half_chrominance = false;  // chrominance of half resolution in both directions, or of full
+  int restart_interval = 0;       // units between two restart markers; 0 is none
+  // Four tables in the order of kHuffmanTables, in the place of those.
+  const FittedHuffmanTable* tables = nullptr;
+};
+
+// Bytes of malloc.
+struct JpegBytes {
+  unsigned char* data = nullptr;
+  unsigned long size = 0;
+};
+
+// Encodes a whole file into `file`, which is the caller's to free in any case. False when the
+// library refuses the size or memory does not suffice.
+bool EncodeJpegRows(const JpegRows& rows, const JpegCoding& coding, JpegBytes& file);
 
 }  // namespace tarnwell

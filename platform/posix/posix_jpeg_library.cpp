@@ -1,12 +1,12 @@
 #include "platform/posix/posix_jpeg_library.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 
 #include "imaging/pixel_array.h"
-#include "platform/posix/jpeg_steps.h"
+#include "platform/posix/jpeg_writer.h"
+#include "platform/posix/posix_error.h"
 #include "platform/posix/posix_file.h"
 #include "platform/posix/posix_path.h"
 
@@ -53,15 +53,6 @@ JpegRows RowsOf(const JPEG_CORE_PROPERTIES& record) {
   return rows;
 }
 
-bool WriteTo(PosixFile file, const JPEG_CORE_PROPERTIES& record) {
-  std::FILE* stream = fdopen(file.descriptor(), "wb");
-  if (stream == nullptr) return false;
-  file.Release();  // the stream closes it
-  const bool encoded = WriteJpegRows(RowsOf(record), record.jquality,
-                                     record.JPGSubsampling == kHalfChrominance, stream);
-  return std::fclose(stream) == 0 && encoded;
-}
-
 }  // namespace
 
 int PosixJpegLibrary::ijlInit(JPEG_CORE_PROPERTIES* record) {
@@ -85,7 +76,9 @@ int PosixJpegLibrary::ijlWrite(JPEG_CORE_PROPERTIES* record, int mode) {
   const std::string path = record->JPGFile;
   Result<PosixFile> file = OpenFile(path, O_WRONLY | O_CREAT | O_TRUNC, Subject::kNewFile);
   if (!file.ok()) return kCannotCreate;
-  if (WriteTo(std::move(*file), *record)) return kDone;
+  const auto bytes = EncodeJpegPicture(RowsOf(*record), record->jquality,
+                                       record->JPGSubsampling == kHalfChrominance, 1);
+  if (bytes && WriteAll(*file, *bytes, path).ok() && close(file->Release()) == 0) return kDone;
   unlink(ToSystemPath(path)->c_str());
   return kWriteFailed;
 }
@@ -97,6 +90,16 @@ int PosixJpegLibrary::ijlFree(JPEG_CORE_PROPERTIES* record) {
 // A path that no call accepts would change its meaning as a zero-terminated string.
 std::string PosixJpegLibrary::EncodePath(const std::string& path) {
   return ToSystemPath(path).ok() ? path : std::string();
+}
+
+Status PosixJpegLibrary::WritePicture(const std::string& path, const JpegPicture& picture) {
+  const PixelView& pixels = picture.pixels;
+  const JpegRows rows = {pixels.data, static_cast<std::ptrdiff_t>(pixels.stride()), pixels.width,
+                         pixels.height, kBytesPerPixel};
+  const auto bytes =
+      EncodeJpegPicture(rows, picture.quality, picture.half_chrominance, picture.threads);
+  if (!bytes) return PathError(Failure::kTooLarge, path, "there is not enough memory to save");
+  return WriteNewFile(path, *bytes);
 }
 
 }  // namespace tarnwell

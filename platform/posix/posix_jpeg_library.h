@@ -13,6 +13,8 @@ class PosixJpegLibrary : public JpegLibrary {
   int ijlWrite(JPEG_CORE_PROPERTIES* record, int mode) override;
   int ijlFree(JPEG_CORE_PROPERTIES* record) override;
   std::string EncodePath(const std::string& path) override;
+  bool TakesPictures() const override { return true; }
+  Status WritePicture(const std::string& path, const JpegPicture& picture) override;
 };
 
 }  // namespace tarnwell

@@ -67,4 +67,13 @@ int Win32JpegLibrary::ijlFree(JPEG_CORE_PROPERTIES* record) {
 
 std::string Win32JpegLibrary::EncodePath(const std::string& path) { return path; }
 
+Status Win32JpegLibrary::WritePicture(const std::string& path, const JpegPicture& picture) try {
+  const PixelView& pixels = picture.pixels;
+  const BgrRows rows = {pixels.data, static_cast<std::ptrdiff_t>(pixels.stride()), pixels.width,
+                        pixels.height, kBytesPerPixel};
+  return Win32Files().Replace(path, EncodeJpeg(rows, picture.quality, picture.half_chrominance));
+} catch (const std::bad_alloc&) {
+  return Status::Error(Failure::kTooLarge, path + ": there is not enough memory to save");
+}
+
 }  // namespace tarnwell
