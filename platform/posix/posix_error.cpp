@@ -6,54 +6,45 @@
 #include "platform/posix/posix_path.h"
 
 namespace tarnwell {
-namespace {
-
-const char* MissingText(Subject subject) {
-  switch (subject) {
-    case Subject::kFile:
-      return "no such file";
-    case Subject::kNewFile:
-      return "its folder does not exist";
-    case Subject::kFolder:
-      return "no such folder";
-    case Subject::kNewFolder:
-      return "the folder above it does not exist";
-  }
-  return "no such file";
-}
-
-}  // namespace
-
 Status PathError(Failure failure, const std::string& path, const std::string& reason) {
   return Status::Error(failure, DisplayPath(path) + ": " + reason);
 }
 
 Status SystemError(int error, const std::string& path, Subject subject) {
+  const auto because = [&](FileReason reason) {
+    return FileStatus(reason, DisplayPath(path), subject);
+  };
   switch (error) {
     case ENOENT:
     case ENOTDIR:
-      return PathError(Failure::kNotFound, path, MissingText(subject));
+      return because(FileReason::kMissing);
     case EEXIST:
-      return PathError(Failure::kExists, path, "something of that name exists already");
+      return because(FileReason::kTaken);
     case EACCES:
     case EPERM:
-      return PathError(Failure::kNoAccess, path, "no permission");
+      return because(FileReason::kNoPermission);
     case EROFS:
-      return PathError(Failure::kNoAccess, path, "the disk is read-only");
+      return because(FileReason::kReadOnlyDisk);
+    case EBUSY:
+    case ETXTBSY:
+      return because(FileReason::kInUse);
     case ENOSPC:
-      return PathError(Failure::kDiskFull, path, "disk full");
+      return because(FileReason::kDiskFull);
     case EDQUOT:
-      return PathError(Failure::kDiskFull, path, "your share of the disk is full");
-    case EISDIR:
-      return PathError(Failure::kOther, path, "is a folder, not a file");
+      return because(FileReason::kQuotaUsedUp);
+    case ENOMEM:
+      return because(FileReason::kNoMemory);
     case ENOTEMPTY:
-      return PathError(Failure::kOther, path, "the folder is not empty");
+      return because(FileReason::kFolderNotEmpty);
+    case ENAMETOOLONG:
+      return because(FileReason::kNameTooLong);
+    case EISDIR:
+      return because(FileReason::kIsFolder);
+    case ENXIO:
+    case ENODEV:
+      return because(FileReason::kNoFile);
     case EFBIG:
       return PathError(Failure::kOther, path, "the file would become too large");
-    case ENAMETOOLONG:
-      return PathError(Failure::kOther, path, "the name is too long");
-    case ENOMEM:
-      return PathError(Failure::kTooLarge, path, "not enough memory");
     case EMFILE:
     case ENFILE:
       return PathError(Failure::kOther, path, "too many files are open");
@@ -61,12 +52,6 @@ Status SystemError(int error, const std::string& path, Subject subject) {
       return PathError(Failure::kOther, path, "the disk reports an error");
     case ELOOP:
       return PathError(Failure::kOther, path, "links that lead round in a circle");
-    case EBUSY:
-    case ETXTBSY:
-      return PathError(Failure::kOther, path, "in use by another program");
-    case ENXIO:
-    case ENODEV:
-      return PathError(Failure::kOther, path, "is not a file");
     default:
       return PathError(Failure::kOther, path, std::generic_category().message(error));
   }

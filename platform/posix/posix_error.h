@@ -2,17 +2,9 @@
 
 #include <string>
 
-#include "platform/status.h"
+#include "platform/file_reason.h"
 
 namespace tarnwell {
-
-// What a call was about, so that a missing thing is named for what it is.
-enum class Subject {
-  kFile,       // an existing file
-  kNewFile,    // a file to be made: what can be missing is the folder
-  kFolder,     // an existing folder
-  kNewFolder,  // a folder to be made: what can be missing is the one above
-};
 
 // The failure of a system call (an errno value) on `path`, which is in the program's spelling.
 Status SystemError(int error, const std::string& path, Subject subject);

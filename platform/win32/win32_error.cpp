@@ -12,47 +12,32 @@ constexpr DWORD kDiskQuotaExceeded = 1295;
 
 struct Reason {
   DWORD code;
-  Failure failure;
-  const char* text;
+  FileReason reason;
 };
 
 constexpr Reason kReasons[] = {
-    {ERROR_ALREADY_EXISTS, Failure::kExists, "something of that name exists already"},
-    {ERROR_FILE_EXISTS, Failure::kExists, "something of that name exists already"},
-    {ERROR_ACCESS_DENIED, Failure::kNoAccess, "no permission"},
-    {ERROR_WRITE_PROTECT, Failure::kNoAccess, "the disk is read-only"},
-    {ERROR_SHARING_VIOLATION, Failure::kNoAccess, "in use by another program"},
-    {ERROR_LOCK_VIOLATION, Failure::kNoAccess, "in use by another program"},
-    {ERROR_DISK_FULL, Failure::kDiskFull, "disk full"},
-    {ERROR_HANDLE_DISK_FULL, Failure::kDiskFull, "disk full"},
-    {kDiskQuotaExceeded, Failure::kDiskFull, "your share of the disk is full"},
-    {ERROR_NOT_ENOUGH_MEMORY, Failure::kTooLarge, "not enough memory"},
-    {ERROR_OUTOFMEMORY, Failure::kTooLarge, "not enough memory"},
-    {ERROR_DIR_NOT_EMPTY, Failure::kOther, "the folder is not empty"},
-    {ERROR_INVALID_NAME, Failure::kOther, "not a valid file name"},
-    {ERROR_BAD_PATHNAME, Failure::kOther, "not a valid file name"},
-    {ERROR_FILENAME_EXCED_RANGE, Failure::kOther, "the name is too long"},
+    {ERROR_FILE_NOT_FOUND, FileReason::kMissing},
+    {ERROR_PATH_NOT_FOUND, FileReason::kMissing},
+    {ERROR_INVALID_DRIVE, FileReason::kMissing},
+    {ERROR_DIRECTORY, FileReason::kMissing},
+    {ERROR_BAD_NETPATH, FileReason::kMissing},
+    {ERROR_BAD_NET_NAME, FileReason::kMissing},
+    {ERROR_ALREADY_EXISTS, FileReason::kTaken},
+    {ERROR_FILE_EXISTS, FileReason::kTaken},
+    {ERROR_ACCESS_DENIED, FileReason::kNoPermission},
+    {ERROR_WRITE_PROTECT, FileReason::kReadOnlyDisk},
+    {ERROR_SHARING_VIOLATION, FileReason::kInUse},
+    {ERROR_LOCK_VIOLATION, FileReason::kInUse},
+    {ERROR_DISK_FULL, FileReason::kDiskFull},
+    {ERROR_HANDLE_DISK_FULL, FileReason::kDiskFull},
+    {kDiskQuotaExceeded, FileReason::kQuotaUsedUp},
+    {ERROR_NOT_ENOUGH_MEMORY, FileReason::kNoMemory},
+    {ERROR_OUTOFMEMORY, FileReason::kNoMemory},
+    {ERROR_DIR_NOT_EMPTY, FileReason::kFolderNotEmpty},
+    {ERROR_FILENAME_EXCED_RANGE, FileReason::kNameTooLong},
+    {ERROR_INVALID_NAME, FileReason::kInvalidName},
+    {ERROR_BAD_PATHNAME, FileReason::kInvalidName},
 };
-
-bool IsMissing(DWORD code) {
-  return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND ||
-         code == ERROR_INVALID_DRIVE || code == ERROR_DIRECTORY || code == ERROR_BAD_NETPATH ||
-         code == ERROR_BAD_NET_NAME;
-}
-
-const char* MissingText(Subject subject) {
-  switch (subject) {
-    case Subject::kFile:
-      return "no such file";
-    case Subject::kNewFile:
-      return "its folder does not exist";
-    case Subject::kFolder:
-      return "no such folder";
-    case Subject::kNewFolder:
-      return "the folder above it does not exist";
-  }
-  return "no such file";
-}
 
 // The system's sentence as the second half of ours: one line, no full stop.
 std::string SystemText(DWORD code) {
@@ -69,11 +54,8 @@ std::string SystemText(DWORD code) {
 }  // namespace
 
 Status StatusOfError(const std::string& path, std::uint32_t code, Subject subject) {
-  if (IsMissing(code)) {
-    return Status::Error(Failure::kNotFound, path + ": " + MissingText(subject));
-  }
   for (const Reason& reason : kReasons) {
-    if (reason.code == code) return Status::Error(reason.failure, path + ": " + reason.text);
+    if (reason.code == code) return FileStatus(reason.reason, path, subject);
   }
   return Status::Error(Failure::kOther, path + ": " + SystemText(code));
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/adjust_directory.h"
 #include "imaging/file_open.h"
 #include "tests/support/main_desk.h"
 
@@ -27,25 +28,11 @@ struct DirectoryDesk : MainDesk {
   }
 };
 
-TEST(RenderDirectory, AsksInThreeLinesAndDoesNothingWithoutAYes) {
-  for (const Answer answer : {Answer::kNo, Answer::kCancel}) {
-    DirectoryDesk desk;
-    desk.dialogs.answers = {answer};
-    desk.Click();
-    const ScriptedDialogs::Shown expected = {
-        ScriptedDialogs::Kind::kAsk, "Render Directory...",
-        "This will adjust all photos in the same directory as the current photo,\r"
-        "using the settings which are being applied to the current photo.\r\r"
-        "Are you sure you wish to continue?",
-        Icon::kQuestion};
-    EXPECT_EQ(desk.dialogs.shown, std::vector{expected});
-    EXPECT_FALSE(desk.folder.Holds("TWout"));
-  }
-}
-
 TEST(RenderDirectory, TellsWhatBecameOfThePhotos) {
   DirectoryDesk desk;
-  desk.dialogs.answers = {Answer::kYes};
+  desk.dialogs.answers = {Answer::kNo, Answer::kYes};
+  desk.Click();
+  EXPECT_FALSE(desk.folder.Holds("TWout"));
   desk.Click();
   EXPECT_EQ(desk.folder.Names("TWout"), (Texts{"a.jpg", "b.jpg"}));
   EXPECT_EQ(desk.status,
@@ -55,6 +42,18 @@ TEST(RenderDirectory, TellsWhatBecameOfThePhotos) {
   EXPECT_TRUE(told.starts_with("2 of 3 photos were corrected and saved in ")) << told;
   EXPECT_NE(told.find("c.jpg: "), std::string::npos) << told;
   EXPECT_EQ(desk.app.current_file, desk.folder.File("a.bmp"));
+  EXPECT_TRUE(SamePixels(desk.surfaces().picOriginal.picture, NoisyPicture(30, 20, 2)));
+  EXPECT_FALSE(desk.app.photo_changed);
+}
+
+TEST(RenderDirectory, ACancelEndsAfterTheColumnInHand) {
+  DirectoryDesk desk;
+  const auto outcome = AdjustDirectory(desk.form, [&](int number, int, const std::string&) {
+    desk.app.cancel_requested = number == 2;
+  });
+  EXPECT_TRUE(outcome->cancelled);
+  EXPECT_EQ(outcome->corrected, 1);
+  EXPECT_EQ(desk.folder.Names("TWout"), Texts{"a.jpg"});
 }
 
 TEST(RenderDirectory, ListsNoMoreFailuresThanABoxHolds) {
@@ -63,14 +62,6 @@ TEST(RenderDirectory, ListsNoMoreFailuresThanABoxHolds) {
   desk.dialogs.answers = {Answer::kYes};
   desk.Click();
   EXPECT_TRUE(desk.dialogs.Told()[0].ends_with("\rand 5 more")) << desk.dialogs.Told()[0];
-}
-
-TEST(RenderDirectory, WantsAPhotoWithAFile) {
-  MainDesk desk;
-  desk.ShowLargePhoto();
-  Command1_Click(desk.form, [](const std::string&) {});
-  EXPECT_EQ(desk.dialogs.Asked(), Texts{});
-  EXPECT_EQ(desk.dialogs.Told().size(), 1u);
 }
 
 }  // namespace

@@ -46,25 +46,5 @@ TEST(PanelSettingsTest, TheModesWhiteBalanceComesBeforeTheChosenOne) {
   EXPECT_EQ(window.modules.sliders[2].text, "19") << "a colour alone says nothing of the strength";
 }
 
-TEST(PanelSettingsTest, CamerasAndModesAreMadeUnderCleanNames) {
-  TestWindow window;
-  Settings settings;
-  settings.camera = "My/Cam:1";
-  settings.mode = "Night";
-  ASSERT_TRUE(ApplySettings(settings, window.platform, window.app, window.modules).ok());
-  EXPECT_EQ(window.modules.camera, "My_Cam_1");
-  EXPECT_EQ(window.folder.Names("program\\Cameras\\My_Cam_1"),
-            (std::vector<std::string>{"Default", "Night"}));
-}
-
-TEST(PanelSettingsTest, WithoutACameraTreeAPhotoIsCorrectedUnlessACameraIsNamed) {
-  TestWindow window;
-  SetProgramFolder(window.app, window.folder.Write("file", ""), "tarnwell-pocket");
-  Settings settings;
-  EXPECT_TRUE(ApplySettings(settings, window.platform, window.app, window.modules).ok());
-  settings.camera = "Phone";
-  EXPECT_FALSE(ApplySettings(settings, window.platform, window.app, window.modules).ok());
-}
-
 }  // namespace
 }  // namespace tarnwell

@@ -43,10 +43,5 @@ TEST(SettingWordsTest, EverythingElseIsRefused) {
   }
 }
 
-TEST(SettingWordsTest, ARefusalTellsTheRange) {
-  EXPECT_EQ(ParseSliderSetting("3=101").status.message,
-            "\"3=101\": slider 3 (Brightness) takes a whole number from -100 to 100");
-}
-
 }  // namespace
 }  // namespace tarnwell

@@ -28,8 +28,6 @@ void ExpectUntouched(const PhotoSurfaces& before, const PhotoSurfaces& after) {
   EXPECT_TRUE(before.picSource == after.picSource);
   EXPECT_TRUE(before.picThumb == after.picThumb);
   EXPECT_TRUE(before.picTContainer == after.picTContainer);
-  EXPECT_TRUE(before.picGraphic == after.picGraphic);
-  EXPECT_TRUE(before.picReturn == after.picReturn);
 }
 
 TEST(AdjustPhotoTest, CancelledRunLeavesNothingBehind) {
@@ -77,19 +75,6 @@ TEST(AdjustPhotoTest, CancelledRunLeavesNothingBehind) {
   }
 }
 
-TEST(AdjustPhotoTest, CancelKeepsAnEarlierCorrection) {
-  TestWindow window;
-  window.Show(NoisyPicture(12, 9, 1));
-  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
-  const PixelArray corrected = Result(window);
-  const std::string record = window.app.learning_record;
-  window.events.on_run = [&](int) { window.app.cancel_requested = true; };
-  EXPECT_EQ(AdjustPhoto(window.form, true).failure, Failure::kCancelled);
-  EXPECT_EQ(Result(window), corrected);
-  EXPECT_TRUE(window.app.photo_changed);
-  EXPECT_EQ(window.app.learning_record, record);
-}
-
 // --- Progress -----------------------------------------------------------------------------------
 
 // Writes down what the progress window is told, as lines.
@@ -120,14 +105,6 @@ std::vector<float> Drawn(const RecordingView& view, const std::string& stage) {
   return drawn;
 }
 
-std::vector<float> Steps(float first, float last, float step) {
-  std::vector<float> steps;
-  for (float percentage = first; percentage <= last; percentage += step) {
-    steps.push_back(percentage);
-  }
-  return steps;
-}
-
 TEST(AdjustPhotoTest, ProgressGoesThroughTheStages) {
   TestWindow window;
   RecordingView view;
@@ -144,36 +121,6 @@ TEST(AdjustPhotoTest, ProgressGoesThroughTheStages) {
   // 200 / 7 x column, rounded half to even, halved.
   const std::vector<float> sevenths = {14.5f, 28.5f, 43, 57, 71.5f, 85.5f, 100};
   EXPECT_EQ(Drawn(view, "Adjusting Photo..."), sevenths);
-}
-
-TEST(AdjustPhotoTest, ProgressAdvancesByAMinimumStep) {
-  struct Case {
-    bool preview;
-    bool analyze_full;
-    std::vector<float> analysis;
-    std::vector<float> adjustment;
-  };
-  // A thumbnail of 320 columns reaches every half percent. Of the full photo's 640, the analysis
-  // shows every tenth percent and the adjustment every whole one.
-  const std::vector<float> halves = Steps(0.5f, 100, 0.5f);
-  const std::vector<float> wholes = Steps(1, 100, 1);
-  const std::vector<float> tens = Steps(10, 100, 10);
-  for (const Case& c : {Case{true, false, halves, halves}, Case{false, false, halves, wholes},
-                        Case{true, true, tens, halves}, Case{false, true, tens, wholes}}) {
-    SCOPED_TRACE(testing::Message() << "preview " << c.preview << ", full " << c.analyze_full);
-    TestWindow window;
-    RecordingView view;
-    window.progress.view = &view;
-    window.app.analyze_full_source = c.analyze_full;
-    window.Show(NoisyPicture(640, 2, 1));
-    ASSERT_TRUE(AdjustPhoto(window.form, c.preview).ok());
-    EXPECT_EQ(Drawn(view, "Analyzing..."), c.analysis);
-    std::vector<float> adjustment = Drawn(view, "Adjusting Photo...");
-    // The end of the run shows 100 once more.
-    EXPECT_EQ(adjustment.back(), 100);
-    adjustment.pop_back();
-    EXPECT_EQ(adjustment, c.adjustment);
-  }
 }
 
 // --- Previews and full runs ---------------------------------------------------------------------
@@ -201,22 +148,6 @@ TEST(AdjustPhotoTest, RepeatedPreviewsDoNotCompound) {
 
   ASSERT_TRUE(AdjustPhoto(window.form, true).ok());
   EXPECT_EQ(Result(window), first) << "after a full run";
-}
-
-TEST(AdjustPhotoTest, ShowsTheResultInPicSourceAndAsThumbnail) {
-  TestWindow window;
-  SetModules(window, {kRotation});
-  const Picture photo = NoisyPicture(30, 20, 1);
-  window.Show(photo);
-  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
-  const PhotoSurfaces& surfaces = window.surfaces();
-  EXPECT_EQ(surfaces.picOriginal.image, photo);
-  EXPECT_EQ(surfaces.picSource.width, 20);
-  EXPECT_EQ(surfaces.picSource.height, 30);
-  EXPECT_EQ(surfaces.picSource.picture, surfaces.picSource.image);
-  EXPECT_TRUE(surfaces.picThumb.visible);
-  EXPECT_EQ(surfaces.picThumb.width, 20);
-  EXPECT_EQ(surfaces.picThumb.left, 150);
 }
 
 TEST(AdjustPhotoTest, RefusesWhenNothingCanBeCorrected) {
@@ -249,97 +180,6 @@ TEST(AdjustPhotoTest, RefusesToRunInsideARun) {
   EXPECT_EQ(Result(window), expected);
   EXPECT_TRUE(was_running);
   EXPECT_FALSE(window.form.correcting);
-}
-
-// --- White balance and values -------------------------------------------------------------------
-
-TEST(AdjustPhotoTest, TellsOnceThatNoWhiteBalanceWasSaved) {
-  const std::vector<std::string> message = {
-      "Tarnwell Pocket could not find any saved white balance setting for this camera and mode."};
-  struct Case {
-    const char* strength;
-    std::vector<std::string> told;
-  };
-  for (const Case& c :
-       {Case{"50", message}, Case{"1", message}, Case{"0", {}}, Case{"-3", {}}, Case{"half", {}}}) {
-    for (const bool preview : {false, true}) {
-      SCOPED_TRACE(c.strength);
-      TestWindow window;
-      SetModules(window, {kSmartPhotoCorrection, kSmartWhiteBalance});
-      window.modules.sliders[2].text = c.strength;
-      window.Show(NoisyPicture(20, 20, 1));
-      ASSERT_TRUE(AdjustPhoto(window.form, preview).ok());
-      EXPECT_EQ(window.dialogs.Told(), c.told);
-      for (const auto& box : window.dialogs.shown) {
-        EXPECT_EQ(box.title, "Tarnwell Pocket");
-        EXPECT_EQ(box.icon, Icon::kInformation);
-      }
-      TestWindow closed;
-      SetModules(closed, {kSmartPhotoCorrection});
-      closed.Show(NoisyPicture(20, 20, 1));
-      ASSERT_TRUE(AdjustPhoto(closed.form, preview).ok());
-      EXPECT_EQ(Result(window), Result(closed));
-      EXPECT_EQ(window.app.learning_record, closed.app.learning_record);
-    }
-  }
-}
-
-TEST(AdjustPhotoTest, LearnsOnlyFromMeasuredRuns) {
-  TestWindow window;
-  window.Show(NoisyPicture(8, 8, 1));
-  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
-  EXPECT_FALSE(window.app.learning_record.empty());
-  SetModules(window, {kAdjustBrightness});
-  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
-  EXPECT_EQ(window.app.learning_record, "");
-}
-
-TEST(AdjustPhotoTest, ValueTextThatIsNoNumberSkipsItsStep) {
-  struct Case {
-    const char* name;
-    int module;
-    int slider;
-    std::string same_as;  // the value text that gives the same run
-    int check = -1;       // checked as well
-  };
-  for (const Case& c : {
-           Case{"brightness", kAdjustBrightness, 3, "0"},
-           Case{"contrast", kAdjustContrast, 4, "0"},
-           Case{"saturation", kAdjustSaturation, 5, "0"},
-           Case{"white balance strength", kSmartWhiteBalance, 2, "0"},
-           Case{"noise threshold", kNoiseReduction, 7, "0"},
-           Case{"noise radius", kNoiseReduction, 8, "1"},
-           Case{"focus distance", kAdjustFocus, 10, "1"},
-           Case{"focus amount", kAdjustFocus, 11, "0"},
-           Case{"degrees", kColorRotation, 12, "0"},
-           Case{"black limit", kSmartPhotoCorrection, 1, "0", kBlackLimitByHand},
-       }) {
-    for (const char* text : {"", "much", "12x", "99999", "--4"}) {
-      SCOPED_TRACE(testing::Message() << c.name << " '" << text << "'");
-      TestWindow window;
-      SetModules(window, {kSmartPhotoCorrection, c.module});
-      if (c.check >= 0) window.modules.checks[c.check] = "1";
-      window.Show(NoisyPicture(24, 18, 1));
-      window.modules.sliders[c.slider].text = c.same_as;
-      ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
-      const PixelArray expected = Result(window);
-      window.modules.sliders[c.slider].text = text;
-      ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
-      EXPECT_EQ(Result(window), expected);
-      EXPECT_TRUE(window.dialogs.shown.empty());
-    }
-  }
-}
-
-TEST(AdjustPhotoTest, WhiteLimitThatIsNoNumberComesFromTheHistogram) {
-  TestWindow window;
-  window.Show(NoisyPicture(24, 18, 1));
-  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
-  const std::string automatic = window.app.learning_record;
-  window.modules.checks[kWhiteLimitByHand] = "1";
-  window.modules.sliders[0].text = "much";
-  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
-  EXPECT_EQ(window.app.learning_record, automatic);
 }
 
 }  // namespace

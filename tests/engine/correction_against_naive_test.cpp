@@ -26,7 +26,7 @@ void ExpectSame(TestWindow& window, const ComparedRun& run) {
   for (const int threads : {1, 2, 5}) {
     window.dialogs.shown.clear();
     EXPECT_EQ(Difference(expected, RunProgram(window, run, threads)), "")
-        << run << threads << " threads";
+        << run.name << ", " << threads << " threads";
   }
 }
 
@@ -231,16 +231,6 @@ TEST(CorrectionAgainstNaiveTest, DeadPixelsAreRepairedBeforeTheRun) {
     run.input.photo = repaired;
     ExpectSame(window, run);
   }
-}
-
-TEST(CorrectionAgainstNaiveTest, ClosedModuleLeavesDeadPixels) {
-  TestWindow window;
-  const StuckPhoto stuck = RandomStuckPhoto(5);
-  PlaceMap(window, stuck);
-  window.Show(stuck.photo);
-  ASSERT_TRUE(AnalyzeOpenedPhoto(window.form).ok());
-  EXPECT_EQ(*window.surfaces().picOriginal.image, *stuck.photo);
-  EXPECT_TRUE(window.tips.empty());
 }
 
 }  // namespace

@@ -5,29 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "imaging/cdib_section.h"
-#include "imaging/save_jpeg_file.h"
+#include "tests/support/pictures.h"
 #include "tests/support/test_window.h"
+#include "tests/support/tiny_pictures.h"
 
 namespace tarnwell {
 namespace {
 
-Picture Gradient(int width, int height) {
-  auto pixels = TryMakePixels(width, height);
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      std::uint8_t* pixel = pixels->mutable_view().at(x, y);
-      pixel[kBlue] = static_cast<std::uint8_t>(x * 7);
-      pixel[kGreen] = static_cast<std::uint8_t>(y * 11);
-      pixel[kRed] = static_cast<std::uint8_t>((x + y) * 5);
-    }
-  }
-  return pixels;
-}
-
 // A window with the photo img.bmp of 24 x 18 pixels open, panel left alone at opening.
 struct OpenedWindow : TestWindow {
-  Picture photo = Gradient(24, 18);
+  Picture photo = NoisyPicture(24, 18, 1);
 
   OpenedWindow() {
     app.open_mode = 2;
@@ -55,7 +42,7 @@ TEST(FileOpenTest, TakesThePhotoIntoTheWindow) {
 
 TEST(FileOpenTest, ThePathComesFromTheDialog) {
   TestWindow window;
-  const std::string path = window.WriteBitmap("Лето.bmp", Gradient(3, 2));
+  const std::string path = window.WriteBitmap("Лето.bmp", NoisyPicture(3, 2, 2));
   window.dialogs.open_files = {path, std::nullopt, ""};
   EXPECT_TRUE(FileOpen(window.form, true).ok());
   EXPECT_EQ(window.app.opened_path, path);
@@ -69,30 +56,17 @@ TEST(FileOpenTest, ThePathComesFromTheDialog) {
                                     "Image Files (*.bmp; *.gif; *.jpg)|*.bmp;*.gif;*.jpg"}));
 }
 
-// The bytes of a sound JPEG file.
-std::string JpegBytes(TestWindow& window) {
-  cDIBSection section;
-  section.CreateFromPicture(Gradient(64, 48)->view());
-  EXPECT_TRUE(SaveJpegFile(section, window.folder.File("sound.jpg"), 90, *window.jpeg,
-                           window.dialogs, "title"));
-  return window.folder.Read("sound.jpg");
-}
-
 TEST(FileOpenTest, APhotoThatCannotBeReadLeavesTheWindowAlone) {
   OpenedWindow window;
-  const std::string jpeg = JpegBytes(window);
-  window.folder.Write("cut.jpg", jpeg.substr(0, jpeg.size() / 2));
+  window.folder.Write("cut.jpg", kBaselineJpeg.substr(0, 300));
   window.folder.Write("text.jpg", "not a photo");
-  window.folder.Write("empty.jpg", "");
   window.app.photo_changed = true;
   window.app.learning_record = "record";
   window.modules.rotation = 3;
   window.app.open_mode = 1;
   const Picture original = window.surfaces().picOriginal.picture;
-  const Picture source = window.surfaces().picSource.picture;
-  const Picture thumb = window.surfaces().picThumb.picture;
 
-  for (const char* name : {"cut.jpg", "text.jpg", "empty.jpg", "missing.jpg"}) {
+  for (const char* name : {"cut.jpg", "text.jpg", "missing.jpg"}) {
     SCOPED_TRACE(name);
     window.dialogs.answers = {Answer::kNo};
     window.app.opened_path = window.folder.File(name);
@@ -101,8 +75,6 @@ TEST(FileOpenTest, APhotoThatCannotBeReadLeavesTheWindowAlone) {
     EXPECT_NE(opened.failure, Failure::kCancelled);
     EXPECT_NE(opened.message.find(name), std::string::npos) << opened.message;
     EXPECT_EQ(window.surfaces().picOriginal.picture, original);
-    EXPECT_EQ(window.surfaces().picSource.picture, source);
-    EXPECT_EQ(window.surfaces().picThumb.picture, thumb);
     EXPECT_EQ(window.app.current_file, window.folder.File("img.bmp"));
     EXPECT_EQ(window.form.caption, "img.bmp - Tarnwell Pocket");
     EXPECT_EQ(window.form.names.output_path, window.folder.File("imgA.bmp"));
@@ -113,48 +85,20 @@ TEST(FileOpenTest, APhotoThatCannotBeReadLeavesTheWindowAlone) {
   }
 }
 
-TEST(FileOpenTest, ThePanelIsResetByTheOpenMode) {
+TEST(FileOpenTest, ThePanelTheLearningAndThePreviewFollowTheNewPhoto) {
   for (const int open_mode : {1, 2}) {
     OpenedWindow window;
     SetSliderValue(window.modules, 3, 40);
     window.app.open_mode = open_mode;
+    window.app.learning_record = "of the photo before";
     EXPECT_TRUE(FileOpen(window.form, false).ok());
     EXPECT_EQ(window.modules.Value(3), open_mode == 1 ? 0 : 40);
-    EXPECT_TRUE(window.app.confirm_reset);
+    EXPECT_EQ(window.app.learning_record, "");
+    EXPECT_FALSE(window.app.photo_changed);
+    window.app.auto_preview = true;
+    EXPECT_TRUE(FileOpen(window.form, false).ok());
+    EXPECT_TRUE(window.app.photo_changed);
   }
-}
-
-TEST(FileOpenTest, NothingOfThePhotoBeforeIsLearntFromTheNext) {
-  OpenedWindow window;
-  window.app.learning_record = "of the photo before";
-  EXPECT_TRUE(FileOpen(window.form, false).ok());
-  EXPECT_EQ(window.app.learning_record, "");
-}
-
-TEST(FileOpenTest, TheAutomaticPreviewFollowsWhenItIsOn) {
-  OpenedWindow window;
-  window.app.auto_preview = true;
-  EXPECT_TRUE(FileOpen(window.form, false).ok());
-  EXPECT_TRUE(window.app.photo_changed);
-  EXPECT_EQ(*window.surfaces().picOriginal.picture, *window.photo);
-}
-
-TEST(ShowOpenedPhotoTest, APastedPhotoHasNoNameAndNoProposal) {
-  OpenedWindow window;
-  window.app.current_file = "";
-  Display(window.surfaces().picOriginal, Gradient(5, 4));
-  ShowOpenedPhoto(window.form);
-  EXPECT_EQ(window.form.lblTitleCaption, " - Unnamed Photo");
-  EXPECT_EQ(window.form.caption, "Tarnwell Pocket - Unnamed Photo");
-  EXPECT_EQ(window.form.names.entries, std::vector<std::string>{"Other (prompt)..."});
-  EXPECT_EQ(window.form.names.output_path, "");
-  EXPECT_EQ(window.surfaces().picSource.picture->width(), 5);
-}
-
-TEST(AskToSaveChangesTest, AnUnchangedPhotoIsNoQuestion) {
-  OpenedWindow window;
-  EXPECT_TRUE(AskToSaveChanges(window.form));
-  EXPECT_TRUE(window.dialogs.shown.empty());
 }
 
 TEST(AskToSaveChangesTest, GoesOnUnlessChangesWouldBeLost) {
@@ -188,29 +132,6 @@ TEST(AskToSaveChangesTest, GoesOnUnlessChangesWouldBeLost) {
                                       "Do you want to save the changes you made to img.bmp?",
                                       Icon::kQuestion}));
   }
-}
-
-TEST(AskToSaveChangesTest, APastedPhotoIsTheCurrentImage) {
-  OpenedWindow window;
-  window.app.current_file = "";
-  window.app.photo_changed = true;
-  window.dialogs.answers = {Answer::kNo};
-  EXPECT_TRUE(AskToSaveChanges(window.form));
-  EXPECT_EQ(window.dialogs.Asked()[0],
-            "Do you want to save the changes you made to the current image?");
-}
-
-TEST(FileOpenTest, UnsavedChangesHoldTheOpenBackOrAreGivenUpOnce) {
-  OpenedWindow window;
-  window.app.photo_changed = true;
-  window.app.opened_path = window.WriteBitmap("next.bmp", Gradient(6, 6));
-  window.dialogs.answers = {Answer::kCancel};
-  EXPECT_EQ(FileOpen(window.form, false).failure, Failure::kCancelled);
-  EXPECT_EQ(window.form.lblTitleCaption, " - img.bmp");
-  window.dialogs.answers = {Answer::kNo};
-  EXPECT_TRUE(FileOpen(window.form, false).ok());
-  EXPECT_EQ(window.form.lblTitleCaption, " - next.bmp");
-  EXPECT_TRUE(FileOpen(window.form, false).ok()) << "the new photo has no changes to ask about";
 }
 
 }  // namespace

@@ -16,25 +16,11 @@ constexpr const char* kPreset =
     "Red: 240\r\nGrn: 230\r\nBlu: 220\r\nSld: 181\r\n"  // lines 1 to 4
     "Tarnwell Pocket Saved Preset File\r\n1.0.0\r\n"
     "1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n1\r\n0\r\n0\r\n1\r\n1\r\n"  // 7 to 20
-    "20\r\n11\r\n"                                                            // slider 0: 21, 22
-    "40\r\n22\r\n"
-    "60\r\n33\r\n"
-    "100\r\n9\r\n"
-    "101\r\n10\r\n"
-    "102\r\n12\r\n"
-    "10\r\n5\r\n"
-    "11\r\n6\r\n"
-    "12\r\n7\r\n"
-    "13\r\n8\r\n"
-    "14\r\n1\r\n"
-    "15\r\n-84\r\n"
-    "182\r\n180\r\n"  // slider 12: 45, 46
-    "0\r\n"           // check option 3
-    "2\r\n"           // white balance mode
-    "20\r\n80\r\n"    // hue marker
-    "2\r\n"           // skin tone
-    "0\r\n"           // check option 4
-    "\r\n";
+    // Sliders: 21 to 46.
+    "20\r\n11\r\n40\r\n22\r\n60\r\n33\r\n100\r\n9\r\n101\r\n10\r\n102\r\n12\r\n10\r\n5\r\n"
+    "11\r\n6\r\n12\r\n7\r\n13\r\n8\r\n14\r\n1\r\n15\r\n-84\r\n182\r\n180\r\n"
+    // Check 3, white balance mode, hue marker, skin tone, check 4.
+    "0\r\n2\r\n20\r\n80\r\n2\r\n0\r\n\r\n";
 
 constexpr int kLines = 52;
 
@@ -102,33 +88,6 @@ TEST(PresetTest, LoadingAndSavingGivesTheSameBytes) {
   EXPECT_EQ(desk.dialogs.shown, std::vector{box});
 }
 
-TEST(PresetTest, LoadRestoresEveryPart) {
-  PanelDesk desk;
-  ASSERT_TRUE(Load(desk, WithLine(48, "1")).ok());
-  const frmModules& panel = desk.panel;
-  EXPECT_EQ(panel.open, (std::array<std::int16_t, 14>{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0, 0, 1, 1}));
-  EXPECT_EQ(desk.events.runs, 12) << "modules 0 and 1 were open already";
-  EXPECT_EQ(panel.sliders[0].position, 20) << "not snapped";
-  EXPECT_EQ(panel.sliders[2].text, "33") << "mode 1 reads no file";
-  EXPECT_EQ(panel.sliders[11].position, 15);
-  EXPECT_EQ(panel.sliders[11].text, "-84");
-  EXPECT_EQ(panel.sliders[12].text, "180");
-  EXPECT_EQ(panel.checks[3], "0");
-  EXPECT_EQ(panel.checks[4], "0");
-  EXPECT_EQ(panel.white_balance_mode, WhiteBalanceMode::kPickedPixel);
-  EXPECT_TRUE(desk.zooms.empty()) << "a preset opens no window";
-  EXPECT_EQ(panel.custom_white_file, "");
-  EXPECT_EQ(panel.hue.marker_x, 20);
-  EXPECT_EQ(panel.hue.marker_y, 80);
-  EXPECT_NE(panel.hue.factors, (std::array<float, 3>{0, 0, 0}));
-  EXPECT_EQ(panel.skin_tones.selected, 2);
-  EXPECT_EQ(desk.app.preset_path, kPath);
-  EXPECT_EQ(desk.files.writes, 0);
-
-  ASSERT_TRUE(Load(desk, WithLine(48, "1")).ok());
-  EXPECT_EQ(desk.events.runs, 12) << "equal flags toggle nothing";
-}
-
 TEST(PresetTest, ModeTwoTakesTheWhiteFromThePresetItself) {
   PanelDesk desk;
   desk.panel.custom_white_file = kCustomWhite;
@@ -142,75 +101,6 @@ TEST(PresetTest, ModeTwoTakesTheWhiteFromThePresetItself) {
   // The white travels on when the panel is saved over the very preset it came from.
   ASSERT_TRUE(WritePreset(desk.app, desk.files, desk.panel, kPath).ok());
   EXPECT_TRUE(desk.files.files[kPath].starts_with("Red: 240\r\nGrn: 230\r\nBlu: 220\r\nSld: 181"));
-}
-
-TEST(PresetTest, FirstLinesWithoutACustomFileReadAsBlack) {
-  for (const char* custom : {"", "C:\\gone.wbs"}) {
-    PanelDesk desk;
-    desk.panel.custom_white_file = custom;
-    desk.panel.white_balance_mode = WhiteBalanceMode::kCustomFile;
-    ASSERT_TRUE(WritePreset(desk.app, desk.files, desk.panel, kPath).ok());
-    const std::string text = desk.files.files[kPath];
-    EXPECT_TRUE(text.starts_with("0\r\n0\r\n0\r\n0\r\nTarnwell Pocket Saved Preset File\r\n"));
-    ASSERT_TRUE(Load(desk, text).ok());
-    EXPECT_EQ(desk.panel.lblWhiteClr, (Rgb{0, 0, 0}));
-    EXPECT_EQ(desk.panel.sliders[2].position, 0);
-    EXPECT_EQ(desk.panel.sliders[2].text, "0");
-  }
-}
-
-TEST(PresetTest, CustomFileWithoutFourLinesStopsTheSave) {
-  PanelDesk desk;
-  desk.panel.custom_white_file = kCustomWhite;
-  desk.files.files[kCustomWhite] = "Red: 1\r\nGrn: 1\r\n";
-  EXPECT_EQ(PresetSave(desk.app, desk.platform, desk.panel).message,
-            std::string(kCustomWhite) + ": line 3: the file ends before this line");
-  EXPECT_EQ(desk.files.writes, 0);
-  EXPECT_TRUE(desk.dialogs.shown.empty());
-}
-
-TEST(PresetTest, NumbersAreReadLeniently) {
-  const struct {
-    const char* name;
-    int line;
-    const char* text;
-    int expected;
-    int (*value)(const frmModules&);
-  } cases[] = {
-      {"half to even, down", 21, "90.5", 90,
-       [](const frmModules& p) { return p.sliders[0].position; }},
-      {"half to even, up", 21, "91.5", 92,
-       [](const frmModules& p) { return p.sliders[0].position; }},
-      {"blanks", 21, " 17 ", 17, [](const frmModules& p) { return p.sliders[0].position; }},
-      {"above the track", 21, "183", 182,
-       [](const frmModules& p) { return p.sliders[0].position; }},
-      {"below the track", 45, "-1", 0, [](const frmModules& p) { return p.sliders[12].position; }},
-      {"any flag that differs toggles", 7, "7", 0, [](const frmModules& p) { return +p.open[0]; }},
-      {"negative flag", 9, "-1", 1, [](const frmModules& p) { return +p.open[2]; }},
-      {"marker beside the field", 49, "-40", 0, [](const frmModules& p) { return p.hue.marker_x; }},
-      {"marker below the field", 50, "400", 105,
-       [](const frmModules& p) { return p.hue.marker_y; }},
-      {"no such skin tone", 51, "4", -1, [](const frmModules& p) { return p.skin_tones.selected; }},
-      {"no skin tone", 51, "-1", -1, [](const frmModules& p) { return p.skin_tones.selected; }},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    PanelDesk desk;
-    EXPECT_TRUE(Load(desk, WithLine(c.line, c.text)).ok());
-    EXPECT_EQ(c.value(desk.panel), c.expected);
-    EXPECT_EQ(desk.panel.checks[4], "0") << "the rest is read";
-  }
-}
-
-TEST(PresetTest, LineEndsMayBeLfAndValueTextsAreKeptAsTheyStand) {
-  PanelDesk crlf;
-  PanelDesk lf;
-  std::string text = WithLine(22, "  eleven \xC3\xBC ");
-  ASSERT_TRUE(Load(crlf, text).ok());
-  std::erase(text, '\r');
-  ASSERT_TRUE(Load(lf, text).ok());
-  ExpectSame(lf.panel, crlf.panel);
-  EXPECT_EQ(lf.panel.sliders[0].text, "  eleven \xC3\xBC ");
 }
 
 // What the first `lines` lines of kPreset make of the panel at first start, part by part.
@@ -265,19 +155,6 @@ TEST(PresetTest, DamagedLineKeepsWhatStoodBefore) {
               std::string(kPath) + ": line " + std::to_string(c.line) + ": " + c.reason);
     ExpectSame(desk.panel, AfterLines(c.in_force));
   }
-}
-
-TEST(PresetTest, DamagedWhiteLinesMatterInModeTwoOnly) {
-  PanelDesk desk;
-  EXPECT_EQ(
-      Load(desk, WithLine(2, "Grn: green")).message,
-      std::string(kPath) + ": line 2: a whole number is expected from the sixth character on");
-  EXPECT_EQ(desk.panel.white_balance_mode, WhiteBalanceMode::kCustomFile);
-  EXPECT_EQ(desk.panel.sliders[2].text, "33");
-  std::vector<std::string> lines = LinesOf(kPreset);
-  lines[1] = "Grn: green";
-  lines[47] = "0";
-  EXPECT_TRUE(Load(desk, TextOf(lines)).ok());
 }
 
 TEST(PresetTest, LoadAsksForAPathWhenNoneIsGiven) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "modules/profile_names.h"
 #include "tests/support/forwarding_files.h"
 #include "tests/support/test_window.h"
 
@@ -28,19 +29,6 @@ TEST(ProfilesTest, ANewCameraGetsAFolderWithAModeDefault) {
   EXPECT_EQ(window.app.mode_folder, mode_folder);
 }
 
-TEST(ProfilesTest, ANewModeBelongsToTheCurrentCamera) {
-  TestWindow window;
-  window.dialogs.texts = {"Night?"};
-  NewMode(window.app, window.platform, window.modules);
-  EXPECT_EQ(
-      window.dialogs.shown,
-      (std::vector<ScriptedDialogs::Shown>{
-          {Kind::kAskText, "New Mode", "Type the name of the mode for the Default camera:"}}));
-  EXPECT_TRUE(window.folder.Holds("program\\Cameras\\Default\\Night_"));
-  EXPECT_EQ(window.modules.mode, "Night_");
-  EXPECT_EQ(window.app.mode_folder, window.app.camera_folder + "Night_\\");
-}
-
 TEST(ProfilesTest, ANameThatIsNotUsedMakesAndSelectsNothing) {
   struct Row {
     const char* typed;
@@ -50,7 +38,6 @@ TEST(ProfilesTest, ANameThatIsNotUsedMakesAndSelectsNothing) {
     for (auto* command : {&NewCamera, &NewMode}) {
       SCOPED_TRACE(row.typed);
       TestWindow window;
-      const std::string camera_folder = window.app.camera_folder;
       const std::string mode_folder = window.app.mode_folder;
       window.modules.camera = "C";
       window.modules.mode = "M";
@@ -60,44 +47,9 @@ TEST(ProfilesTest, ANameThatIsNotUsedMakesAndSelectsNothing) {
       EXPECT_EQ(window.folder.Names("program\\Cameras"), Names{"Default"});
       EXPECT_EQ(window.folder.Names("program\\Cameras\\Default"), Names{"Default"});
       EXPECT_EQ(window.modules.camera + window.modules.mode, "CM");
-      EXPECT_EQ(window.app.camera_folder, camera_folder);
       EXPECT_EQ(window.app.mode_folder, mode_folder);
     }
   }
-}
-
-TEST(ProfilesTest, ATakenNameIsExplainedInPlainWords) {
-  TestWindow window;
-  window.dialogs.texts = {"Default"};
-  NewMode(window.app, window.platform, window.modules);
-  EXPECT_EQ(window.dialogs.shown.back(),
-            (ScriptedDialogs::Shown{Kind::kTell, "Tarnwell Pocket",
-                                    "Default: a mode of this name exists already, choose it from "
-                                    "the list or type another name",
-                                    Icon::kExclamation}));
-}
-
-// Refuses to make folders of one name.
-class NoSuchFolder : public ForwardingFiles {
- public:
-  explicit NoSuchFolder(std::string name)
-      : ForwardingFiles(MakeSystemFiles()), name_(std::move(name)) {}
-  Status CreateFolder(const std::string& folder) override {
-    if (folder.ends_with(name_)) return Status::Error(Failure::kDiskFull, folder + ": disk full");
-    return ForwardingFiles::CreateFolder(folder);
-  }
-
- private:
-  std::string name_;
-};
-
-TEST(ProfilesTest, ACameraWhoseModeCannotBeMadeLeavesNothing) {
-  TestWindow window(std::make_unique<NoSuchFolder>("\\Default"));
-  window.dialogs.texts = {"Second"};
-  NewCamera(window.app, window.platform, window.modules);
-  EXPECT_EQ(window.folder.Names("program\\Cameras"), Names{"Default"});
-  EXPECT_EQ(window.modules.camera, "Default");
-  EXPECT_EQ(window.dialogs.Told().size(), 1u);
 }
 
 TEST(ProfilesTest, ListsHoldFoldersOnlySortedWithTheCurrentOneMarked) {
@@ -116,50 +68,22 @@ TEST(ProfilesTest, ListsHoldFoldersOnlySortedWithTheCurrentOneMarked) {
   EXPECT_EQ(*modes, (Names{">Default", " night"}));
 }
 
-TEST(ProfilesTest, AMissingCamerasFolderIsReported) {
-  TestWindow window;
-  window.app.cameras_root = window.folder.File("none") + "\\";
-  EXPECT_FALSE(ListProfiles(window.app, *window.files, window.modules, ProfileList::kCameras).ok());
+TEST(ProfileNamesTest, SixCharactersBecomeUnderscores) {
+  EXPECT_EQ(CleanProfileName("My/Cam:1"), "My_Cam_1");
+  EXPECT_EQ(CleanProfileName("/\\|:\"?"), "______");
+  EXPECT_EQ(CleanProfileName(" *<é>. "), " *<é>. ");
 }
 
-TEST(ProfilesTest, SelectingAModeReadsItsWhiteBalance) {
-  TestWindow window;
-  window.folder.Write("program\\Cameras\\Default\\Night\\White Balance.wbs",
-                      "Red: 1\r\nGrn: 2\r\nBlu: 3\r\nSld: 181\r\n");
-  window.modules.white_balance_mode = WhiteBalanceMode::kPickedPixel;
-  SelectProfile(window.app, window.platform, window.modules, ProfileList::kModes, " Night");
-  EXPECT_EQ(window.modules.mode, "Night");
-  EXPECT_EQ(window.app.mode_folder, window.app.cameras_root + "Default\\Night\\");
-  EXPECT_EQ(window.modules.lblWhiteClr, (Rgb{1, 2, 3}));
-  EXPECT_EQ(window.modules.Value(2), 100);
-  EXPECT_EQ(window.modules.white_balance_mode, WhiteBalanceMode::kModeDefault);
-}
-
-TEST(ProfilesTest, SelectingACameraSelectsItsModeDefault) {
-  TestWindow window;
-  window.folder.MakeFolder("program\\Cameras\\Second");
-  window.modules.mode = "Night";
-  SelectProfile(window.app, window.platform, window.modules, ProfileList::kCameras, " Second");
-  EXPECT_EQ(window.modules.camera, "Second");
-  EXPECT_EQ(window.modules.mode, "Default");
-  EXPECT_EQ(window.app.camera_folder, window.app.cameras_root + "Second\\");
-  EXPECT_EQ(window.app.mode_folder, window.app.cameras_root + "Second\\Default\\");
-  EXPECT_TRUE(window.folder.Holds("program\\Cameras\\Second\\Default\\White Balance.wbs"));
-}
-
-TEST(ProfilesTest, MissingProfileFoldersAreMadeFromTheFirstThatExists) {
-  TestWindow window;
-  SetProgramFolder(window.app, window.folder.File("a\\b"), "TarnwellPocket");
-  EXPECT_TRUE(EnsureProfileFolders(window.app, *window.files).ok());
-  EXPECT_TRUE(window.folder.Holds("a\\b\\Cameras\\Default\\Default"));
-  EXPECT_TRUE(EnsureProfileFolders(window.app, *window.files).ok());
-}
-
-TEST(ProfilesTest, AFileInTheWayOfAProfileFolderIsReported) {
-  TestWindow window;
-  window.folder.Write("a\\Cameras", "");
-  SetProgramFolder(window.app, window.folder.File("a"), "TarnwellPocket");
-  EXPECT_FALSE(EnsureProfileFolders(window.app, *window.files).ok());
+TEST(ProfileNamesTest, NamesThatCannotBeFoldersAreRefused) {
+  for (const char* name :
+       {"", ".", "..", "...", " ", " . ", "CON", "con", "Con.jpg", "nul .txt", "aux", "PRN ",
+        "com1", "LPT9.x", "CONOUT$", "a\nb", "tab\t", "~ Dead Pixels", "~ DEAD pixels"}) {
+    EXPECT_FALSE(CheckProfileName(name).ok()) << name;
+  }
+  for (const char* name : {"Default", "Night", "..a", ".hidden", "console", "com", "com0", "com10",
+                           "lpt", "nulls", "My con", "写真", " a ", "a.", "~ Dead", "50% *new*"}) {
+    EXPECT_TRUE(CheckProfileName(name).ok()) << name;
+  }
 }
 
 }  // namespace

@@ -2,11 +2,57 @@
 
 #include <gtest/gtest.h>
 
+#include "modules/white_balance_file.h"
+#include "tests/support/memory_files.h"
 #include "tests/support/panel_desk.h"
 #include "tests/support/pictures.h"
 
 namespace tarnwell {
 namespace {
+
+WhiteBalanceSetting Setting(int red, int green, int blue, int position) {
+  return {{red, green, blue}, position};
+}
+
+TEST(WhiteBalanceFileTest, ReadsWhatStandsBehindTheTags) {
+  const std::pair<const char*, WhiteBalanceSetting> cases[] = {
+      {"Red: 250\r\nGrn: 128\r\nBlu: 7\r\nSld: 145\r\n", Setting(250, 128, 7, 145)},
+      {"Red: 1\nGrn: 2\nBlu: 3\nSld: 4", Setting(1, 2, 3, 4)},
+      {"r\xC3\xB6\xC3\xB6t:1\nGrn: 2\nBlu: 3\nSld: 4\nanything\n", Setting(1, 2, 3, 4)},
+      {"Red:  10 \nGrn: 20.5\nBlu: 21.5\nSld: 90.5\n", Setting(10, 20, 22, 90)},
+      {"Red: -1\nGrn: 256\nBlu: 32767\nSld: 183\n", Setting(0, 255, 255, 182)},
+      {"0\r\n0\r\n0\r\n0\r\nTitle\r\n", Setting(0, 0, 0, 0)},  // a preset without a file
+  };
+  for (const auto& [text, expected] : cases) {
+    const auto setting = ParseWhiteBalance(text, "F");
+    ASSERT_TRUE(setting.ok()) << setting.status.message;
+    EXPECT_EQ(*setting, expected) << text;
+  }
+}
+
+TEST(WhiteBalanceFileTest, DamageNamesFileAndLine) {
+  const std::pair<const char*, int> cases[] = {
+      {"Red: \nGrn: 2\nBlu: 3\nSld: 4\n", 1},      {"Red: 1\nGrn: 2\nBlu: 3x\nSld: 4\n", 3},
+      {"Red: 1\nGrn: 2\nBlu: 3\nSld: 32768\n", 4}, {"Red: 1\nGrn: 2\n0\nSld: 4\n", 3},
+      {"Red: 1\nGrn: 2\nBlu: \x01\nSld: 4\n", 3},
+  };
+  for (const auto& [text, line] : cases) {
+    EXPECT_EQ(ParseWhiteBalance(text, "F").status.message,
+              "F: line " + std::to_string(line) +
+                  ": a whole number is expected from the sixth character on");
+  }
+  EXPECT_EQ(ParseWhiteBalance("Red: 1\nGrn: 2\nBlu: 3\n", "F").status.message,
+            "F: line 4: the file ends before this line");
+}
+
+TEST(WhiteBalanceFileTest, FileHoldsExactlyFourTaggedLines) {
+  MemoryFiles files;
+  const std::string path = "C:\\fotos \xE2\x82\xAC\\wei\xC3\x9F.wbs";
+  ASSERT_TRUE(WriteWhiteBalanceFile(files, path, Setting(255, 0, 12, 90)).ok());
+  EXPECT_EQ(files.files[path], "Red: 255\r\nGrn: 0\r\nBlu: 12\r\nSld: 90\r\n");
+  EXPECT_EQ(*ReadWhiteBalanceFile(files, path), Setting(255, 0, 12, 90));
+  EXPECT_EQ(WhiteBalanceText({}), "Red: 192\r\nGrn: 192\r\nBlu: 192\r\nSld: 91\r\n");
+}
 
 constexpr const char* kDefaultFile = "Red: 192\r\nGrn: 192\r\nBlu: 192\r\nSld: 91\r\n";
 constexpr const char* kCustomFile = "Red: 10\r\nGrn: 20\r\nBlu: 30\r\nSld: 181\r\n";
@@ -18,22 +64,18 @@ class WhiteBalanceTest : public ::testing::Test {
   PanelDesk desk;
 };
 
-TEST_F(WhiteBalanceTest, FreshModeFolderGetsTheDefaultFile) {
+TEST_F(WhiteBalanceTest, TheModesFileIsMadeOnceAndThenOnlyRead) {
   desk.panel.lblWhiteClr = {1, 2, 3};
   Select(WhiteBalanceMode::kModeDefault);
   EXPECT_EQ(desk.files.files[desk.ModeFile()], kDefaultFile);
   EXPECT_EQ(desk.panel.lblWhiteClr, (Rgb{192, 192, 192}));
-  EXPECT_TRUE(desk.panel.white_swatch_visible);
   EXPECT_EQ(desk.panel.sliders[2].text, "50");
   EXPECT_EQ(desk.panel.sliders[2].position, 90) << "50 x 1.81 = 90.5, to the even neighbour";
-}
-
-TEST_F(WhiteBalanceTest, ExistingModeFileIsReadAndNotTouched) {
   desk.files.files[desk.ModeFile()] = kCustomFile;
   Select(WhiteBalanceMode::kModeDefault);
   EXPECT_EQ(desk.panel.lblWhiteClr, (Rgb{10, 20, 30}));
   EXPECT_EQ(desk.panel.sliders[2].text, "100");
-  EXPECT_EQ(desk.files.writes, 0);
+  EXPECT_EQ(desk.files.writes, 1);
 }
 
 TEST_F(WhiteBalanceTest, DamagedModeFileIsToldAndKeepsTheReference) {
@@ -48,59 +90,6 @@ TEST_F(WhiteBalanceTest, DamagedModeFileIsToldAndKeepsTheReference) {
   EXPECT_EQ(desk.panel.sliders[2].text, "50");
   EXPECT_FALSE(desk.panel.white_swatch_visible);
   EXPECT_EQ(desk.files.writes, 0);
-}
-
-TEST_F(WhiteBalanceTest, PickingOpensTheZoomAndShowsAnEarlierPick) {
-  Select(WhiteBalanceMode::kModeDefault);
-  Select(WhiteBalanceMode::kPickedPixel);
-  EXPECT_EQ(desk.zooms, std::vector{ZoomMode::kPickWhite});
-  EXPECT_FALSE(desk.panel.white_swatch_visible);
-  EXPECT_TRUE(lblModeSet(desk.panel, 0).visible);
-  EXPECT_EQ(lblModeSet(desk.panel, 0).text, "~");
-
-  SetPickedWhite(desk.panel, {250, 240, 230});
-  Select(WhiteBalanceMode::kModeDefault);
-  EXPECT_EQ(desk.panel.lblWhiteClr, (Rgb{192, 192, 192}));
-  EXPECT_FALSE(lblModeSet(desk.panel, 0).visible);
-  Select(WhiteBalanceMode::kPickedPixel);
-  EXPECT_EQ(desk.panel.lblWhiteClr, (Rgb{250, 240, 230}));
-  EXPECT_TRUE(desk.panel.white_swatch_visible);
-}
-
-TEST_F(WhiteBalanceTest, CustomModeAsksForAFileOnlyWhenThereIsNone) {
-  const std::string path = "C:\\wb\\sn\xC3\xB8.wbs";
-  desk.files.files[path] = kCustomFile;
-  desk.dialogs.open_files = {path};
-  Select(WhiteBalanceMode::kCustomFile);
-  EXPECT_EQ(desk.panel.custom_white_file, path);
-  EXPECT_EQ(lblModeSet(desk.panel, 1).text, "sn\xC3\xB8.wbs");
-  EXPECT_EQ(desk.panel.lblWhiteClr, (Rgb{10, 20, 30}));
-  const ScriptedDialogs::Shown box{ScriptedDialogs::Kind::kOpenFile, "Open White Balance",
-                                   "White Balance Setting (*.wbs)|*.wbs"};
-  EXPECT_EQ(desk.dialogs.shown, std::vector{box});
-
-  Select(WhiteBalanceMode::kModeDefault);
-  Select(WhiteBalanceMode::kCustomFile);
-  EXPECT_EQ(desk.dialogs.shown.size(), 1u) << "no second question";
-  EXPECT_TRUE(lblModeSet(desk.panel, 1).visible);
-}
-
-TEST_F(WhiteBalanceTest, BackingOutOfOpenKeepsTheFileInUseOrFallsBackToTheDefault) {
-  const std::vector<std::optional<std::string>> ways_out = {std::nullopt, "C:\\missing.wbs"};
-  for (const auto& way_out : ways_out) {
-    PanelDesk fresh;
-    fresh.dialogs.open_files = {way_out, way_out};
-    picMode_Click(fresh.app, fresh.platform, fresh.panel, WhiteBalanceMode::kCustomFile);
-    EXPECT_EQ(fresh.panel.white_balance_mode, WhiteBalanceMode::kModeDefault);
-    EXPECT_EQ(fresh.files.files[fresh.ModeFile()], kDefaultFile);
-
-    fresh.panel.white_balance_mode = WhiteBalanceMode::kCustomFile;
-    fresh.panel.custom_white_file = "C:\\old.wbs";
-    OpenWhiteBalance(fresh.app, fresh.platform, fresh.panel);
-    EXPECT_EQ(fresh.panel.custom_white_file, "C:\\old.wbs");
-    EXPECT_EQ(fresh.panel.white_balance_mode, WhiteBalanceMode::kCustomFile);
-    EXPECT_TRUE(fresh.dialogs.Told().empty());
-  }
 }
 
 TEST_F(WhiteBalanceTest, SavesWhereTheAnswerSays) {
@@ -134,15 +123,15 @@ TEST_F(WhiteBalanceTest, SavesWhereTheAnswerSays) {
 
 TEST(GetWhiteClrTest, IsTheMeanOfNinePixelsRoundedDown) {
   // Red counts the pixels 0 to 8, green is 255 in the middle only, blue is 200 everywhere.
-  PixelArray photo(3, 3);
-  for (int y = 0; y < 3; ++y) {
-    for (int x = 0; x < 3; ++x) {
-      std::uint8_t* pixel = photo.mutable_view().data + 4 * (3 * y + x);
-      pixel[kRed] = static_cast<std::uint8_t>(3 * y + x);
-      pixel[kGreen] = x == 1 && y == 1 ? 255 : 0;
-      pixel[kBlue] = 200;
-    }
-  }
+  const auto photo = PictureOf(3, {{0, 0, 200},
+                                   {1, 0, 200},
+                                   {2, 0, 200},
+                                   {3, 0, 200},
+                                   {4, 255, 200},
+                                   {5, 0, 200},
+                                   {6, 0, 200},
+                                   {7, 0, 200},
+                                   {8, 0, 200}});
   const struct {
     const char* name;
     int x, y;
@@ -159,7 +148,7 @@ TEST(GetWhiteClrTest, IsTheMeanOfNinePixelsRoundedDown) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    EXPECT_EQ(GetWhiteClr(photo.view(), c.x, c.y), c.expected);
+    EXPECT_EQ(GetWhiteClr(photo->view(), c.x, c.y), c.expected);
   }
   EXPECT_EQ(GetWhiteClr(PixelView(), 0, 0), (Rgb{0, 0, 0}));
 }

@@ -29,22 +29,6 @@ class FilesTest : public testing::Test {
   std::unique_ptr<Files> files = MakeSystemFiles();
 };
 
-TEST_F(FilesTest, TellsFilesFromFolders) {
-  folder.Write("sub\\a.txt", "a");
-  const struct {
-    const char* name;
-    bool is_file, is_folder;
-  } kCases[] = {
-      {"sub\\a.txt", true, false},     {"sub", false, true},
-      {"sub\\", false, true},          {"missing", false, false},
-      {"sub\\a.txt\\b", false, false},
-  };
-  for (const auto& c : kCases) {
-    EXPECT_EQ(files->FileExists(folder.File(c.name)), c.is_file) << c.name;
-    EXPECT_EQ(files->FolderExists(folder.File(c.name)), c.is_folder) << c.name;
-  }
-}
-
 TEST_F(FilesTest, ReadsWhatWasReplaced) {
   const std::string bytes("\0\r\n\x1A\xFF text", 10);
   for (const char* name : {"plain.ini", "two words.ini", "\xD0\xBF\xE6\xBC\xA2\xC3\xA9.ini"}) {
@@ -90,14 +74,6 @@ TEST_F(FilesTest, FoldersAreNoFiles) {
   EXPECT_FALSE(files->DeleteFolder(path).ok()) << "it is not empty";
   EXPECT_EQ(folder.Names(), Names{"sub"});
   EXPECT_EQ(folder.Names("sub"), Names{"a"});
-}
-
-TEST_F(FilesTest, MakesAndDeletesFolders) {
-  const std::string path = folder.File("new");
-  EXPECT_TRUE(files->CreateFolder(path).ok());
-  ExpectFails(files->CreateFolder(path), Failure::kExists, path);
-  EXPECT_TRUE(files->DeleteFolder(path).ok());
-  EXPECT_EQ(folder.Names(), Names{});
 }
 
 TEST_F(FilesTest, ListsFilesAndFolders) {
@@ -166,17 +142,6 @@ TEST_F(FilesTest, AppendsFromManyHandsLoseAndMixNothing) {
   while (at_work > 0) crowded.TakeFirstLines();
   for (std::thread& writer : writers) writer.join();
   crowded.ExpectEveryLineOnce();
-}
-
-TEST_F(FilesTest, TemporaryNamesAreNeverSharedAndLieBeside) {
-  const std::string path = folder.File("a.jpg");
-  std::set<std::string> names;
-  for (int i = 0; i < 100; ++i) {
-    const std::string name = MakeSystemFiles()->TemporaryBeside(path);
-    EXPECT_TRUE(names.insert(name).second) << name;
-    EXPECT_EQ(name.rfind('\\'), folder.path().size()) << name;
-  }
-  EXPECT_EQ(folder.Names(), Names{}) << "the file is not made";
 }
 
 TEST_F(FilesTest, PublishGivesTheNameAndReplacesNothing) {

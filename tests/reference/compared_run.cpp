@@ -57,61 +57,24 @@ std::vector<std::string> FieldsOf(const std::string& record) {
   return fields;
 }
 
-std::string PixelText(const PixelArray& picture, int x, int y) {
-  const std::uint8_t* pixel = picture.view().at(x, y);
-  std::ostringstream text;
-  text << "red " << +pixel[kRed] << " green " << +pixel[kGreen] << " blue " << +pixel[kBlue]
-       << " unused " << +pixel[kUnused];
-  return text.str();
-}
-
 std::string PictureDifference(const PixelArray& expected, const PixelArray& actual) {
   std::ostringstream text;
   if (expected.width() != actual.width() || expected.height() != actual.height()) {
-    text << "size " << actual.width() << " x " << actual.height() << " instead of "
-         << expected.width() << " x " << expected.height();
+    text << "size " << actual.width() << " x " << actual.height();
     return text.str();
   }
-  for (int y = 0; y < expected.height(); ++y) {
-    for (int x = 0; x < expected.width(); ++x) {
-      if (std::equal(expected.view().at(x, y), expected.view().at(x, y) + kBytesPerPixel,
-                     actual.view().at(x, y))) {
-        continue;
-      }
-      text << "pixel (" << x << ", " << y << ") of " << expected.width() << " x "
-           << expected.height() << ": " << PixelText(actual, x, y) << " instead of "
-           << PixelText(expected, x, y);
-      return text.str();
-    }
+  for (std::size_t i = 0; i < expected.view().byte_count(); ++i) {
+    const int wanted = expected.view().data[i], found = actual.view().data[i];
+    if (wanted == found) continue;
+    const std::size_t pixel = i / kBytesPerPixel, width = expected.width();
+    text << "channel " << i % kBytesPerPixel << " at (" << pixel % width << ", " << pixel / width
+         << "): " << found << " instead of " << wanted;
+    return text.str();
   }
   return {};
 }
 
 }  // namespace
-
-std::ostream& operator<<(std::ostream& out, const ComparedRun& run) {
-  const naive::Input& input = run.input;
-  out << run.name << ": photo " << input.photo.width() << " x " << input.photo.height()
-      << (input.preview ? ", preview" : ", full") << (input.analyze_full ? ", analyse full" : "")
-      << (input.extended_noise ? ", extended noise" : "") << "\n  open:";
-  for (int i = 0; i < kModuleCount; ++i) {
-    if (input.open[i]) out << ' ' << i;
-  }
-  out << "\n  sliders:";
-  for (const auto& value : input.values) out << ' ' << (value ? std::to_string(*value) : "none");
-  out << "\n  checks:";
-  for (const bool check : input.checks) out << ' ' << check;
-  out << "\n  white balance mode " << static_cast<int>(run.white_mode);
-  if (input.white) {
-    out << " (" << input.white->red << ", " << input.white->green << ", " << input.white->blue
-        << ')';
-  }
-  out << "\n  hue:";
-  for (const float factor : input.hue) out << ' ' << factor;
-  out << "\n  rotation " << input.rotation << '\n';
-  for (const std::string& line : input.learning) out << "  learnt: " << line << '\n';
-  return out;
-}
 
 RunResult RunNaively(const ComparedRun& run) {
   const naive::Output output = naive::Correct(run.input);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -18,9 +17,6 @@ struct ComparedRun {
   naive::Input input;
   WhiteBalanceMode white_mode = WhiteBalanceMode::kPickedPixel;
 };
-
-// Everything that is needed to make the run again, but for the pixels.
-std::ostream& operator<<(std::ostream& out, const ComparedRun& run);
 
 // What a run leaves behind: picture and learning record, the record as its fields.
 struct RunResult {

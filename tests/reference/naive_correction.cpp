@@ -35,16 +35,6 @@ bool Inside(const PixelArray& picture, int x, int y) {
   return x >= 0 && x < picture.width() && y >= 0 && y < picture.height();
 }
 
-Colour ColourAt(const PixelArray& picture, int x, int y) {
-  return {Get(picture, kRed, x, y), Get(picture, kGreen, x, y), Get(picture, kBlue, x, y)};
-}
-
-void SetColour(PixelArray& picture, int x, int y, const Colour& colour) {
-  Set(picture, kRed, x, y, colour.red);
-  Set(picture, kGreen, x, y, colour.green);
-  Set(picture, kBlue, x, y, colour.blue);
-}
-
 int Sum(const Colour& c) { return c.red + c.green + c.blue; }
 int Largest(const Colour& c) { return std::max(c.red, std::max(c.green, c.blue)); }
 int Smallest(const Colour& c) { return std::min(c.red, std::min(c.green, c.blue)); }
@@ -59,10 +49,7 @@ struct Parameters {
   std::array<double, 3> white_balance = {0, 0, 0};
   bool white_balance_on = false;
   std::array<double, 3> hue = {0, 0, 0};
-  int noise_radius = 1;
-  double noise_threshold = 0;
-  double noise_normaliser = 0;
-  bool darkness_weighting = false;
+  NoiseRule noise;
   double focus_amount = 0;
   int focus_distance = 0;
   int focus_step = 1;
@@ -92,22 +79,21 @@ void ReadWhiteBalance(const Input& in, Parameters& p) {
 
 void ReadNoise(const Input& in, Parameters& p) {
   if (!in.open[7]) return;
-  p.darkness_weighting = in.checks[4];
-  if (in.values[8]) p.noise_radius = *in.values[8];
-  if (!in.extended_noise) Assign(p.noise_radius, p.noise_radius / 8.0);
-  if (!in.preview) Assign(p.noise_radius, p.noise_radius * p.scale_ratio);
-  if (p.noise_radius < 1) p.noise_radius = 1;
+  p.noise.darkness_weighting = in.checks[4];
+  if (in.values[8]) p.noise.radius = *in.values[8];
+  if (!in.extended_noise) Assign(p.noise.radius, p.noise.radius / 8.0);
+  if (!in.preview) Assign(p.noise.radius, p.noise.radius * p.scale_ratio);
+  if (p.noise.radius < 1) p.noise.radius = 1;
 
-  if (in.values[7]) p.noise_threshold = *in.values[7];
-  const double radius = p.noise_radius;
+  if (in.values[7]) p.noise.threshold = *in.values[7];
+  const double radius = p.noise.radius;
   if (!in.extended_noise) {
     double divisor = radius * radius * 0.02 + 0.98;
     if (divisor < 0.1) divisor = 0.1;
-    p.noise_threshold = p.noise_threshold / divisor;
+    p.noise.threshold = p.noise.threshold / divisor;
   }
-  if (p.noise_threshold < 1) p.noise_threshold = 1;
-  p.noise_threshold = p.noise_threshold * 7.65;
-  p.noise_normaliser = (2 * radius + 1) * (2 * radius + 1) + 1;
+  if (p.noise.threshold < 1) p.noise.threshold = 1;
+  p.noise.threshold = p.noise.threshold * 7.65;
 }
 
 void ReadFocus(const Input& in, Parameters& p) {
@@ -133,7 +119,7 @@ using Histogram = std::vector<std::int64_t>;
 Histogram Count(const PixelArray& picture) {
   Histogram counts(766, 0);
   for (int x = 0; x < picture.width(); ++x) {
-    for (int y = 0; y < picture.height(); ++y) ++counts[Sum(ColourAt(picture, x, y))];
+    for (int y = 0; y < picture.height(); ++y) ++counts[Sum(PixelAt(picture.view(), x, y))];
   }
   return counts;
 }
@@ -249,7 +235,7 @@ Measures Analyse(const Input& in, const PixelArray& analysed) {
   CheckToneLimits(m);
   for (int x = 0; x < analysed.width(); ++x) {
     for (int y = 0; y < analysed.height(); ++y) {
-      MeasurePixel(ColourAt(analysed, x, y), top_level, m);
+      MeasurePixel(PixelAt(analysed.view(), x, y), top_level, m);
     }
   }
   FinishMeasures(m);
@@ -366,18 +352,20 @@ struct Pull {
   }
 };
 
-void FilterNoise(const PixelArray& reference, int x, int y, const Parameters& p, Colour& c) {
+}  // namespace
+
+Colour FilterNoise(const PixelArray& reference, int x, int y, const NoiseRule& rule, Colour c) {
   const double darkness = 1 - Sum(c) / 765.0;
-  double threshold = p.noise_threshold;
-  if (p.darkness_weighting) threshold = p.noise_threshold * darkness * 1.25;
-  if (threshold == 0) return;
+  double threshold = rule.threshold;
+  if (rule.darkness_weighting) threshold = rule.threshold * darkness * 1.25;
+  if (threshold == 0) return c;
   Pull red, green, blue;
-  const int radius = p.noise_radius;
+  const int radius = rule.radius;
   for (int dx = -radius; dx <= radius; ++dx) {
     for (int dy = -radius; dy <= radius; ++dy) {
       if (dx * dx + dy * dy > (radius + 0.5) * (radius + 0.5)) continue;
       if ((dx == 0 && dy == 0) || !Inside(reference, x + dx, y + dy)) continue;
-      const Colour other = ColourAt(reference, x + dx, y + dy);
+      const Colour other = PixelAt(reference.view(), x + dx, y + dy);
       const int d = std::abs(c.red - other.red) + std::abs(c.green - other.green) +
                     std::abs(c.blue - other.blue);
       if (d >= threshold) continue;
@@ -386,11 +374,14 @@ void FilterNoise(const PixelArray& reference, int x, int y, const Parameters& p,
       blue.Add(other.blue, c.blue, d);
     }
   }
-  const double n = p.noise_normaliser;
+  const double n = (2.0 * radius + 1) * (2.0 * radius + 1) + 1;
   Assign(c.red, c.red + (red.a - red.b / threshold) / n);
   Assign(c.green, c.green + (green.a - green.b / threshold) / n);
   Assign(c.blue, c.blue + (blue.a - blue.b / threshold) / n);
+  return c;
 }
+
+namespace {
 
 void SharpenChannel(int& channel, double mean, double amount) {
   int change = 0;
@@ -405,7 +396,7 @@ void Focus(const PixelArray& working, int x, int y, const Parameters& p, Colour&
   for (int dx = -p.focus_distance; dx <= p.focus_distance; dx += p.focus_step) {
     for (int dy = -p.focus_distance; dy <= p.focus_distance; dy += p.focus_step) {
       if ((dx == 0 && dy == 0) || !Inside(working, x + dx, y + dy)) continue;
-      const Colour other = ColourAt(working, x + dx, y + dy);
+      const Colour other = PixelAt(working.view(), x + dx, y + dy);
       red = red + other.red;
       green = green + other.green;
       blue = blue + other.blue;
@@ -435,9 +426,9 @@ int Clamp(int channel) { return channel < 0 ? 0 : channel > 255 ? 255 : channel;
 
 void AdjustPixel(const Input& in, const Parameters& p, const Measures& m,
                  const PixelArray& reference, int x, int y, PixelArray& working) {
-  Colour c = ColourAt(working, x, y);
+  Colour c = PixelAt(working.view(), x, y);
   const int sum = Sum(c);
-  if (in.open[7]) FilterNoise(reference, x, y, p, c);
+  if (in.open[7]) c = FilterNoise(reference, x, y, p.noise, c);
   if (in.open[12]) Focus(working, x, y, p, c);
   const std::array<int*, 3> channels = {&c.red, &c.green, &c.blue};
   for (int i = 0; i < 3; ++i) {
@@ -450,7 +441,7 @@ void AdjustPixel(const Input& in, const Parameters& p, const Measures& m,
     if (p.contrast != 0) ApplyContrast(channel, p.contrast);
     channel = Clamp(channel);
   }
-  SetColour(working, x, y, c);
+  SetPixel(working.mutable_view(), x, y, c);
 }
 
 PixelArray AdjustPicture(const Input& in, const Parameters& p, const Measures& m,
@@ -471,6 +462,8 @@ int ScaledHue(const Colour& c) {
   if (c.green == Largest(c)) return 60 * (c.blue - c.red) + 120 * range;
   return 60 * (c.red - c.green) + 240 * range;
 }
+
+}  // namespace
 
 Colour TurnHue(const Colour& c, int degrees) {
   const int high = Largest(c);
@@ -499,11 +492,14 @@ Colour TurnHue(const Colour& c, int degrees) {
   }
 }
 
+namespace {
+
 void RotateColours(const Input& in, PixelArray& picture) {
   if (!in.open[13] || !in.values[12] || *in.values[12] == 0) return;
   for (int x = 0; x < picture.width(); ++x) {
     for (int y = 0; y < picture.height(); ++y) {
-      SetColour(picture, x, y, TurnHue(ColourAt(picture, x, y), *in.values[12]));
+      SetPixel(picture.mutable_view(), x, y,
+               TurnHue(PixelAt(picture.view(), x, y), *in.values[12]));
     }
   }
 }
@@ -520,7 +516,7 @@ PixelArray Turn(const PixelArray& picture, int choice) {
       if (choice == 2) to_x = w - x + 1, to_y = h - y + 1;
       if (choice == 3) to_x = x, to_y = h - y + 1;
       if (choice == 4) to_x = w - x + 1, to_y = y;
-      SetColour(turned, to_x - 1, to_y - 1, ColourAt(picture, x - 1, y - 1));
+      SetPixel(turned.mutable_view(), to_x - 1, to_y - 1, PixelAt(picture.view(), x - 1, y - 1));
     }
   }
   return turned;
@@ -534,7 +530,7 @@ std::optional<Colour> NearestSound(const PixelArray& photo, const PixelArray& ma
   for (int k = 1; k <= 100; ++k) {
     if (!Inside(photo, x + k * dx, y + k * dy)) return std::nullopt;
     if (Get(map, kRed, x + k * dx, y + k * dy) < threshold) {
-      return ColourAt(photo, x + k * dx, y + k * dy);
+      return PixelAt(photo.view(), x + k * dx, y + k * dy);
     }
   }
   return std::nullopt;
@@ -555,7 +551,7 @@ void RepairPixel(PixelArray& photo, const PixelArray& map, int threshold, int x,
   Assign(mean.red, red / count);
   Assign(mean.green, green / count);
   Assign(mean.blue, blue / count);
-  SetColour(photo, x, y, mean);
+  SetPixel(photo.mutable_view(), x, y, mean);
 }
 
 // --- Texts --------------------------------------------------------------------------------------
@@ -599,7 +595,7 @@ PixelArray Thumbnail(const PixelArray& photo) {
     for (int y = 0; y < th; ++y) {
       const int from_x = (2 * x + 1) * w / (2 * tw);
       const int from_y = (2 * y + 1) * h / (2 * th);
-      SetColour(thumbnail, x, y, ColourAt(photo, from_x, from_y));
+      SetPixel(thumbnail.mutable_view(), x, y, PixelAt(photo.view(), from_x, from_y));
       Set(thumbnail, kUnused, x, y, Get(photo, kUnused, from_x, from_y));
     }
   }

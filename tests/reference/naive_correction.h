@@ -6,17 +6,14 @@
 #include <vector>
 
 #include "imaging/pixel_array.h"
+#include "tests/support/pictures.h"
 
 // A second correction, written straight from its rules: one function per rule, plain loops, no
 // threads, no tables, and nothing shared with the engine but the layout of a picture. It is slow
 // and serves as the judge: what the program makes of a picture must be the same, byte by byte.
 namespace tarnwell::naive {
 
-struct Colour {
-  int red = 0;
-  int green = 0;
-  int blue = 0;
-};
+using Colour = TestPixel;
 
 // One run: the photo and everything that is set.
 struct Input {
@@ -44,6 +41,17 @@ Output Correct(const Input& input);
 
 // The repaired photo: `map` is the picture of stuck pixels, of the photo's size.
 PixelArray RepairDeadPixels(PixelArray photo, const PixelArray& map, int threshold);
+
+struct NoiseRule {
+  int radius = 1;
+  double threshold = 0;
+  bool darkness_weighting = false;
+};
+
+// What the noise filter makes of colour `c` at (x, y), with the neighbours in `reference`.
+Colour FilterNoise(const PixelArray& reference, int x, int y, const NoiseRule& rule, Colour c);
+
+Colour TurnHue(const Colour& c, int degrees);
 
 PixelArray Thumbnail(const PixelArray& photo);
 

@@ -51,45 +51,6 @@ TEST(ProfileSelectionTest, SelectingBringsFoldersWhiteBalanceAndLearning) {
   EXPECT_TRUE(window.dialogs.shown.empty());
 }
 
-TEST(ProfileSelectionTest, ANewModeHasLearntNothing) {
-  WindowWithNight window;
-  SelectCameraAndMode(window.form, "Phone", "Night");
-  window.dialogs.texts = {"Snow", ""};
-  NewModeClick(window.form);
-  EXPECT_EQ(window.Profile(), "Phone/Snow");
-  EXPECT_TRUE(window.form.learning.records.empty());
-}
-
-TEST(ProfileSelectionTest, DefaultValuesOfTheFirstModuleGoBackToDefault) {
-  for (const Answer answer : {Answer::kYes, Answer::kNo}) {
-    WindowWithNight window;
-    SelectCameraAndMode(window.form, "Phone", "Night");
-    window.dialogs.answers = {answer};
-    const bool yes = answer == Answer::kYes;
-    EXPECT_EQ(DefaultValuesClick(window.form, kCameraAndMode), yes);
-    EXPECT_EQ(window.Profile(), yes ? "Default/Default" : "Phone/Night");
-    EXPECT_EQ(window.form.learning.records.size(), yes ? 1u : 2u);
-  }
-}
-
-TEST(ProfileSelectionTest, ADamagedLearningFileIsToldAndTheRestOfItCounts) {
-  WindowWithNight window;
-  window.folder.Write(std::string(kNight) + kLearningFile, Record() + "1\t2\r\n" + Record());
-  SelectCameraAndMode(window.form, "Phone", "Night");
-  EXPECT_EQ(window.form.learning.records.size(), 3u);
-  ASSERT_EQ(window.dialogs.Told().size(), 1u);
-  EXPECT_NE(window.dialogs.Told()[0].find("Smart Data.tsd: line 2: "), std::string::npos);
-}
-
-TEST(StartStateTest, AFirstStartMakesTheFolders) {
-  TestWindow window;
-  SetProgramFolder(window.app, window.folder.File("fresh"), "TarnwellPocket");
-  LoadStartState(window.form);
-  EXPECT_TRUE(window.folder.Holds("fresh\\Cameras\\Default\\Default\\White Balance.wbs"));
-  EXPECT_EQ(window.modules.camera + window.modules.mode, "DefaultDefault");
-  EXPECT_TRUE(window.dialogs.shown.empty());
-}
-
 TEST(StartStateTest, CameraAndModeComeBackWhereTheirFoldersAreStillThere) {
   const struct {
     const char* camera;
@@ -99,7 +60,6 @@ TEST(StartStateTest, CameraAndModeComeBackWhereTheirFoldersAreStillThere) {
       {"Phone", "Night", "Phone/Night"},    {"Phone", "Gone", "Phone/Default"},
       {"Gone", "Night", "Default/Default"}, {"..", "Cameras", "Default/Default"},
       {"Phone", "..", "Phone/Default"},     {"Phone\\Night", "", "Default/Default"},
-      {"", "", "Default/Default"},          {"Phone", "~ Dead Pixels", "Phone/Default"},
   };
   for (const auto& row : kRows) {
     WindowWithNight before, window;
@@ -124,17 +84,15 @@ TEST(StartStateTest, AWhiteReferenceOfOnesOwnStaysInForce) {
   window.modules.picked_white = Rgb{7, 8, 9};
   SetSliderValue(window.modules, 2, 61);
 
-  window.modules.white_balance_mode = WhiteBalanceMode::kPickedPixel;
-  SelectStartProfile(window.form);
-  EXPECT_EQ(window.modules.white_balance_mode, WhiteBalanceMode::kPickedPixel);
-  EXPECT_EQ(window.modules.lblWhiteClr, (Rgb{7, 8, 9}));
-  EXPECT_EQ(window.modules.sliders[2].text, "61");
-
-  window.modules.white_balance_mode = WhiteBalanceMode::kCustomFile;
-  SelectStartProfile(window.form);
-  EXPECT_EQ(window.modules.white_balance_mode, WhiteBalanceMode::kCustomFile);
-  EXPECT_EQ(window.modules.lblWhiteClr, (Rgb{1, 2, 3}));
-  EXPECT_EQ(window.modules.sliders[2].text, "61");
+  const std::pair<WhiteBalanceMode, Rgb> kept[] = {{WhiteBalanceMode::kPickedPixel, {7, 8, 9}},
+                                                   {WhiteBalanceMode::kCustomFile, {1, 2, 3}}};
+  for (const auto& [mode, white] : kept) {
+    window.modules.white_balance_mode = mode;
+    SelectStartProfile(window.form);
+    EXPECT_EQ(window.modules.white_balance_mode, mode);
+    EXPECT_EQ(window.modules.lblWhiteClr, white);
+    EXPECT_EQ(window.modules.sliders[2].text, "61");
+  }
 
   ASSERT_TRUE(window.files->Delete(window.modules.custom_white_file).ok());
   SelectStartProfile(window.form);

@@ -7,7 +7,6 @@
 #include "modules/presets.h"
 #include "shell/menu_click.h"
 #include "shell/menus.h"
-#include "tests/support/forwarding_files.h"
 #include "tests/support/main_desk.h"
 
 namespace tarnwell {
@@ -32,6 +31,7 @@ struct QueueDesk : MainDesk {
 
 TEST(Timer1, LoadsThePresetsInTheOrderOfTheirNamesOnce) {
   MainDesk desk;
+  desk.folder.Write("program\\Aa.twp", "not a preset");
   desk.folder.Write("program\\b.twp", PresetWithBrightness(20));
   desk.folder.Write("program\\A.twp", PresetWithBrightness(10));
   desk.folder.Write("program\\C.TWP", PresetWithBrightness(30));
@@ -39,6 +39,8 @@ TEST(Timer1, LoadsThePresetsInTheOrderOfTheirNamesOnce) {
   Timer1_Tick(desk.window);
   EXPECT_EQ(desk.modules.Value(3), 30);
   EXPECT_EQ(desk.window.timer1_interval, 0);
+  ASSERT_EQ(desk.dialogs.Told().size(), 1u);
+  EXPECT_NE(desk.dialogs.Told()[0].find("Aa.twp"), std::string::npos);
 
   SetSliderValue(desk.modules, 3, 7);
   Timer1_Tick(desk.window);
@@ -55,14 +57,6 @@ TEST(Timer1, ADamagedPresetDoesNotKeepTheOthersOut) {
   EXPECT_NE(desk.dialogs.Told()[0].find("a.twp"), std::string::npos);
 }
 
-TEST(Timer2, OffersTheStartUpTipOnItsFirstTick) {
-  MainDesk desk;
-  Timer2_Tick(desk.window);
-  RestoreAllTips(desk.tips_wanted);
-  Timer2_Tick(desk.window);
-  EXPECT_EQ(desk.view.log, Texts{"tip 1"});
-}
-
 TEST(Timer2, OpensTheFirstQueuedPhoto) {
   for (const char* rest : {"", "\r\n", "\n", "\r\nC:\\other.bmp\r\n"}) {
     SCOPED_TRACE(rest);
@@ -75,27 +69,6 @@ TEST(Timer2, OpensTheFirstQueuedPhoto) {
     EXPECT_FALSE(desk.Queued());
     EXPECT_EQ(desk.dialogs.shown.size(), 0u);
   }
-}
-
-TEST(Timer2, DropsAPathThatLeadsNowhere) {
-  for (const std::string text : {"", "\r\n", "C:\\gone\\a.jpg\r\n", "program"}) {
-    QueueDesk desk;
-    desk.Queue(text == "program" ? desk.app.program_folder : text);
-    Timer2_Tick(desk.window);
-    EXPECT_FALSE(desk.Queued()) << text;
-    EXPECT_EQ(desk.app.current_file, "") << text;
-    EXPECT_EQ(desk.dialogs.shown.size(), 0u) << text;
-  }
-}
-
-TEST(Timer2, NamesAPhotoThatCannotBeRead) {
-  QueueDesk desk;
-  const Picture photo = desk.ShowLargePhoto();
-  desk.Queue(desk.folder.Write("broken.jpg", "nothing"));
-  Timer2_Tick(desk.window);
-  ASSERT_EQ(desk.dialogs.Told().size(), 1u);
-  EXPECT_NE(desk.dialogs.Told()[0].find("broken.jpg"), std::string::npos);
-  EXPECT_TRUE(SamePixels(desk.surfaces().picOriginal.picture, photo));
 }
 
 TEST(Timer2, AsksOnEveryTickUntilTheAnswerIsYesOrNo) {
@@ -115,25 +88,15 @@ TEST(Timer2, AsksOnEveryTickUntilTheAnswerIsYesOrNo) {
   EXPECT_EQ(desk.dialogs.Asked(), Texts(3, "Do you want to save the changes you made to old.jpg?"));
 }
 
-TEST(Timer2, SavesOnYesBeforeThePhotoGoes) {
+TEST(Timer2, NamesAPhotoThatCannotBeReadAndKeepsTheOther) {
   QueueDesk desk;
-  desk.ShowLargePhoto();
-  desk.app.photo_changed = true;
-  desk.form.names.output_path = desk.folder.File("kept.bmp");
-  desk.Queue(desk.WriteBitmap("new.bmp", NoisyPicture(30, 20, 2)));
-  desk.dialogs.answers = {Answer::kYes};
-  Timer2_Tick(desk.window);
-  EXPECT_TRUE(desk.folder.Holds("kept.bmp"));
-  EXPECT_EQ(desk.surfaces().picOriginal.picture->width(), 30);
-}
-
-TEST(Timer2, AnUnreadablePhotoDoesNotForgetUnsavedChanges) {
-  QueueDesk desk;
-  desk.ShowLargePhoto();
+  const Picture photo = desk.ShowLargePhoto();
   desk.app.photo_changed = true;
   desk.Queue(desk.folder.Write("broken.jpg", "nothing"));
   desk.dialogs.answers = {Answer::kNo};
   Timer2_Tick(desk.window);
+  EXPECT_NE(desk.dialogs.Told()[0].find("broken.jpg"), std::string::npos);
+  EXPECT_TRUE(SamePixels(desk.surfaces().picOriginal.picture, photo));
   EXPECT_TRUE(desk.app.photo_changed);
 }
 
@@ -151,21 +114,6 @@ TEST(Timer2, SkipsTicksWhileACommandRunsOrTheProgramEnds) {
   desk.form.correcting = false;
   Timer2_Tick(desk.window);
   EXPECT_FALSE(desk.Queued());
-}
-
-class LockedQueue : public ForwardingFiles {
- public:
-  using ForwardingFiles::ForwardingFiles;
-  Status Delete(const std::string& path) override {
-    return Status::Error(Failure::kNoAccess, path + ": is in use");
-  }
-};
-
-TEST(Timer2, LeavesAQueueThatAnotherInstanceIsWriting) {
-  MainDesk desk(std::make_unique<LockedQueue>(MakeSystemFiles()));
-  desk.folder.Write("program\\queue.ini", desk.WriteBitmap("new.bmp", NoisyPicture(30, 20, 2)));
-  Timer2_Tick(desk.window);
-  EXPECT_EQ(desk.app.current_file, "");
 }
 
 }  // namespace

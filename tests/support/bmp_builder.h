@@ -12,6 +12,7 @@ namespace tarnwell {
 // A bitmap file to be written field by field, right or wrong. The file's own code is not used, so
 // that reader and builder cannot share a mistake.
 struct BmpLayout {
+  std::string signature = "BM";
   std::uint32_t header_size = 40;
   std::int32_t width = 1;
   std::int32_t height = 1;  // negative: rows stored top to bottom
@@ -60,8 +61,8 @@ inline std::string BuildBmp(const BmpLayout& layout) {
   }
   const std::string head = BmpHeaderBytes(layout) + palette + layout.gap;
   const std::uint64_t offset = layout.pixel_offset.value_or(14 + head.size());
-  return "BM" + LittleEndian(14 + head.size() + layout.data.size(), 4) + LittleEndian(0, 4) +
-         LittleEndian(offset, 4) + head + layout.data;
+  return layout.signature + LittleEndian(14 + head.size() + layout.data.size(), 4) +
+         LittleEndian(0, 4) + LittleEndian(offset, 4) + head + layout.data;
 }
 
 // The uncompressed pixel data of a picture whose pixel in column x of row y (from the top) is

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/system.h"
 
 namespace tarnwell {
 
@@ -50,6 +52,36 @@ class ForwardingFiles : public Files {
 
  private:
   std::unique_ptr<Files> target_;
+};
+
+// The system's files. `before_write` may refuse what is to be written or moved to a path, or do
+// something there first, as another program would.
+class FaultyFiles : public ForwardingFiles {
+ public:
+  FaultyFiles() : ForwardingFiles(MakeSystemFiles()) {}
+  std::function<Status(const std::string& path)> before_write = [](auto&) { return Status::Ok(); };
+
+  Status Replace(const std::string& path, std::string_view bytes) override {
+    const Status fault = before_write(path);
+    return fault.ok() ? ForwardingFiles::Replace(path, bytes) : fault;
+  }
+  Status Append(const std::string& path, std::string_view bytes) override {
+    const Status fault = before_write(path);
+    return fault.ok() ? ForwardingFiles::Append(path, bytes) : fault;
+  }
+  Status Update(const std::string& path, const FileChange& change, std::uint64_t most) override {
+    const Status fault = before_write(path);
+    return fault.ok() ? ForwardingFiles::Update(path, change, most) : fault;
+  }
+  Status Publish(const std::string& temporary, const std::string& path) override {
+    const Status fault = before_write(path);
+    if (fault.ok()) return ForwardingFiles::Publish(temporary, path);
+    return Delete(temporary).ok() ? fault : Status::Error(Failure::kOther, temporary);
+  }
+  Status Move(const std::string& from, const std::string& to) override {
+    const Status fault = before_write(to);
+    return fault.ok() ? ForwardingFiles::Move(from, to) : fault;
+  }
 };
 
 }  // namespace tarnwell

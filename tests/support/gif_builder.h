@@ -15,7 +15,6 @@ struct GifColour {
 struct GifFrame {
   int left = 0, top = 0, width = 0, height = 0;
   std::vector<unsigned char> indices;  // width x height, top row first, 0..3
-  std::vector<GifColour> local_colours = {};
   int transparent = -1;
   bool interlaced = false;
 };
@@ -25,10 +24,10 @@ class GifBuilder {
   GifBuilder(int width, int height, const std::vector<GifColour>& colours) : bytes_("GIF89a") {
     Word(width);
     Word(height);
-    Byte(colours.empty() ? 0 : 0x81);
-    Byte(0);
-    Byte(0);
-    Colours(colours);
+    for (const int field : {0x81, 0, 0}) Byte(field);
+    for (const GifColour& colour : colours) {
+      for (const int channel : {colour.red, colour.green, colour.blue}) Byte(channel);
+    }
   }
 
   GifBuilder& Add(const GifFrame& frame) {
@@ -39,8 +38,7 @@ class GifBuilder {
     }
     Byte(0x2C);
     for (int field : {frame.left, frame.top, frame.width, frame.height}) Word(field);
-    Byte((frame.local_colours.empty() ? 0 : 0x81) | (frame.interlaced ? 0x40 : 0));
-    Colours(frame.local_colours);
+    Byte(frame.interlaced ? 0x40 : 0);
     Pixels(frame);
     return *this;
   }
@@ -55,15 +53,6 @@ class GifBuilder {
     Byte(value & 255);
     Byte(value >> 8);
   }
-  void Colours(const std::vector<GifColour>& colours) {
-    for (std::size_t i = 0; i < 4 && !colours.empty(); ++i) {
-      const GifColour colour = i < colours.size() ? colours[i] : GifColour{0, 0, 0};
-      Byte(colour.red);
-      Byte(colour.green);
-      Byte(colour.blue);
-    }
-  }
-
   static std::vector<int> RowOrder(const GifFrame& frame) {
     std::vector<int> order;
     const int first[] = {0, 4, 2, 1}, step[] = {8, 8, 4, 2};

@@ -12,9 +12,9 @@ namespace tarnwell {
 
 // A pixel in the order people write it.
 struct TestPixel {
-  int red;
-  int green;
-  int blue;
+  int red = 0;
+  int green = 0;
+  int blue = 0;
   bool operator==(const TestPixel&) const = default;
 };
 

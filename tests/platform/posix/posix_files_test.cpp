@@ -8,7 +8,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/posix/posix_error.h"
 #include "platform/posix/posix_picture_codec.h"
 #include "platform/system.h"
 #include "tests/support/temp_folder.h"
@@ -17,6 +16,12 @@ namespace tarnwell {
 namespace {
 
 using Names = std::vector<std::string>;
+
+struct PosixFilesTest : testing::Test {
+  TempFolder folder;
+  std::unique_ptr<Files> system_files = MakeSystemFiles();
+  Files& files = *system_files;
+};
 
 // A file name that holds a backslash, made past the program's own spelling.
 void WriteWithBackslash(const TempFolder& folder, const char* name) {
@@ -27,10 +32,7 @@ void WriteWithBackslash(const TempFolder& folder, const char* name) {
   close(file);
 }
 
-TEST(PosixFilesTest, NamesWithABackslashAreRefusedWithTheNameAsTheUserKnowsIt) {
-  TempFolder folder;
-  const auto system_files = MakeSystemFiles();
-  Files& files = *system_files;
+TEST_F(PosixFilesTest, NamesWithABackslashAreRefusedWithTheNameAsTheUserKnowsIt) {
   WriteWithBackslash(folder, "a\\b.jpg");
   folder.Write("a\\b.jpg", "the file b.jpg in the folder a");
   const std::string word = folder.SystemPath().string() + "/a\\b.jpg";
@@ -52,9 +54,7 @@ TEST(PosixFilesTest, NamesWithABackslashAreRefusedWithTheNameAsTheUserKnowsIt) {
   EXPECT_EQ(entries->front().name, "a");
 }
 
-TEST(PosixFilesTest, AbsoluteLeavesIdlePartsOut) {
-  const auto system_files = MakeSystemFiles();
-  Files& files = *system_files;
+TEST_F(PosixFilesTest, AbsoluteLeavesIdlePartsOut) {
   const std::string here = files.Absolute("a.jpg");
   EXPECT_EQ(files.Absolute("./a.jpg"), here);
   EXPECT_EQ(files.Absolute(".//./a.jpg"), here);
@@ -63,10 +63,7 @@ TEST(PosixFilesTest, AbsoluteLeavesIdlePartsOut) {
   EXPECT_EQ(files.Absolute(""), "");
 }
 
-TEST(PosixFilesTest, PipesAreNeitherFilesNorWaitedFor) {
-  TempFolder folder;
-  const auto system_files = MakeSystemFiles();
-  Files& files = *system_files;
+TEST_F(PosixFilesTest, PipesAreNeitherFilesNorWaitedFor) {
   const std::string pipe = folder.File("pipe.jpg");
   ASSERT_EQ(mkfifo(folder.SystemPath("pipe.jpg").c_str(), 0666), 0);
   EXPECT_FALSE(files.FileExists(pipe));
@@ -79,10 +76,7 @@ TEST(PosixFilesTest, PipesAreNeitherFilesNorWaitedFor) {
   EXPECT_TRUE(folder.Holds("pipe.jpg"));
 }
 
-TEST(PosixFilesTest, LinksAreWrittenThroughAndRightsKept) {
-  TempFolder folder;
-  const auto system_files = MakeSystemFiles();
-  Files& files = *system_files;
+TEST_F(PosixFilesTest, LinksAreWrittenThroughAndRightsKept) {
   folder.Write("kept\\real.ini", "old");
   ASSERT_EQ(chmod(folder.SystemPath("kept\\real.ini").c_str(), 0640), 0);
   std::filesystem::create_symlink("kept/real.ini", folder.SystemPath("link.ini"));
@@ -93,16 +87,6 @@ TEST(PosixFilesTest, LinksAreWrittenThroughAndRightsKept) {
   ASSERT_EQ(stat(folder.SystemPath("kept\\real.ini").c_str(), &found), 0);
   EXPECT_EQ(found.st_mode & 0777, 0640u);
   EXPECT_EQ(folder.Names("kept"), Names{"real.ini"});
-}
-
-TEST(PosixFilesTest, ALinkThatLeadsNowhereStillTakesItsName) {
-  TempFolder folder;
-  const auto system_files = MakeSystemFiles();
-  Files& files = *system_files;
-  std::filesystem::create_symlink("nowhere", folder.SystemPath("photoA.jpg"));
-  const std::string temporary = folder.Write("new.tmp", "new");
-  EXPECT_EQ(files.Publish(temporary, folder.File("photoA.jpg")).failure, Failure::kExists);
-  EXPECT_TRUE(std::filesystem::is_symlink(folder.SystemPath("photoA.jpg")));
 }
 
 // While it lives, no file may grow past `most_bytes`: a disk that fills up in the middle of a
@@ -126,10 +110,7 @@ class FullDisk {
   void (*signal_)(int);
 };
 
-TEST(PosixFilesTest, AWriteThatFailsHalfwayLeavesTheOldContent) {
-  TempFolder folder;
-  const auto system_files = MakeSystemFiles();
-  Files& files = *system_files;
+TEST_F(PosixFilesTest, AWriteThatFailsHalfwayLeavesTheOldContent) {
   const std::string path = folder.Write("a.tsd", std::string(3000, 'o'));
   const std::string much(5000, 'n');
   const PixelArray pixels(40, 40);
@@ -174,12 +155,9 @@ class OtherVolume {
   std::string folder_;
 };
 
-TEST(PosixFilesTest, MovesToAnotherVolumeByCopying) {
-  TempFolder folder;
+TEST_F(PosixFilesTest, MovesToAnotherVolumeByCopying) {
   OtherVolume other;
   if (!other.DiffersFrom(folder)) GTEST_SKIP() << "there is no second volume";
-  const auto system_files = MakeSystemFiles();
-  Files& files = *system_files;
   const std::string bytes(3'000'000, 'p');
   const std::string from = folder.Write("a.jpg", bytes);
   const auto modified = files.List(folder.path())->front().modified_nanos;
@@ -195,27 +173,6 @@ TEST(PosixFilesTest, MovesToAnotherVolumeByCopying) {
   EXPECT_EQ(files.Move(from, other.File("a.jpg")).failure, Failure::kExists);
   EXPECT_EQ(folder.Read("a.jpg"), "another");
   EXPECT_EQ(files.List(other.File(""))->size(), 1u);
-}
-
-TEST(PosixErrorTest, ReasonsAreInPlainWords) {
-  const struct {
-    int error;
-    Subject subject;
-    Failure failure;
-    const char* message;
-  } kCases[] = {
-      {ENOENT, Subject::kFile, Failure::kNotFound, "/a/b: no such file"},
-      {ENOENT, Subject::kFolder, Failure::kNotFound, "/a/b: no such folder"},
-      {ENOENT, Subject::kNewFile, Failure::kNotFound, "/a/b: its folder does not exist"},
-      {EACCES, Subject::kFile, Failure::kNoAccess, "/a/b: no permission"},
-      {ENOSPC, Subject::kNewFile, Failure::kDiskFull, "/a/b: disk full"},
-      {EEXIST, Subject::kNewFile, Failure::kExists, "/a/b: something of that name exists already"},
-  };
-  for (const auto& c : kCases) {
-    const Status status = SystemError(c.error, "\\a\\b", c.subject);
-    EXPECT_EQ(status.failure, c.failure) << c.message;
-    EXPECT_EQ(status.message, c.message);
-  }
 }
 
 }  // namespace

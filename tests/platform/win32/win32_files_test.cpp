@@ -126,19 +126,5 @@ TEST_F(Win32FilesTest, MovesToAnotherVolumeByCopying) {
   EXPECT_TRUE(files.Delete(to).ok());
 }
 
-TEST_F(Win32FilesTest, AbsolutePathsAreSpelledWithADriveAndBackslashes) {
-  EXPECT_EQ(files.Absolute("C:\\a\\b.jpg"), "C:\\a\\b.jpg");
-  EXPECT_EQ(files.Absolute("\\\\server\\share\\a"), "\\\\server\\share\\a");
-  EXPECT_EQ(files.Absolute("C:/a/b.jpg"), "C:\\a\\b.jpg");
-  EXPECT_EQ(files.Absolute("\\a").substr(1), ":\\a");
-}
-
-TEST(Win32SystemTest, DataFolderIsTheProgramsOwnBelowTheUsers) {
-  const std::string path = SystemDataFolder();
-  EXPECT_TRUE(path.ends_with("\\Tarnwell Pocket\\")) << path;
-  EXPECT_TRUE(Win32Files().FolderExists(path.substr(0, path.find("Tarnwell Pocket")))) << path;
-  EXPECT_GE(SystemProcessorCount(), 1);
-}
-
 }  // namespace
 }  // namespace tarnwell

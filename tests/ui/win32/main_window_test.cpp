@@ -108,8 +108,7 @@ void Click(HWND control) { PostMessageW(control, BM_CLICK, 0, 0); }
 TEST(MainWindow, OpensThePhotoCorrectsThePreviewAndAsksWhenClosed) {
   Program program(L"150");
   const std::string photo =
-      program.folder.Write("\xD0\xA4\xD0\xBE\xD1\x82\xD0\xBE.jpg",
-                           {reinterpret_cast<const char*>(kBaselineJpeg), sizeof(kBaselineJpeg)});
+      program.folder.Write("\xD0\xA4\xD0\xBE\xD1\x82\xD0\xBE.jpg", kBaselineJpeg);
   ASSERT_TRUE(program.Start(photo));
   ASSERT_TRUE(WaitFor([&] { return program.Find(L"TarnwellPocket") != nullptr; }));
   const HWND window = program.Find(L"TarnwellPocket");

@@ -1,7 +1,8 @@
-#include "deadpixels/dead_pixel_reset.h"
-
 #include <gtest/gtest.h>
 
+#include "deadpixels/dead_pixel_reset.h"
+#include "deadpixels/repair_dead_pixels.h"
+#include "tests/support/pictures.h"
 #include "tests/support/test_window.h"
 
 namespace tarnwell {
@@ -32,7 +33,9 @@ struct SampledCamera : TestWindow {
 
 TEST(ResetDeadPixelSystemTest, YesEmptiesTheFolderOfTheCameraOnly) {
   SampledCamera window;
-  window.dialogs.answers = {Answer::kYes};
+  window.dialogs.answers = {Answer::kNo, Answer::kYes};
+  ResetDeadPixelSystem(window.app, window.platform);
+  EXPECT_EQ(window.folder.Names(kFolder).size(), 4u);
   ResetDeadPixelSystem(window.app, window.platform);
   EXPECT_EQ(window.folder.Names(kFolder), Names{});
   EXPECT_EQ(window.folder.Names(kCamera), (Names{"Default", "~ Dead Pixels"}));
@@ -40,24 +43,7 @@ TEST(ResetDeadPixelSystemTest, YesEmptiesTheFolderOfTheCameraOnly) {
   EXPECT_TRUE(window.folder.Holds("program\\Cameras\\Other\\~ Dead Pixels\\8x8\\map.bmp"));
   const Shown result{ScriptedDialogs::Kind::kTell, "Reset Learning System",
                      "Dead pixel system for current camera has been reset.", Icon::kInformation};
-  EXPECT_EQ(window.dialogs.shown, (std::vector{kQuestion, result}));
-}
-
-TEST(ResetDeadPixelSystemTest, AnyOtherAnswerKeepsEverything) {
-  for (const Answer answer : {Answer::kNo, Answer::kCancel}) {
-    SampledCamera window;
-    window.dialogs.answers = {answer};
-    ResetDeadPixelSystem(window.app, window.platform);
-    EXPECT_EQ(window.folder.Names(kFolder), (Names{"640x480", "8x8", "empty", "notes"}));
-    EXPECT_EQ(window.folder.Names(std::string(kFolder) + "\\640x480").size(), 2u);
-    EXPECT_EQ(window.dialogs.shown, std::vector{kQuestion});
-  }
-}
-
-TEST(ResetDeadPixelSystemTest, ACameraWithoutSamplesIsResetAlready) {
-  TestWindow window;
-  EXPECT_TRUE(DeleteDeadPixelData(window.app, *window.files).ok());
-  EXPECT_EQ(window.folder.Names(kCamera), Names{"Default"});
+  EXPECT_EQ(window.dialogs.shown, (std::vector{kQuestion, kQuestion, result}));
 }
 
 TEST(ResetDeadPixelSystemTest, WhatALinkLeadsToStays) {
@@ -83,6 +69,18 @@ TEST(ResetDeadPixelSystemTest, WhatCannotGoIsNamedAndTheRestGoes) {
   ASSERT_EQ(window.dialogs.Told().size(), 1u);
   EXPECT_NE(window.dialogs.Told()[0].find("640x480"), std::string::npos);
   EXPECT_EQ(window.dialogs.shown.back().icon, Icon::kExclamation);
+}
+
+TEST(RepairDeadPixelsTest, TheSearchEndsAtAHundred) {
+  for (const int distance : {100, 101}) {
+    PixelArray row(distance + 1, 1);
+    PixelArray map(distance + 1, 1);
+    SetPixel(row.mutable_view(), 0, 0, {7, 7, 7});
+    for (int x = 1; x <= distance; ++x) SetPixel(map.mutable_view(), x, 0, {255, 0, 0});
+    SetPixel(row.mutable_view(), distance, 0, {200, 200, 200});
+    RepairDeadPixels(row.mutable_view(), map.view(), 50);
+    EXPECT_EQ(PixelAt(row.view(), distance, 0).red, distance == 100 ? 7 : 200);
+  }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "modules/frm_modules.h"
+#include "modules/open_mode.h"
 #include "tests/support/test_window.h"
 
 namespace tarnwell {
@@ -28,22 +29,16 @@ TEST(ModuleDefaultsTest, EachModuleResetsItsOwnSlidersAndChecksOnly) {
     std::vector<std::pair<int, int>> values;  // slider, value
     std::vector<std::pair<int, std::string>> checks;
   };
-  const Row rows[] = {
-      {0, {}, {}},
-      {1, {{0, 0}, {1, 0}}, {{0, "0"}, {1, "0"}}},
-      {2, {{2, 50}}, {}},
-      {3, {{3, 0}}, {}},
-      {4, {{4, 0}}, {}},
-      {5, {{5, 0}}, {}},
-      {6, {}, {}},
-      {7, {{7, 40}, {8, 30}}, {{4, "1"}}},
-      {8, {{9, 50}}, {}},
-      {9, {}, {}},
-      {10, {{6, 80}}, {}},
-      {11, {}, {{2, "1"}}},
-      {12, {{10, 3}, {11, 19}}, {}},
-      {13, {}, {}},
-  };
+  const Row rows[] = {{0, {}, {}},
+                      {1, {{0, 0}, {1, 0}}, {{0, "0"}, {1, "0"}}},
+                      {2, {{2, 50}}, {}},
+                      {6, {}, {}},
+                      {7, {{7, 40}, {8, 30}}, {{4, "1"}}},
+                      {9, {}, {}},
+                      {10, {{6, 80}}, {}},
+                      {11, {}, {{2, "1"}}},
+                      {12, {{10, 3}, {11, 19}}, {}},
+                      {13, {}, {}}};
   for (const Row& row : rows) {
     SCOPED_TRACE(kModules[row.module].title);
     TestWindow window;
@@ -81,38 +76,60 @@ TEST(ModuleDefaultsTest, OnlyYesResets) {
   }
 }
 
-TEST(ModuleDefaultsTest, TheProfileGoesBackToDefault) {
-  TestWindow window;
-  Disarrange(window);
-  window.app.confirm_reset = false;
-  PicDefault_Click(window.app, window.platform, window.modules, kCameraAndMode);
-  EXPECT_EQ(window.modules.mode, "Default");
-  EXPECT_EQ(window.app.camera_folder, window.app.cameras_root + "Default\\");
-  EXPECT_EQ(window.app.mode_folder, window.app.camera_folder + "Default\\");
+// Every module open, and every value away from its default.
+void OpenAll(frmModules& panel) {
+  panel.open.fill(1);
+  for (int slider = 0; slider < kSliderCount; ++slider) SetSliderValue(panel, slider, 7);
+  panel.checks = {"1", "1", "0", "0", "0"};
+  panel.rotation = 2;
+  panel.camera = "Second";
 }
 
-TEST(ModuleDefaultsTest, TheHueGoesBackToGreyWithoutATint) {
-  TestWindow window;
-  Disarrange(window);
-  window.app.confirm_reset = false;
-  PicDefault_Click(window.app, window.platform, window.modules, kAdjustHue);
-  EXPECT_EQ(window.modules.hue.marker_y, 53);
-  EXPECT_EQ(window.modules.hue.factors, (std::array<float, 3>{0, 0, 0}));
-  EXPECT_EQ(window.modules.hue.lblHue[0], (Rgb{192, 192, 192}));
-  EXPECT_EQ(window.modules.hue.lblHue[1], (Rgb{192, 192, 192}));
+std::vector<int> Values(const frmModules& panel) {
+  std::vector<int> values;
+  for (int slider = 0; slider < kSliderCount; ++slider) {
+    values.push_back(panel.Value(slider).value_or(-1));
+  }
+  return values;
 }
 
-// The mode's own strength is read first; the reset has the last word.
-TEST(ModuleDefaultsTest, WhiteBalanceTakesTheModesColourAndTheDefaultStrength) {
-  TestWindow window;
-  Disarrange(window);
-  window.folder.Write("program\\Cameras\\Second\\Night\\White Balance.wbs",
-                      "Red: 200\r\nGrn: 210\r\nBlu: 220\r\nSld: 181\r\n");
-  window.app.confirm_reset = false;
-  PicDefault_Click(window.app, window.platform, window.modules, kSmartWhiteBalance);
-  EXPECT_EQ(window.modules.white_balance_mode, WhiteBalanceMode::kModeDefault);
-  EXPECT_EQ(window.modules.lblWhiteClr, (Rgb{200, 210, 220}));
-  EXPECT_EQ(window.modules.Value(2), 50);
+std::vector<int> Closed(const frmModules& panel) {
+  std::vector<int> closed;
+  for (int module = 0; module < kModuleCount; ++module) {
+    if (!panel.IsOpen(module)) closed.push_back(module);
+  }
+  return closed;
+}
+
+TEST(ResetAllTest, EveryModeResetsAndClosesItsOwn) {
+  // Resetting spares sliders 6 (quality) and 12 (colour rotation).
+  const std::vector<int> untouched(kSliderCount, 7);
+  const std::vector<int> defaults = {0, 0, 50, 0, 0, 0, 7, 40, 30, 50, 3, 19, 7};
+  using Checks = std::array<std::string, 5>;
+  const struct {
+    OpenMode mode;
+    std::vector<int> values;
+    Checks checks;
+    std::vector<int> closed;
+    int rotation;
+  } rows[] = {
+      {kLeaveAll, untouched, {"1", "1", "0", "0", "0"}, {}, 2},
+      {kResetOnly, defaults, {"0", "0", "0", "0", "1"}, {}, 0},
+      {kResetAndMinimize, defaults, {"0", "0", "0", "0", "1"}, {0, 2, 3, 4, 5, 6, 7, 8}, 0},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.mode);
+    TestWindow window;
+    OpenAll(window.modules);
+    window.app.open_mode = row.mode;
+    ResetAll(window.app, window.platform, window.modules);
+    EXPECT_EQ(Values(window.modules), row.values);
+    EXPECT_EQ(window.modules.checks, row.checks);
+    EXPECT_EQ(Closed(window.modules), row.closed);
+    EXPECT_EQ(window.modules.rotation, row.rotation);
+    EXPECT_EQ(window.modules.camera, "Second");
+    EXPECT_TRUE(window.dialogs.shown.empty());
+  }
 }
 
 }  // namespace

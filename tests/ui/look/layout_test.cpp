@@ -1,10 +1,37 @@
-#include "ui/look/panel_layout.h"
-
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "ui/look/main_layout.h"
+#include "ui/look/panel_layout.h"
+#include "ui/look/scale.h"
+
 namespace tarnwell {
 namespace {
+
+bool Meet(const Box& a, const Box& b) { return !Intersection(a, b).empty(); }
+
+TEST(MainLayout, PartsKeepApartAndInsideAtEverySizeAndScale) {
+  for (const int percent : {100, 125, 150, 200, 300}) {
+    const Scale scale = ForcedScale(std::to_string(percent), {});
+    const ClientSize least = LeastClientSize(scale);
+    const ClientSize start = StartClientSize(scale);
+    for (const ClientSize& size :
+         {least, start, ClientSize{start.width * 2, start.height}, ClientSize{start.width, 9000}}) {
+      SCOPED_TRACE(testing::Message() << percent << "% " << size.width << " x " << size.height);
+      const MainLayout layout = LayOutMain(size.width, size.height, scale);
+      std::vector<Box> parts = {layout.menus,   layout.tools, layout.title, layout.preview,
+                                layout.actions, layout.panel, layout.status};
+      if (layout.histogram_visible) parts.push_back(layout.histogram);
+      const Box client = {0, 0, size.width, size.height};
+      for (std::size_t i = 0; i < parts.size(); ++i) {
+        EXPECT_EQ(Intersection(parts[i], client), parts[i]) << i;
+        for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(Meet(parts[i], parts[j])) << i << j;
+      }
+      EXPECT_EQ(layout.preview.width, scale.Px(320));
+      EXPECT_EQ(layout.preview.height, scale.Px(320));
+    }
+  }
+}
 
 frmModules PanelWith(bool open) {
   frmModules panel = FirstStartPanel();
@@ -32,17 +59,6 @@ TEST(PanelLayout, EverySettingHasExactlyOneRowInItsModule) {
   EXPECT_EQ(std::ranges::count(checks, 1), kCheckCount);
   EXPECT_TRUE(RowsOf(-1).empty());
   EXPECT_TRUE(RowsOf(kModuleCount).empty());
-}
-
-TEST(PanelLayout, AClosedModuleKeepsATitleBarOf32) {
-  for (const int dpi : {96, 144, 192}) {
-    const Scale scale = {dpi};
-    const PanelLayout layout = StackFunctions(PanelWith(false), scale.Px(400), scale);
-    for (const ModulePlace& place : layout.modules) {
-      EXPECT_EQ(place.card.height, 32 * dpi / 96);
-      EXPECT_TRUE(place.rows.empty());
-    }
-  }
 }
 
 TEST(PanelLayout, ModulesStackByIndexAndRowsLieInside) {
@@ -90,6 +106,15 @@ TEST(PanelLayout, KnobPositionsComeBackFromTheScreen) {
   EXPECT_EQ(PositionAtX(-1000, 20, 200), 0);
   EXPECT_EQ(PositionAtX(5000, 20, 200), 182);
   EXPECT_EQ(PositionAtX(5, 20, 0), 0);
+}
+
+TEST(Scale, IsForcedByAPercentageOnly) {
+  const std::pair<const char*, int> rows[] = {{"100", 96}, {"150", 144}, {"400", 384},  {"", 120},
+                                              {"99", 120}, {"401", 120}, {"150%", 120}, {"x", 120}};
+  for (const auto& [text, dpi] : rows) EXPECT_EQ(ForcedScale(text, {120}).dpi, dpi) << text;
+  EXPECT_EQ(Scale{144}.Px(1), 2) << "1.5";
+  EXPECT_EQ(Scale{144}.Px(-1), -2) << "away from zero";
+  EXPECT_EQ(Scale{120}.Px(1), 1) << "1.25";
 }
 
 }  // namespace

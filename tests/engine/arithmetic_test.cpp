@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+#include <limits>
+
+#include "engine/pixel_adjustments.h"
+#include "engine/rounding.h"
+#include "tests/support/pictures.h"
+
+namespace tarnwell {
+namespace {
+
+TEST(RoundIntoTest, RoundsHalfToEvenWithinSixteenBits) {
+  struct Case {
+    double value;
+    bool fits;
+    int rounded;
+  };
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+  const Case cases[] = {{0.5, true, 0},
+                        {1.5, true, 2},
+                        {-1.5, true, -2},
+                        {2.4999999999999996, true, 2},
+                        {2.5000000000000004, true, 3},
+                        {32767.499999999996, true, 32767},
+                        {32767.5, false, 0},
+                        {-32768.5, true, -32768},
+                        {-32768.500000000004, false, 0},
+                        {-1e300, false, 0},
+                        {kInfinity, false, 0},
+                        {kNoNumber, false, 0}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.value);
+    std::int16_t target = 77;
+    EXPECT_EQ(RoundInto(target, c.value), c.fits);
+    EXPECT_EQ(target, c.fits ? c.rounded : 77);
+  }
+}
+
+AdjustmentSettings With(void (*change)(AdjustmentSettings&)) {
+  AdjustmentSettings settings;
+  change(settings);
+  return settings;
+}
+
+void ExpectTones(const AdjustmentSettings& settings, const TestPixel& before,
+                 const TestPixel& after) {
+  PixelValues pixel = {static_cast<std::int16_t>(before.blue),
+                       static_cast<std::int16_t>(before.green),
+                       static_cast<std::int16_t>(before.red)};
+  AdjustTones(pixel, before.red + before.green + before.blue, settings);
+  EXPECT_EQ((TestPixel{pixel.red, pixel.green, pixel.blue}), after);
+}
+
+TEST(AdjustTonesTest, EachStepByHand) {
+  ExpectTones(With([](auto& s) { s.black_level = 15; }), {10, 20, 30}, {0, 5, 15});
+  // 5 x 0.5 = 2.5 and 7 x 0.5 = 3.5 go to the even neighbour.
+  ExpectTones(With([](auto& s) { s.gain = 0.5; }), {5, 7, 9}, {2, 4, 4});
+  // A gain beyond 16 bits leaves the channel.
+  ExpectTones(With([](auto& s) { s.gain = 700; }), {46, 47, 0}, {32200, 47, 0});
+  ExpectTones(With([](auto& s) {
+                s.hue_factors = {0.5f, 0, 0};
+              }),
+              {100, 100, 100}, {150, 100, 100});
+  ExpectTones(With([](auto& s) {
+                s.white_balance_offsets = {-0.5, 0, 0};
+              }),
+              {100, 9, 9}, {50, 9, 9});
+  // The average is that of the starting sum (60 / 3), not of the brightened channels.
+  ExpectTones(With([](auto& s) { s.gain = 2, s.saturation_multiplier = 0.5; }), {10, 20, 30},
+              {20, 30, 40});
+  ExpectTones(With([](auto& s) { s.contrast_factor = -0.5; }), {28, 128, 228}, {-22, 128, 278});
+}
+
+TEST(ToneTableTest, GivesWhatTheStepsGive) {
+  AdjustmentSettings tinted;
+  tinted.black_level = 7;
+  tinted.gain = 1.37;
+  tinted.hue_factors = {0.3f, -0.1f, 0.05f};
+  tinted.white_balance_offsets = {-0.2, 0.1, 0.15};
+  tinted.saturation_multiplier = 1.8;
+  tinted.contrast_factor = -0.35;
+  AdjustmentSettings plain;
+  plain.gain = 1.5;
+  // Steps that leave 16 bits do not happen.
+  AdjustmentSettings beyond = plain;
+  beyond.gain = 400;
+  beyond.saturation_multiplier = 300;
+  beyond.contrast_factor = 700;
+  const auto start = RandomPixels(61, 40, 1);
+  for (const AdjustmentSettings& settings : {tinted, plain, beyond}) {
+    const ToneTable table(settings);
+    // The second time with channels that another filter has moved away from the starting sum.
+    for (const auto& values : {start, RandomPixels(61, 40, 2)}) {
+      PixelArray expected(61, 40), actual(61, 40);
+      AdjustPiece(values->view(), start->view(), {0, 0, 61, 40}, settings, nullptr,
+                  expected.mutable_view());
+      AdjustPiece(values->view(), start->view(), {0, 0, 61, 40}, settings, &table,
+                  actual.mutable_view());
+      EXPECT_TRUE(actual == expected) << "gain " << settings.gain;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell
