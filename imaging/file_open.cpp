@@ -7,6 +7,8 @@
 #include "imaging/output_names.h"
 #include "imaging/photo_title.h"
 #include "imaging/thumbnail.h"
+#include "modules/frm_modules.h"
+#include "modules/hue_in.h"
 #include "modules/open_mode.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -93,6 +95,8 @@ void ShowOpenedPhoto(Form1& form) {
 
   Display(surfaces.picSource, surfaces.picOriginal.picture);
   MakeThumbnail(form.buffer, form.platform.events);
+  // The preview's mean is the photo's, and costs nothing.
+  GetHueIn(form.modules.hue, surfaces.picThumb.picture->view());
   ResetAll(app, form.platform, form.modules);
   surfaces.picThumb.visible = true;
   BuildOutputNames(form.names, app.current_file, form.platform.files);

@@ -14,6 +14,7 @@
 #include "imaging/photo_title.h"
 #include "imaging/save_jpeg_file.h"
 #include "modules/frm_modules.h"
+#include "modules/hue_in.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/picture_codec.h"
@@ -170,6 +171,7 @@ void MakeSavedPhotoTheOriginal(Form1& form) {
   PhotoSurfaces& surfaces = form.buffer.surfaces;
   Display(surfaces.picOriginal, surfaces.picSource.picture);
   ShowPhotoName(form, SplitPhotoPath(form.names.output_path).file_name);
+  GetHueIn(form.modules.hue, surfaces.picThumb.picture->view());
   form.correction_ready = false;
 }
 

@@ -7,7 +7,9 @@
 #include <numbers>
 
 #include "engine/rounding.h"
+#include "imaging/pixel_array.h"
 #include "modules/frm_modules.h"
+#include "modules/hue_in.h"
 
 namespace tarnwell {
 namespace {
@@ -32,7 +34,25 @@ int Tinted(int channel, float factor) {
   return std::clamp<int>(tinted, 0, 255);
 }
 
+int Mean(std::uint64_t total, std::size_t count) {
+  std::int16_t mean = 0;
+  return RoundInto(mean, static_cast<double>(total) / static_cast<double>(count)) ? mean : 0;
+}
+
 }  // namespace
+
+void GetHueIn(HuePicker& hue, const PixelView& photo) {
+  if (photo.empty()) return;
+  std::array<std::uint64_t, 3> totals = {};
+  for (std::size_t i = 0; i < photo.byte_count(); i += kBytesPerPixel) {
+    totals[0] += photo.data[i + kRed];
+    totals[1] += photo.data[i + kGreen];
+    totals[2] += photo.data[i + kBlue];
+  }
+  const std::size_t count = photo.pixel_count();
+  hue.lblHue[0] = {Mean(totals[0], count), Mean(totals[1], count), Mean(totals[2], count)};
+  MoveHueMarker(hue, hue.marker_x, hue.marker_y);
+}
 
 void MoveHueMarker(HuePicker& hue, int x, int y) {
   hue.marker_x = std::clamp(x, 0, kHueFieldLast);

@@ -38,6 +38,13 @@ void ResetCameraAndMode(Module1& app, frmModules& panel) {
   SetProfile(app, panel.camera, panel.mode);
 }
 
+// The photo's mean colour is no setting: both swatches show it again.
+void ResetHue(HuePicker& hue) {
+  const Rgb mean = hue.lblHue[0];
+  hue = HuePicker();
+  hue.lblHue = {mean, mean};
+}
+
 }  // namespace
 
 bool PicDefault_Click(Module1& app, Platform& platform, frmModules& panel, int index) {
@@ -51,7 +58,7 @@ bool PicDefault_Click(Module1& app, Platform& platform, frmModules& panel, int i
       picMode_Click(app, platform, panel, WhiteBalanceMode::kModeDefault);
       break;
     case kAdjustHue:
-      panel.hue = HuePicker();
+      ResetHue(panel.hue);
       break;
     case kRotation:
       panel.rotation = 0;

@@ -53,6 +53,6 @@ with_display() {
   if [[ -n ${DISPLAY-} ]]; then
     "$@"
   else
-    xvfb-run --auto-servernum --server-args="-screen 0 1280x1024x24" "$@"
+    xvfb-run --auto-servernum --server-args="-screen 0 1920x1200x24" "$@"
   fi
 }

@@ -20,6 +20,7 @@ class MainView {
 
   // Shows this tip (1 to kTipCount) in the tips window, which does not hold up the program.
   virtual void ShowTipsWindow(int tip) = 0;
+  virtual bool IsTipsWindowShown() const = 0;
   virtual void ShowModulesWindow() = 0;
   virtual void ShowOpenMode() = 0;  // returns when the dialog is closed
   virtual void ShowAbout() = 0;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/learning_store.h"
+#include "imaging/output_names.h"
 #include "modules/frm_modules.h"
 #include "modules/profile_names.h"
 #include "platform/files.h"
@@ -46,6 +47,9 @@ void NewModeClick(Form1& form) {
 bool DefaultValuesClick(Form1& form, int module) {
   if (!PicDefault_Click(form.app, form.platform, form.modules, module)) return false;
   if (module == kCameraAndMode) SelectCameraAndMode(form, "Default", "Default");
+  if (module == kSavePhotoAs) {
+    BuildOutputNames(form.names, form.app.current_file, form.platform.files);
+  }
   return true;
 }
 

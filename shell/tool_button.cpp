@@ -12,6 +12,7 @@
 #include "shell/clipboard_commands.h"
 #include "shell/dispatch.h"
 #include "shell/form1.h"
+#include "shell/help.h"
 #include "shell/main_view.h"
 #include "shell/main_window.h"
 #include "shell/module1.h"
@@ -103,7 +104,8 @@ void PressWindowButton(MainWindow& window, int index) {
     case kQuickLaunchButton:
       return OfferQuickLaunchShortcut(window);
     case kHelpButton:
-      return TellFailure(form, window.view.OpenHelp(form.app.help_file));
+      return TellFailure(form,
+                         window.view.OpenHelp(HelpToOpen(form.platform.files, form.app.help_file)));
     case kWebPageButton:
       return TellFailure(form, window.view.OpenWebPage(kWebPage));
     case kAutomatedModeButton:

@@ -155,8 +155,8 @@ void RadioButton::Create(HWND parent, const std::wstring& caption) {
 bool RadioButton::OnKey(WPARAM key) {
   const bool back = key == VK_UP || key == VK_LEFT;
   if (!back && key != VK_DOWN && key != VK_RIGHT) return false;
-  const HWND next = GetNextDlgGroupItem(GetParent(handle()), handle(), back);
-  if (next && next != handle()) {
+  const HWND next = GetWindow(handle(), back ? GW_HWNDPREV : GW_HWNDNEXT);
+  if (next && (SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON)) {
     SetFocus(next);
     SendMessageW(next, BM_CLICK, 0, 0);
   }
@@ -219,14 +219,14 @@ void ChoiceBox::OnClick() {
   if (rows.empty()) return;
   RECT rect = {};
   GetWindowRect(handle(), &rect);
-  const std::optional<int> row =
-      ChooseFromMenu(GetAncestor(handle(), GA_ROOT), look(), rows,
-                     {rect.left, rect.bottom + look().Px(2)}, rect.right - rect.left);
-  if (row) chosen(*row);
+  const MenuAnswer answer = ChooseFromMenu(
+      GetAncestor(handle(), GA_ROOT), look(), rows, {rect.left, rect.bottom + look().Px(2)},
+      rect.right - rect.left, /*by_keyboard=*/look().show_focus);
+  if (answer.chosen) chosen(*answer.chosen);
 }
 
 bool ChoiceBox::OnKey(WPARAM key) {
-  if (key != VK_DOWN && key != VK_F4 && key != VK_RETURN) return false;
+  if (key != VK_DOWN && key != VK_F4) return false;
   OnClick();
   return true;
 }

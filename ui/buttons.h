@@ -100,7 +100,8 @@ class CheckBox : public Control {
   std::optional<bool> told_;
 };
 
-// One of several choices, with a round mark; the arrow keys of the window move among them.
+// One of several choices, with a round mark. Those that were made one after the other belong
+// together: the arrow keys move among them.
 class RadioButton : public Control {
  public:
   explicit RadioButton(const Look& look, Ground ground = Ground::kCard) : Control(look, ground) {}
@@ -113,7 +114,7 @@ class RadioButton : public Control {
   void Paint(Painter& painter, const Box& client) override;
   void OnClick() override { clicked(); }
   bool OnKey(WPARAM key) override;
-  LRESULT WantedKeys() const override { return DLGC_BUTTON | DLGC_WANTARROWS; }
+  LRESULT WantedKeys() const override { return DLGC_BUTTON | DLGC_RADIOBUTTON | DLGC_WANTARROWS; }
 };
 
 // A field that shows the present choice and opens a list of all.
@@ -134,6 +135,10 @@ class ChoiceBox : public Control {
   void Paint(Painter& painter, const Box& client) override;
   void OnClick() override;
   bool OnKey(WPARAM key) override;
+  // The arrow down opens the list, and so does Enter.
+  LRESULT WantedKeys() const override {
+    return DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON | DLGC_WANTARROWS;
+  }
 
  private:
   std::wstring shown_;

@@ -24,11 +24,6 @@ namespace {
 constexpr UINT_PTR kTimer1 = 1;
 constexpr UINT_PTR kTimer2 = 2;
 
-// "&" before the letter that opens the menu with ALT. ALT+O opens a photo, so that Options has
-// another one.
-constexpr std::array<const wchar_t*, kMenuCount> kMenuNames = {L"&File", L"&Edit", L"O&ptions",
-                                                               L"&Tools", L"&Help"};
-
 // The photo's name alone: the caption is made to follow the program's name.
 std::string_view WithoutDash(std::string_view caption) {
   constexpr std::string_view kDash = " - ";
@@ -44,7 +39,7 @@ std::wstring FirstDropped(HDROP drop) {
 
 }  // namespace
 
-MainFrame::MainFrame() = default;
+MainFrame::MainFrame() : menus_(look_) {}
 MainFrame::~MainFrame() = default;
 
 void MainFrame::Create(MainWindow& window, OtherWindows& others) {
@@ -53,7 +48,8 @@ void MainFrame::Create(MainWindow& window, OtherWindows& others) {
   const ClientSize start = StartClientSize({96});
   MakeTop(kMainClass, Wide(window.form.app.title), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr,
           start.width, start.height);
-  MakeMenus();
+  menus_.drop = [this](int menu) { OpenMenu(menu); };
+  menus_.Create(handle());
   MakeTools();
 
   lblTitle_ = std::make_unique<Label>(look_, Ground::kPage, Face::kTitle, false, DT_CENTER);
@@ -70,14 +66,6 @@ void MainFrame::Create(MainWindow& window, OtherWindows& others) {
   profile_ = std::make_unique<Label>(look_, Ground::kCard, Face::kCaption, true, DT_RIGHT);
   profile_->Create(handle(), L"");
   DragAcceptFiles(handle(), TRUE);
-}
-
-void MainFrame::MakeMenus() {
-  for (int menu = 0; menu < kMenuCount; ++menu) {
-    menus_[menu] = std::make_unique<Button>(look_, Ground::kCard, ButtonKind::kFlat);
-    menus_[menu]->clicked = [this, menu] { OpenMenu(menu); };
-    menus_[menu]->Create(handle(), kMenuNames[menu]);
-  }
 }
 
 void MainFrame::AddTool(std::vector<Tool>& tools, int index, ButtonKind kind,
@@ -181,12 +169,28 @@ void MainFrame::KeyboardUsed(bool used) {
 bool MainFrame::Shortcut(const char* shortcut) { return PressShortcut(*window_, shortcut); }
 
 void MainFrame::OpenMenu(int menu) {
-  const std::optional<int> row = ChooseMenuRow(menu);
-  if (row) MenuClick(*window_, menu, *row);
+  const MenuPick pick = PickFromMenus(menu);
+  if (!pick.row) return;
+  menus_.Leave();
+  MenuClick(*window_, pick.menu, *pick.row);
 }
 
 std::optional<int> MainFrame::ChooseMenuRow(int menu) {
   if (menu < 0 || menu >= kMenuCount) return std::nullopt;
+  return PickFromMenu(menu, nullptr);
+}
+
+// From menu to menu, until a row is chosen or the user backs out.
+MainFrame::MenuPick MainFrame::PickFromMenus(int menu) {
+  for (;;) {
+    std::optional<int> other_menu;
+    const std::optional<int> row = PickFromMenu(menu, &other_menu);
+    if (row || !other_menu) return {menu, row};
+    menu = *other_menu;
+  }
+}
+
+std::optional<int> MainFrame::PickFromMenu(int menu, std::optional<int>* other_menu) {
   std::vector<MenuEntry> entries;
   std::vector<int> rows;
   for (int row = 0; row < static_cast<int>(kMenus[menu].rows.size()); ++row) {
@@ -199,12 +203,15 @@ std::optional<int> MainFrame::ChooseMenuRow(int menu) {
                        .enabled = IsRowEnabled(window_->form, menu, row),
                        .checked = IsRowChecked(window_->form, menu, row)});
   }
-  RECT button = {};
-  GetWindowRect(menus_[menu]->handle(), &button);
-  const std::optional<int> chosen = ChooseFromMenu(
-      handle(), look_, entries, {button.left, button.bottom + Px(2)}, Px(28 * kGrid));
-  if (!chosen) return std::nullopt;
-  return rows[*chosen];
+  const MenuNeighbours neighbours = menus_.NeighboursOf(menu);
+  menus_.ShowDropped(menu, true);
+  const MenuAnswer answer =
+      ChooseFromMenu(handle(), look_, entries, menus_.Below(menu), Px(28 * kGrid), look_.show_focus,
+                     other_menu ? &neighbours : nullptr);
+  menus_.ShowDropped(menu, false);
+  if (other_menu) *other_menu = answer.other_menu;
+  if (!answer.chosen) return std::nullopt;
+  return rows[*answer.chosen];
 }
 
 void MainFrame::UpdateTools(std::vector<Tool>& tools) {
@@ -215,7 +222,7 @@ void MainFrame::Refresh() {
   const Form1& form = window_->form;
   SetText(Wide(form.caption.empty() ? form.app.title : form.caption));
   const bool photo = form.buffer.surfaces.picOriginal.picture != nullptr;
-  lblTitle_->SetText(photo ? Wide(WithoutDash(form.lblTitleCaption)) : L"");
+  lblTitle_->SetText(Wide(WithoutDash(form.lblTitleCaption)));
   const std::wstring title = lblTitle_->Text();
   const bool cut = TextSize(look_, Face::kTitle, title).cx > layout_.title.width;
   lblTitle_->SetTip(cut ? title : L"");
@@ -249,6 +256,7 @@ void MainFrame::ShowStatus(const std::string& text) {
 }
 
 void MainFrame::ShowTipsWindow(int tip) { others_->ShowTip(tip); }
+bool MainFrame::IsTipsWindowShown() const { return others_->IsTipShown(); }
 void MainFrame::ShowModulesWindow() {
   look_.show_focus = true;
   panel_->TakeFocus();
@@ -280,12 +288,7 @@ void MainFrame::OnDismiss() {
 void MainFrame::LayOut(const Box& client) {
   if (!profile_) return;
   layout_ = LayOutMain(client.width, client.height, look_.scale);
-  int x = Px(kGrid);
-  for (const auto& menu : menus_) {
-    const int width = TextSize(look_, Face::kBody, menu->Text()).cx + Px(2 * kGrid);
-    menu->Place({x, layout_.menus.y + Px(4), width, layout_.menus.height - Px(8)});
-    x += width + Px(2);
-  }
+  menus_.LayOut(layout_.menus);
   LayOutTools(layout_.tools);
   lblTitle_->Place(layout_.title);
   preview_->Place(layout_.preview);
@@ -367,6 +370,16 @@ LRESULT MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
                                                           frame.bottom - frame.top};
       return 0;
     }
+    case WM_SYSCOMMAND:
+      // ALT or F10 alone; ALT and the space bar belong to the system.
+      if ((w & 0xFFF0) != SC_KEYMENU || l != 0) break;
+      KeyboardUsed(true);
+      menus_.ToggleFocus();
+      return 0;
+    case WM_COMMAND:
+      // Esc closes the windows beside this one; here it only leaves the menus.
+      menus_.Leave();
+      return 0;
     case WM_QUERYENDSESSION:
       return !window_->occupied;
   }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "ui/frame_window.h"
 #include "ui/histogram_control.h"
 #include "ui/look/main_layout.h"
+#include "ui/menu_bar.h"
 #include "ui/panel_view.h"
 #include "ui/preview_control.h"
 
@@ -37,6 +37,7 @@ class MainFrame : public FrameWindow, public MainView {
   void Refresh() override;
   void ShowStatus(const std::string& text) override;
   void ShowTipsWindow(int tip) override;
+  bool IsTipsWindowShown() const override;
   void ShowModulesWindow() override;
   void ShowOpenMode() override;
   void ShowAbout() override;
@@ -64,7 +65,6 @@ class MainFrame : public FrameWindow, public MainView {
     std::unique_ptr<Button> button;
   };
 
-  void MakeMenus();
   void AddTool(std::vector<Tool>& tools, int index, ButtonKind kind, std::optional<Glyph> glyph,
                bool text_shown);
   void MakeTools();
@@ -73,6 +73,12 @@ class MainFrame : public FrameWindow, public MainView {
   void LayOutTools(const Box& row);
   void LayOutActions(const Box& row);
   void UpdateTools(std::vector<Tool>& tools);
+  struct MenuPick {
+    int menu = 0;
+    std::optional<int> row;
+  };
+  MenuPick PickFromMenus(int menu);
+  std::optional<int> PickFromMenu(int menu, std::optional<int>* other_menu);
   void OpenMenu(int menu);
   void OpenDropped(const std::wstring& path);
   std::wstring StatusText() const;
@@ -83,7 +89,7 @@ class MainFrame : public FrameWindow, public MainView {
   MainWindow* window_ = nullptr;
   OtherWindows* others_ = nullptr;
   MainLayout layout_;
-  std::array<std::unique_ptr<Button>, kMenuCount> menus_;
+  MenuBar menus_;
   std::vector<Tool> tools_;
   std::vector<Tool> actions_;
   std::unique_ptr<Button> compare_;

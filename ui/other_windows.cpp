@@ -44,6 +44,8 @@ void OtherWindows::ShowTip(int tip) {
   tips_->ShowTip(tip);
 }
 
+bool OtherWindows::IsTipShown() const { return tips_ && IsWindowVisible(tips_->handle()); }
+
 void OtherWindows::ShowAbout() {
   Form1& form = window_.form;
   if (!about_) {

@@ -32,6 +32,7 @@ class OtherWindows {
   void Attach(HWND main_window);
 
   void ShowTip(int tip);
+  bool IsTipShown() const;
   void ShowAbout();
   void ShowOpenMode();
   void ShowZoom(ZoomMode mode);

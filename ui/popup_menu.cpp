@@ -1,5 +1,7 @@
 #include "ui/popup_menu.h"
 
+#include <cwctype>
+
 #include "ui/painter.h"
 #include "ui/window.h"
 
@@ -30,10 +32,30 @@ class MenuOwner : public Window {
       Draw(*reinterpret_cast<DRAWITEMSTRUCT*>(l));
       return TRUE;
     }
+    if (message == WM_MENUSELECT) {
+      selected_ = HIWORD(w) == 0xFFFF ? -1 : static_cast<int>(LOWORD(w)) - 1;
+      return 0;
+    }
+    if (message == WM_MENUCHAR) return FindLetter(static_cast<wchar_t>(LOWORD(w)));
     return Window::Handle(message, w, l);
   }
 
  private:
+  // Entries are drawn by the program, so the system knows none of their letters. One that is the
+  // only one of its letter is chosen at once, several are gone through.
+  LRESULT FindLetter(wchar_t letter) const {
+    std::vector<int> found;
+    const int count = static_cast<int>(entries_.size());
+    for (int i = 1; i <= count; ++i) {
+      const int at = (std::max(selected_, -1) + i) % count;
+      const MenuEntry& entry = entries_[at];
+      if (!entry.enabled || entry.text.empty()) continue;
+      if (std::towupper(entry.text.front()) == std::towupper(letter)) found.push_back(at);
+    }
+    if (found.empty()) return MAKELRESULT(0, MNC_IGNORE);
+    return MAKELRESULT(found.front(), found.size() == 1 ? MNC_EXECUTE : MNC_SELECT);
+  }
+
   void Measure(MEASUREITEMSTRUCT& item) {
     const MenuEntry& entry = entries_[item.itemData];
     item.itemHeight = look_.Px(entry.separator ? kLineHeight : kRowHeight);
@@ -75,6 +97,64 @@ class MenuOwner : public Window {
   const Look& look_;
   const std::vector<MenuEntry>& entries_;
   int least_width_;
+  int selected_ = -1;
+};
+
+// Watches the messages of the open menu for what leads to another one. The system calls a plain
+// function without a word of its own, so the one that is open is kept here; menus do not nest.
+class MenuWatch {
+ public:
+  explicit MenuWatch(const MenuNeighbours* neighbours) : neighbours_(neighbours) {
+    GetCursorPos(&pointer_);
+    if (!neighbours) return;
+    open_ = this;
+    hook_ = SetWindowsHookExW(WH_MSGFILTER, Filter, nullptr, GetCurrentThreadId());
+  }
+  ~MenuWatch() {
+    if (hook_) UnhookWindowsHookEx(hook_);
+    open_ = nullptr;
+  }
+  MenuWatch(const MenuWatch&) = delete;
+  MenuWatch& operator=(const MenuWatch&) = delete;
+
+  std::optional<int> wanted() const { return wanted_; }
+
+ private:
+  static LRESULT CALLBACK Filter(int code, WPARAM w, LPARAM l) {
+    if (code == MSGF_MENU && open_ && open_->Takes(*reinterpret_cast<MSG*>(l))) return TRUE;
+    return CallNextHookEx(nullptr, code, w, l);
+  }
+
+  bool Takes(const MSG& message) {
+    switch (message.message) {
+      case WM_KEYDOWN:
+        if (message.wParam != VK_LEFT && message.wParam != VK_RIGHT) return false;
+        return Leave(neighbours_->beside(message.wParam == VK_LEFT ? -1 : 1));
+      case WM_MOUSEMOVE: {
+        // The system tells a move when the menu appears under a pointer that rests.
+        if (message.pt.x == pointer_.x && message.pt.y == pointer_.y) return false;
+        pointer_ = message.pt;
+        const std::optional<int> under = neighbours_->under(message.pt);
+        return under && Leave(*under);
+      }
+      case WM_LBUTTONDOWN:
+        return neighbours_->is_own(message.pt) && Leave(std::nullopt);
+      default:
+        return false;
+    }
+  }
+
+  bool Leave(std::optional<int> wanted) {
+    wanted_ = wanted;
+    EndMenu();
+    return true;
+  }
+
+  inline static MenuWatch* open_ = nullptr;
+  const MenuNeighbours* neighbours_;
+  HHOOK hook_ = nullptr;
+  POINT pointer_ = {};
+  std::optional<int> wanted_;
 };
 
 void AddEntry(HMENU menu, int index, const MenuEntry& entry) {
@@ -92,9 +172,9 @@ void AddEntry(HMENU menu, int index, const MenuEntry& entry) {
 
 }  // namespace
 
-std::optional<int> ChooseFromMenu(HWND owner, const Look& look,
-                                  const std::vector<MenuEntry>& entries, POINT at,
-                                  int least_width) {
+MenuAnswer ChooseFromMenu(HWND owner, const Look& look, const std::vector<MenuEntry>& entries,
+                          POINT at, int least_width, bool by_keyboard,
+                          const MenuNeighbours* neighbours) {
   MenuOwner drawer(owner, look, entries, least_width);
   const HMENU menu = CreatePopupMenu();
   for (int i = 0; i < static_cast<int>(entries.size()); ++i) AddEntry(menu, i, entries[i]);
@@ -104,12 +184,17 @@ std::optional<int> ChooseFromMenu(HWND owner, const Look& look,
   info.fMask = MIM_BACKGROUND;
   info.hbrBack = ground;
   SetMenuInfo(menu, &info);
+  // The menu finds this waiting when it opens.
+  if (by_keyboard) PostMessageW(drawer.handle(), WM_KEYDOWN, VK_DOWN, 0);
+  const MenuWatch watch(neighbours);
   const int chosen = TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_LEFTALIGN | TPM_TOPALIGN, at.x,
                                       at.y, drawer.handle(), nullptr);
   DestroyMenu(menu);
   DeleteObject(ground);
-  if (chosen <= 0) return std::nullopt;
-  return chosen - 1;
+  MenuAnswer answer;
+  answer.other_menu = watch.wanted();
+  if (chosen > 0) answer.chosen = chosen - 1;
+  return answer;
 }
 
 }  // namespace tarnwell

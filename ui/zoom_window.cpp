@@ -13,6 +13,7 @@ constexpr int kWidth = 100 * kGrid;
 constexpr int kHeight = 80 * kGrid;
 constexpr int kBarHeight = 6 * kGrid;
 constexpr int kSwatchSide = 4 * kGrid;
+constexpr int kWheelSteps = 3;
 
 std::optional<MouseButton> ButtonOf(UINT message) {
   switch (message) {
@@ -88,8 +89,16 @@ void ZoomWindow::LayOut(const Box& client) {
 }
 
 LRESULT ZoomWindow::Handle(UINT message, WPARAM w, LPARAM l) {
-  if (message == WM_MOUSEWHEEL) {
-    ZoomKeyDown(models_.zoom, GET_WHEEL_DELTA_WPARAM(w) > 0 ? ArrowKey::kUp : ArrowKey::kDown);
+  if (message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL) {
+    const bool ahead = GET_WHEEL_DELTA_WPARAM(w) > 0;
+    const bool across = message == WM_MOUSEHWHEEL || (GET_KEYSTATE_WPARAM(w) & MK_SHIFT);
+    // A wheel that is tipped to the right moves on; one that is turned away from the hand moves up.
+    const bool back = message == WM_MOUSEHWHEEL ? !ahead : ahead;
+    for (int step = 0; step < kWheelSteps; ++step) {
+      ZoomKeyDown(models_.zoom, across ? (back ? ArrowKey::kLeft : ArrowKey::kRight)
+                                : back ? ArrowKey::kUp
+                                       : ArrowKey::kDown);
+    }
     Changed();
     return 0;
   }

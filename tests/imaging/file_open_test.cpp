@@ -24,6 +24,17 @@ struct OpenedWindow : TestWindow {
   }
 };
 
+TEST(FileOpenTest, TheHueSwatchesShowThePhotosMeanColour) {
+  TestWindow window;
+  const auto photo = std::make_shared<PixelArray>(2, 1);
+  SetPixel(photo->mutable_view(), 0, 0, {10, 200, 255});
+  SetPixel(photo->mutable_view(), 1, 0, {21, 1, 255});
+  ASSERT_TRUE(OpenPhotoFile(window.form, window.WriteBitmap("two.bmp", photo)).ok());
+  // 15.5 and 100.5 go to the even neighbour.
+  EXPECT_EQ(window.modules.hue.lblHue[0], (Rgb{16, 100, 255}));
+  EXPECT_EQ(window.modules.hue.lblHue[1], (Rgb{16, 100, 255}));
+}
+
 TEST(FileOpenTest, TakesThePhotoIntoTheWindow) {
   OpenedWindow window;
   EXPECT_EQ(*window.surfaces().picOriginal.picture, *window.photo);

@@ -58,6 +58,7 @@ TEST(ModuleDefaultsTest, EachModuleResetsItsOwnSlidersAndChecksOnly) {
     EXPECT_EQ(window.modules.checks, checks);
     EXPECT_EQ(window.modules.rotation, row.module == kRotation ? 0 : 3);
     EXPECT_EQ(window.modules.hue.marker_x, row.module == kAdjustHue ? 53 : 3);
+    EXPECT_EQ(window.modules.hue.lblHue[0], (Rgb{9, 9, 9})) << "the photo's own mean colour";
     EXPECT_EQ(window.modules.camera, row.module == kCameraAndMode ? "Default" : "Second");
   }
 }

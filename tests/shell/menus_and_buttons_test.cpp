@@ -127,9 +127,22 @@ TEST(ToolButton, PresetsComeFromAndGoToTheFileThatIsChosen) {
 
 using Log = std::vector<std::string>;
 
+TEST(ToolButton, AHelpFileOfItsOwnComesBeforeThePage) {
+  MainDesk desk;
+  picToolBtn_Click(desk.window, kHelpButton);
+  desk.folder.Write("program\\TarnwellPocket.hlp", "help");
+  picToolBtn_Click(desk.window, kHelpButton);
+  EXPECT_EQ(desk.view.log, (Log{"help " + desk.app.program_folder + "TarnwellPocket.html",
+                                "help " + desk.app.help_file}));
+}
+
 TEST(Tips, ATipIsOfferedOnceUnlessItIsPutAway) {
   MainDesk desk;
   HideTip(desk.tips_wanted, kModuleSwitchTip, true);
+  // One that comes while another is read waits for its next time.
+  desk.view.tips_shown = true;
+  OfferTip(desk.window, 1);
+  desk.view.tips_shown = false;
   for (int tip : {1, 2, 1, 3, 3, 0, kTipCount + 1}) OfferTip(desk.window, tip);
   EXPECT_EQ(desk.view.log, (Log{"tip 1", "tip 3"}));
   desk.tips_wanted.never_show = true;

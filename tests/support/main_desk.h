@@ -19,6 +19,7 @@ class RecordingView : public MainView {
  public:
   std::vector<std::string> log;
   int refreshes = 0;
+  bool tips_shown = false;
   std::optional<int> menu_choice;
   Status outcome;                      // of help, web page and shortcut
   std::function<void()> on_open_mode;  // plays the user in the dialog
@@ -27,6 +28,7 @@ class RecordingView : public MainView {
   void Refresh() override { ++refreshes; }
   void ShowStatus(const std::string& text) override { log.push_back("status " + text); }
   void ShowTipsWindow(int tip) override { log.push_back("tip " + std::to_string(tip)); }
+  bool IsTipsWindowShown() const override { return tips_shown; }
   void ShowModulesWindow() override { log.push_back("modules"); }
   void ShowOpenMode() override {
     log.push_back("open mode");

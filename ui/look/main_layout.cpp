@@ -1,5 +1,7 @@
 #include "ui/look/main_layout.h"
 
+#include <algorithm>
+
 #include "imaging/thumbnail.h"
 
 namespace tarnwell {
@@ -13,10 +15,11 @@ constexpr int kActionsHeight = 4 * kGrid;
 constexpr int kHistogramHeight = 14 * kGrid;
 constexpr int kMargin = 2 * kGrid;
 constexpr int kPanelWidth = 50 * kGrid;
+constexpr int kLeastPreviewSide = 25 * kGrid;
 constexpr int kLeastPhotoWidth = kThumbnailSide + 2 * kMargin;
 
-constexpr int kColumnHeight =
-    kTitleHeight + kGrid + kThumbnailSide + kMargin + kActionsHeight;  // without the histogram
+// Over, below and around the preview, without the histogram.
+constexpr int kColumnHeight = kTitleHeight + kGrid + kMargin + kActionsHeight;
 constexpr int kFrameHeight = kMenusHeight + kToolsHeight + kStatusHeight;
 
 }  // namespace
@@ -34,30 +37,33 @@ MainLayout LayOutMain(int width, int height, Scale scale) {
   layout.panel = {panel_left, work_top, width - panel_left, status_top - work_top};
 
   const int room = status_top - work_top;
-  const int with_histogram = px(kColumnHeight) + px(kMargin) + px(kHistogramHeight);
+  const int width_of_column = px(kThumbnailSide);
+  const int with_histogram =
+      px(kColumnHeight) + width_of_column + px(kMargin) + px(kHistogramHeight);
   layout.histogram_visible = room >= with_histogram + 2 * px(kGrid);
-  const int column = layout.histogram_visible ? with_histogram : px(kColumnHeight);
-  const int side = px(kThumbnailSide);
-  const int left = std::max(0, (panel_left - side) / 2);
+  const int side =
+      std::clamp(room - px(kColumnHeight) - 2 * px(kGrid), px(kLeastPreviewSide), width_of_column);
+  const int column = layout.histogram_visible ? with_histogram : px(kColumnHeight) + side;
+  const int left = std::max(0, (panel_left - width_of_column) / 2);
   int y = work_top + std::max(px(kGrid), (room - column) / 2);
-  layout.title = {left, y, side, px(kTitleHeight)};
+  layout.title = {left, y, width_of_column, px(kTitleHeight)};
   y = layout.title.bottom() + px(kGrid);
-  layout.preview = {left, y, side, side};
+  layout.preview = {left + (width_of_column - side) / 2, y, side, side};
   y = layout.preview.bottom() + px(kMargin);
-  layout.actions = {left, y, side, px(kActionsHeight)};
+  layout.actions = {left, y, width_of_column, px(kActionsHeight)};
   y = layout.actions.bottom() + px(kMargin);
-  layout.histogram = {left, y, side, px(kHistogramHeight)};
+  layout.histogram = {left, y, width_of_column, px(kHistogramHeight)};
   return layout;
 }
 
 ClientSize StartClientSize(Scale scale) {
   return {scale.Px(kLeastPhotoWidth + 6 * kGrid + kPanelWidth),
-          scale.Px(kFrameHeight + kColumnHeight + kHistogramHeight + 4 * kMargin)};
+          scale.Px(kFrameHeight + kColumnHeight + kThumbnailSide + kHistogramHeight + 4 * kMargin)};
 }
 
 ClientSize LeastClientSize(Scale scale) {
   return {scale.Px(kLeastPhotoWidth + kPanelWidth),
-          scale.Px(kFrameHeight + kColumnHeight + 2 * kGrid)};
+          scale.Px(kFrameHeight + kColumnHeight + kLeastPreviewSide + 2 * kGrid)};
 }
 
 std::vector<Box> LayOutRow(const Box& row, const std::vector<int>& widths, int gap, Scale scale) {

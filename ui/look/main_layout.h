@@ -25,8 +25,8 @@ struct MainLayout {
   Box menus;
   Box tools;
   Box title;
-  Box preview;  // the 320 x 320 container
-  Box actions;  // one row of buttons as wide as the preview
+  Box preview;  // the 320 x 320 container; in a low window it is shown smaller
+  Box actions;  // one row of buttons as wide as the container
   Box histogram;
   bool histogram_visible = true;  // it gives way first when the window is low
   Box panel;
@@ -35,7 +35,8 @@ struct MainLayout {
 
 MainLayout LayOutMain(int width, int height, Scale scale);
 
-// The client area at the start, and the least that shows every part but the histogram.
+// The client area at the start, and the least that shows every part but the histogram, with a
+// small preview: it fits on a screen of 768 rows at 150 %.
 struct ClientSize {
   int width = 0;
   int height = 0;

@@ -1,0 +1,15 @@
+# The target "package" makes the zip that people unpack and start the program from.
+install(TARGETS TarnwellPocket tarnwell-pocket RUNTIME DESTINATION .)
+install(FILES ui/help/TarnwellPocket.html DESTINATION .)
+install(FILES LICENSE DESTINATION . RENAME LICENSE.txt)
+
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_NAME TarnwellPocket)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(CPACK_SYSTEM_NAME windows64)
+else()
+  set(CPACK_SYSTEM_NAME windows32)
+endif()
+set(CPACK_STRIP_FILES ON)
+include(CPack)
