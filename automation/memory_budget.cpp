@@ -8,8 +8,8 @@
 namespace tarnwell {
 namespace {
 
-// At the widest point a run holds the original, the working pixels, the noise reference and the
-// turned picture at 4 bytes a pixel, or the section to be encoded at 3 in the place of the last.
+// An ordinary run holds the original and the working pixels at 4 bytes a pixel, one with a filter
+// or a turn up to two pictures more.
 constexpr std::uint64_t kBytesPerCorrectedPixel = 4 * 4;
 
 // The thumbnail, the tables, the codec's own.
