@@ -122,6 +122,7 @@ void AutoPass::Correct(std::size_t index, Form1& form) {
 }
 
 void AutoPass::Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome) {
+  for (const std::string& note : outcome.notes) host_.Report(note);
   switch (outcome.fate) {
     case PhotoFate::kDone:
       moved_on_ = true;

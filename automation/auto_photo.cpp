@@ -97,7 +97,9 @@ AutoPhotoOutcome ProcessPhoto(Form1& form, const AutoPhotoTask& task, NamePlan& 
   }
   CorrectedPhoto corrected = CorrectPhoto(form, task.correct, plan, show);
   if (!corrected.status.ok()) return NotCorrected(form, task, std::move(corrected));
-  return MoveSource(form, task, corrected.saved_as, plan);
+  AutoPhotoOutcome outcome = MoveSource(form, task, corrected.saved_as, plan);
+  outcome.notes = std::move(corrected.notes);
+  return outcome;
 }
 
 Status FolderTakes(Files& files, const std::string& folder, std::size_t bytes) {

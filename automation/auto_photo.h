@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "automation/correct_photo.h"
 #include "platform/status.h"
@@ -30,7 +31,8 @@ struct AutoPhotoTask {
 struct AutoPhotoOutcome {
   PhotoFate fate = PhotoFate::kDone;
   Status status;
-  std::string saved_as;  // set when a copy was saved, whatever happened later
+  std::string saved_as;                 // set when a copy was saved, whatever happened later
+  std::vector<std::string> notes = {};  // what the user is to know about the copy
 };
 
 // Takes one photo through the automated mode: loads, corrects, saves, and moves the source once its

@@ -1,6 +1,7 @@
 #include "automation/correct_photo.h"
 
 #include <new>
+#include <utility>
 
 #include "automation/name_plan.h"
 #include "engine/adjust_photo.h"
@@ -14,26 +15,34 @@
 namespace tarnwell {
 namespace {
 
-// Neither a preview nor learning, for the time of one photo.
+// Neither a preview nor learning nor words to the user, for the time of one photo.
 class Unattended {
  public:
-  explicit Unattended(Module1& app)
-      : app_(app), auto_preview_(app.auto_preview), suppress_learning_(app.suppress_learning) {
-    app.auto_preview = false;
-    app.suppress_learning = true;  // the program must not learn from itself
-    app.photo_changed = false;
+  Unattended(Form1& form, std::vector<std::string>& notes)
+      : form_(form),
+        app_(form.app),
+        auto_preview_(app_.auto_preview),
+        suppress_learning_(app_.suppress_learning),
+        collect_note_(std::move(form.collect_note)) {
+    form.collect_note = [&notes](const std::string& note) { notes.push_back(note); };
+    app_.auto_preview = false;
+    app_.suppress_learning = true;  // the program must not learn from itself
+    app_.photo_changed = false;
   }
   ~Unattended() {
     app_.auto_preview = auto_preview_;
     app_.suppress_learning = suppress_learning_;
+    form_.collect_note = collect_note_;
   }
   Unattended(const Unattended&) = delete;
   Unattended& operator=(const Unattended&) = delete;
 
  private:
+  Form1& form_;
   Module1& app_;
   const bool auto_preview_;
   const bool suppress_learning_;
+  const std::function<void(const std::string&)> collect_note_;
 };
 
 Status Save(Form1& form, const PhotoTask& task, NamePlan& plan, std::string& saved_as) {
@@ -59,7 +68,7 @@ CorrectedPhoto CorrectPhoto(Form1& form, const PhotoTask& task, NamePlan& plan,
     result.step = entered;
     step(entered);
   };
-  const Unattended unattended(form.app);
+  const Unattended unattended(form, result.notes);
   try {
     enter(PhotoStep::kLoading);
     form.app.opened_path = task.photo;

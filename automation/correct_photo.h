@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/status.h"
 
@@ -17,6 +18,7 @@ struct CorrectedPhoto {
   Status status;
   PhotoStep step = PhotoStep::kLoading;  // the one that failed, or the last
   std::string saved_as;                  // where the corrected photo is; empty after a failure
+  std::vector<std::string> notes;        // what the user is to know about it
 };
 
 // What to correct, and under which name it is saved.

@@ -3,13 +3,8 @@
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
-#include <string_view>
 
 namespace tarnwell {
-
-// How many bytes of memory correcting the photo in this file takes at most, by its size in the
-// file's headers; only the file's own length for what is no photo, because that fails early.
-std::uint64_t MemoryToCorrect(std::string_view file_bytes);
 
 // Keeps corrections that run side by side from taking more memory than there is for them.
 class MemoryBudget {

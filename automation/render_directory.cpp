@@ -22,20 +22,26 @@ constexpr char kQuestion[] =
     "Are you sure you wish to continue?";
 
 // A message box grows with its lines; more would not fit on a small screen.
-constexpr std::size_t kMostFailuresShown = 10;
+constexpr std::size_t kMostLinesShown = 10;
+
+// A list under its title; nothing for an empty one.
+std::string Listed(const char* title, const std::vector<std::string>& lines) {
+  if (lines.empty()) return {};
+  std::string text = std::string("\r\r") + title;
+  const std::size_t shown = std::min(lines.size(), kMostLinesShown);
+  for (std::size_t i = 0; i < shown; ++i) text += "\r" + lines[i];
+  if (const std::size_t more = lines.size() - shown; more > 0) {
+    text += "\rand " + std::to_string(more) + " more";
+  }
+  return text;
+}
 
 std::string Summary(const DirectoryOutcome& outcome, const std::string& output_folder) {
   std::string text = std::to_string(outcome.corrected) + " of " + std::to_string(outcome.total) +
                      " photos were corrected and saved in " + output_folder;
   if (outcome.cancelled) text += "\rYou cancelled before the rest.";
-  if (outcome.failures.empty()) return text;
-
-  text += "\r\rThese photos were left out:";
-  const std::size_t shown = std::min(outcome.failures.size(), kMostFailuresShown);
-  for (std::size_t i = 0; i < shown; ++i) text += "\r" + outcome.failures[i];
-  if (const std::size_t more = outcome.failures.size() - shown; more > 0) {
-    text += "\rand " + std::to_string(more) + " more";
-  }
+  text += Listed("These photos were left out:", outcome.failures);
+  text += Listed("Not everything of these photos could be kept:", outcome.notes);
   return text;
 }
 

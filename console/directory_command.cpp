@@ -106,7 +106,9 @@ void DirectoryCommand::Correct(std::size_t index) {
     const int threads = ThreadsPerPhoto(budget_, photo.memory, ThreadsOf(settings_), workers_);
     ConsoleSystem system;  // its codecs are shared with nobody
     ConsoleWindow window(start_, system, dialogs_, host_.interrupted, threads, view.get());
-    photo.status = CorrectPhoto(window.form, photo.task, plan_, [](PhotoStep) {}).status;
+    CorrectedPhoto corrected = CorrectPhoto(window.form, photo.task, plan_, [](PhotoStep) {});
+    for (const std::string& note : corrected.notes) dialogs_.Tell({}, note, Icon::kInformation);
+    photo.status = std::move(corrected.status);
   }
   budget_.GiveBack(photo.memory);
   progress_->Done();

@@ -110,6 +110,11 @@ void AddSettings(CLI::App& app, Settings& settings) {
       ->type_name("FILE.wbs")
       ->excludes(white)
       ->group("Settings");
+  AddSingle(app, "--quality", "N|original", ParseJpegQuality, settings.quality,
+            "Quality of JPEG files, as slider 6; \"original\" takes that of the photo's own file");
+  app.add_flag("--strip-place", settings.leave_place_out,
+               "Keep the place where the photo was taken out of the saved file")
+      ->group("Settings");
   app.add_option_function<std::string>(
          "--analyze",
          [&settings](const std::string& word) { settings.analyze_full = word == "full"; },

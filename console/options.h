@@ -22,6 +22,8 @@ struct Settings {
   std::optional<HueMarker> hue;
   std::optional<Rgb> white;
   std::string white_file;  // empty: none
+  std::optional<JpegQuality> quality;
+  bool leave_place_out = false;
   bool analyze_full = false;
   bool extended_noise = false;
   int threads = 0;             // 0: as many as there are processors

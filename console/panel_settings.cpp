@@ -53,6 +53,11 @@ void ApplySingleSettings(const Settings& settings, Module1& app, frmModules& pan
   if (settings.learn) panel.checks[kLearnFromSavedPhotos] = *settings.learn ? "1" : "0";
   if (settings.rotation) panel.rotation = *settings.rotation;
   if (settings.hue) MoveHueMarker(panel.hue, settings.hue->x, settings.hue->y);
+  if (settings.quality) {
+    panel.save_switches[kQualityAsOriginal] = !settings.quality->has_value();
+    if (*settings.quality) SetSliderValue(panel, kJpegQualitySlider, **settings.quality);
+  }
+  panel.save_switches[kLeavePlaceOut] = settings.leave_place_out;
   app.analyze_full_source = settings.analyze_full;
   app.extended_noise = settings.extended_noise;
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "automation/memory_budget.h"
+#include "imaging/photo_size.h"
 #include "platform/files.h"
 #include "platform/system.h"
 

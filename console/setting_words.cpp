@@ -108,4 +108,11 @@ Result<Rgb> ParseColour(std::string_view word) {
   return Rgb{(*numbers)[0], (*numbers)[1], (*numbers)[2]};
 }
 
+Result<JpegQuality> ParseJpegQuality(std::string_view word) {
+  if (word == "original") return JpegQuality();
+  const std::optional<int> quality = NumberIn(word, 0, 100);
+  if (!quality) return Refused(word, "\"original\" or a quality is expected, " + Range(0, 100));
+  return quality;
+}
+
 }  // namespace tarnwell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,10 +33,14 @@ struct HueMarker {
   bool operator==(const HueMarker&) const = default;
 };
 
+// The quality of saved JPEG files: nothing stands for that of the photo's own file.
+using JpegQuality = std::optional<int>;
+
 Result<ModuleSetting> ParseModuleSetting(std::string_view word);  // "3=on"
 Result<SliderSetting> ParseSliderSetting(std::string_view word);  // "3=-20"
 Result<CheckSetting> ParseCheckSetting(std::string_view word);    // "2=0"
 Result<HueMarker> ParseHueMarker(std::string_view word);          // "60,40"
 Result<Rgb> ParseColour(std::string_view word);                   // "255,250,240"
+Result<JpegQuality> ParseJpegQuality(std::string_view word);      // "85", "original"
 
 }  // namespace tarnwell

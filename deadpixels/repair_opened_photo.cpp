@@ -3,6 +3,7 @@
 
 #include "deadpixels/repair_dead_pixels.h"
 #include "imaging/thumbnail.h"
+#include "imaging/upright.h"
 #include "modules/frm_modules.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -24,11 +25,11 @@ bool IsMapName(std::string name) {
   return name == "map.bmp";
 }
 
-// The map's path for this resolution, in whatever letter case it was written; empty if there is
+// The map's path for photos of this size, in whatever letter case it was written; empty if there is
 // none.
-std::string FindMap(Files& files, const std::string& camera_folder, const PixelView& photo) {
-  const std::string folder = camera_folder + "~ Dead Pixels\\" + std::to_string(photo.width) + "x" +
-                             std::to_string(photo.height) + "\\";
+std::string FindMap(Files& files, const std::string& camera_folder, int width, int height) {
+  const std::string folder = camera_folder + "~ Dead Pixels\\" + std::to_string(width) + "x" +
+                             std::to_string(height) + "\\";
   if (!files.FolderExists(folder)) return {};
   const auto entries = files.List(folder);
   if (!entries.ok()) return {};
@@ -38,9 +39,14 @@ std::string FindMap(Files& files, const std::string& camera_folder, const PixelV
   return {};
 }
 
-// The map that fits the photo, or null: then the user has been told why.
+// The map that fits the photo, or null: then the user has been told why. Maps are of the sensor: a
+// photo that was turned when it was opened takes the map for its size before, turned alike.
 Picture LoadMap(Form1& form, const PixelView& photo) {
-  const std::string path = FindMap(form.platform.files, form.app.camera_folder, photo);
+  const int orientation = form.metadata ? form.metadata->orientation : 1;
+  const bool exchanged = ExchangesSides(orientation);
+  const int width = exchanged ? photo.height : photo.width;
+  const int height = exchanged ? photo.width : photo.height;
+  const std::string path = FindMap(form.platform.files, form.app.camera_folder, width, height);
   if (path.empty()) {
     form.ShowTips(kNoMapTip);
     return nullptr;
@@ -50,11 +56,11 @@ Picture LoadMap(Form1& form, const PixelView& photo) {
     form.platform.dialogs.Tell(form.app.title, map.status.message, Icon::kExclamation);
     return nullptr;
   }
-  if ((*map)->width() != photo.width || (*map)->height() != photo.height) {
+  if ((*map)->width() != width || (*map)->height() != height) {
     form.ShowTips(kNoMapTip);
     return nullptr;
   }
-  return *map;
+  return TurnUpright(*map, orientation);
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 
 #include "automation/free_name.h"
 #include "engine/adjust_photo.h"
+#include "imaging/file_open.h"
 #include "imaging/file_save.h"
+#include "imaging/load_photo.h"
 #include "imaging/photo_list.h"
 #include "imaging/photo_title.h"
 #include "imaging/thumbnail.h"
@@ -23,6 +25,9 @@ class OpenPhotoKept {
       : form_(form),
         app_(form.app),
         surfaces_(form.buffer.surfaces),
+        metadata_(form.metadata),
+        metadata_notes_told_(form.metadata_notes_told),
+        collect_note_(std::move(form.collect_note)),
         names_(form.names),
         histogram_(form.histogram),
         correction_ready_(form.correction_ready),
@@ -35,6 +40,9 @@ class OpenPhotoKept {
     form_.app.learning_record = app_.learning_record;
     form_.app.suppress_learning = app_.suppress_learning;
     form_.buffer.surfaces = surfaces_;
+    form_.metadata = metadata_;
+    form_.metadata_notes_told = metadata_notes_told_;
+    form_.collect_note = collect_note_;
     form_.names = names_;
     form_.histogram = histogram_;
     form_.correction_ready = correction_ready_;
@@ -48,6 +56,9 @@ class OpenPhotoKept {
   Form1& form_;
   const Module1 app_;
   const PhotoSurfaces surfaces_;
+  const SharedMetadata metadata_;
+  const bool metadata_notes_told_;
+  const std::function<void(const std::string&)> collect_note_;
   const OutputNames names_;
   const PictureHistogram histogram_;
   const bool correction_ready_;
@@ -61,11 +72,11 @@ Status CancelledPhoto(const std::string& path) {
 
 // Takes the photo into the window. Unlike opening it by hand this leaves the settings alone.
 Status LoadPhoto(Form1& form, const std::string& path, const std::string& name) {
-  auto photo = form.platform.codec.Load(path);
+  auto photo = LoadPhotoFile(form.platform, path);
   if (!photo.ok()) return photo.status;
   form.app.current_file = path;
-  Display(form.buffer.surfaces.picOriginal, *photo);
-  Display(form.buffer.surfaces.picSource, *photo);
+  TakeAsOriginal(form, std::move(*photo));
+  Display(form.buffer.surfaces.picSource, form.buffer.surfaces.picOriginal.picture);
   ShowPhotoName(form, name);
   MakeThumbnail(form.buffer, form.platform.events);
   // The analysis pass clears the cancel flag: a click until now must not be lost.
@@ -101,6 +112,7 @@ Result<DirectoryOutcome> AdjustDirectory(Form1& form, const PhotoBegins& photo_b
   form.app.cancel_requested = false;
   form.File1 = *photos;
   DirectoryOutcome outcome;
+  form.collect_note = [&outcome](const std::string& note) { outcome.notes.push_back(note); };
   outcome.total = static_cast<int>(form.File1.size());
   for (int i = 0; i < outcome.total && !outcome.cancelled; ++i) {
     photo_begins(i + 1, outcome.total, form.File1[i]);

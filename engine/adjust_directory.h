@@ -19,6 +19,7 @@ struct DirectoryOutcome {
   int total = 0;                      // photos in the folder
   int corrected = 0;                  // saved in the output folder
   std::vector<std::string> failures;  // one line for each photo that was not, naming it and why
+  std::vector<std::string> notes;     // what of saved photos was left out, a line for each photo
   bool cancelled = false;             // the rest was not begun
 };
 

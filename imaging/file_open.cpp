@@ -1,9 +1,11 @@
 #include "imaging/file_open.h"
 
 #include <optional>
+#include <utility>
 
 #include "engine/adjust_photo.h"
 #include "imaging/file_save.h"
+#include "imaging/load_photo.h"
 #include "imaging/output_names.h"
 #include "imaging/photo_title.h"
 #include "imaging/thumbnail.h"
@@ -12,7 +14,6 @@
 #include "modules/open_mode.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
-#include "platform/picture_codec.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/module1.h"
@@ -69,15 +70,21 @@ Status FileOpen(Form1& form, bool show_dialog) {
 
 Status OpenPhotoFile(Form1& form, const std::string& path) {
   // Decoded before anything changes, so that a photo that cannot be read leaves the window alone.
-  Result<Picture> photo = form.platform.codec.Load(path);
+  Result<LoadedPhoto> photo = LoadPhotoFile(form.platform, path);
   if (!photo.ok()) return photo.status;
 
   form.app.opened_path = path;
   form.app.current_file = path;
-  Display(form.buffer.surfaces.picOriginal, *photo);
+  TakeAsOriginal(form, std::move(*photo));
   ShowOpenedPhoto(form);
   if (form.app.auto_preview) TellUnlessCancelled(form, AdjustPhoto(form, /*preview=*/true));
   return Status::Ok();
+}
+
+void TakeAsOriginal(Form1& form, LoadedPhoto photo) {
+  Display(form.buffer.surfaces.picOriginal, std::move(photo.picture));
+  form.metadata = std::move(photo.metadata);
+  form.metadata_notes_told = false;
 }
 
 void ShowOpenedPhoto(Form1& form) {

@@ -7,6 +7,7 @@
 namespace tarnwell {
 
 struct Form1;
+struct LoadedPhoto;
 
 // Asks whether to save unsaved changes, and saves them on Yes. False when the command that asked
 // must stop: on Cancel, and when the save on Yes saved nothing; the user has been told why then.
@@ -26,6 +27,9 @@ Status FileOpen(Form1& form, bool show_dialog);
 // The part of FileOpen behind the question and the dialog, for callers that have asked already.
 // Fails with the loader's reason.
 Status OpenPhotoFile(Form1& form, const std::string& path);
+
+// Makes `photo` the window's original, with its metadata.
+void TakeAsOriginal(Form1& form, LoadedPhoto photo);
 
 // The part of FileOpen that takes the photo which picOriginal displays into the rest of the window;
 // also for pasted photos. form.app.current_file is set before (empty for a pasted one).

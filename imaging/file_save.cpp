@@ -5,12 +5,15 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "engine/adjust_photo.h"
 #include "engine/learning_store.h"
 #include "imaging/cdib_section.h"
 #include "imaging/jpeg_library.h"
+#include "imaging/jpeg_segments.h"
 #include "imaging/output_names.h"
+#include "imaging/photo_metadata.h"
 #include "imaging/photo_title.h"
 #include "imaging/save_jpeg_file.h"
 #include "modules/frm_modules.h"
@@ -32,7 +35,6 @@ constexpr char kNotAppliedQuestion[] =
     "You have not yet applied your changes to the full photo, would you like to do that now?\r\r"
     "Click Yes to adjust full photo, or No to save the adjusted thumbnail";
 constexpr int kNotificationMilliseconds = 1800;
-constexpr int kJpegQualitySlider = 6;
 
 Status Cancelled(const Form1& form) {
   return Status::Error(Failure::kCancelled, CurrentPhotoName(form) + ": was not saved");
@@ -95,33 +97,85 @@ bool IsJpegPath(const std::string& path) {
   return extension == ".jpg" || extension == ".jpeg";
 }
 
-// Through a section of 24 bits: what the external library knows.
-Status WriteJpegSection(Form1& form, const PixelView& picture, const std::string& path,
-                        int quality) {
-  const std::string shown_path = form.platform.files.Display(path);
+// As a sentence that names the photo, to the user or to whoever collects such sentences.
+void TellNote(Form1& form, const std::string& text) {
+  const std::string note = CurrentPhotoName(form) + ": " + text;
+  if (form.collect_note) return form.collect_note(note);
+  form.platform.dialogs.Tell(form.app.title, note, Icon::kInformation);
+}
+
+std::string InOneText(const std::vector<std::string>& sentences) {
+  std::string text;
+  for (const std::string& sentence : sentences) text += (text.empty() ? "" : " ") + sentence;
+  return text;
+}
+
+// What the saved file does not keep: of a bitmap always, of a JPEG file once per photo.
+void TellWhatIsLost(Form1& form, bool as_jpeg, std::vector<std::string> lost) {
+  if (!form.metadata) return;
+  if (!as_jpeg) {
+    const std::string words = WhatPixelsAloneLose(*form.metadata);
+    if (!words.empty()) TellNote(form, "A bitmap cannot keep its " + words + ".");
+    return;
+  }
+  if (form.metadata_notes_told) return;
+  lost.insert(lost.begin(), form.metadata->notes.begin(), form.metadata->notes.end());
+  if (!lost.empty()) TellNote(form, InOneText(lost));
+  form.metadata_notes_told = true;
+}
+
+// The quality to save with: the slider's, or the photo's own where that is wanted and known.
+std::optional<int> SavedQuality(const Form1& form) {
+  if (form.modules.save_switches[kQualityAsOriginal] && form.metadata &&
+      form.metadata->jpeg_quality) {
+    return form.metadata->jpeg_quality;
+  }
+  return form.modules.Value(kJpegQualitySlider);
+}
+
+// Through a section of 24 bits and without segments: what the external library knows. The segments
+// come in afterwards.
+Status WriteJpegSection(Form1& form, const std::string& path, const JpegPicture& picture) {
+  Files& files = form.platform.files;
+  const std::string shown_path = files.Display(path);
   cDIBSection section;
-  section.CreateFromPicture(picture);
+  section.CreateFromPicture(picture.pixels);
   if (section.DIBSectionBitsPtr() == nullptr) {
     return Status::Error(Failure::kTooLarge, shown_path + ": there is not enough memory to save");
   }
-  const bool written = SaveJpegFile(section, path, quality, form.platform.jpeg,
+  const bool written = SaveJpegFile(section, path, picture.quality, form.platform.jpeg,
                                     form.platform.dialogs, form.app.title);
-  if (written) return Status::Ok();
-  return Status::Error(Failure::kOther, shown_path + ": the JPEG file could not be written");
+  if (!written) {
+    return Status::Error(Failure::kOther, shown_path + ": the JPEG file could not be written");
+  }
+  if (picture.segments.empty()) return Status::Ok();
+  const Result<std::string> plain = files.Read(path);
+  if (!plain.ok()) return plain.status;
+  return files.Replace(path, WithSegments(*plain, picture.segments));
 }
 
-Status WriteJpeg(Form1& form, const std::string& path) {
-  const std::optional<int> value = form.modules.Value(kJpegQualitySlider);
+// `lost` is told what of the photo's metadata could not be kept.
+Status WriteJpeg(Form1& form, const std::string& path, std::vector<std::string>& lost) {
+  const std::optional<int> value = SavedQuality(form);
   if (!value) {
     return Status::Error(Failure::kOther, form.platform.files.Display(path) +
                                               ": the JPEG quality is no whole number");
   }
   const int quality = std::clamp(*value, 0, 100);
-  const PixelView picture = form.buffer.surfaces.picSource.picture->view();
+  const PixelView pixels = form.buffer.surfaces.picSource.picture->view();
+  MetadataToSave kept;
+  if (form.metadata) {
+    kept = MetadataFor(*form.metadata, pixels, form.modules.save_switches[kLeavePlaceOut]);
+  }
+  lost = std::move(kept.notes);
+  const JpegPicture picture = {.pixels = pixels,
+                               .quality = quality,
+                               .half_chrominance = HalvesChrominance(quality),
+                               .threads = form.threads,
+                               .segments = kept.segments};
   JpegLibrary& library = form.platform.jpeg;
-  if (!library.TakesPictures()) return WriteJpegSection(form, picture, path, quality);
-  return library.WritePicture(path,
-                              {.pixels = picture, .quality = quality, .threads = form.threads});
+  return library.TakesPictures() ? library.WritePicture(path, picture)
+                                 : WriteJpegSection(form, path, picture);
 }
 
 // The user chose `path` and never heard of the temporary file beside it.
@@ -133,13 +187,14 @@ Status InNameOf(Status status, const std::string& path, const std::string& tempo
 }
 
 // Writes the working image to the new file names.output_path, in the format that its extension
-// says. Whatever fails leaves no file; kExists when the name was taken meanwhile.
-Status WritePhoto(Form1& form, bool as_jpeg) {
+// says. Whatever fails leaves no file; kExists when the name was taken meanwhile. `lost` is told
+// what of the photo's metadata could not be kept.
+Status WritePhoto(Form1& form, bool as_jpeg, std::vector<std::string>& lost) {
   Files& files = form.platform.files;
   const std::string& path = form.names.output_path;
   const std::string temporary = files.TemporaryBeside(path);
   const PictureSurface& source = form.buffer.surfaces.picSource;
-  Status status = as_jpeg ? WriteJpeg(form, temporary)
+  Status status = as_jpeg ? WriteJpeg(form, temporary, lost)
                           : form.platform.codec.SaveBitmap(temporary, source.image->view());
   if (status.ok()) {
     status = files.Publish(temporary, path);
@@ -151,11 +206,11 @@ Status WritePhoto(Form1& form, bool as_jpeg) {
 }
 
 // A name can be taken between the look at it and the end of the writing; that counts as taken, too.
-Status WriteUnderFreeName(Form1& form, bool& as_jpeg) {
+Status WriteUnderFreeName(Form1& form, bool& as_jpeg, std::vector<std::string>& lost) {
   for (;;) {
     if (Status named = SettleOutputPath(form); !named.ok()) return named;
     as_jpeg = IsJpegPath(form.names.output_path);
-    Status written = WritePhoto(form, as_jpeg);
+    Status written = WritePhoto(form, as_jpeg, lost);
     if (written.failure != Failure::kExists) return written;
     RefuseTakenName(form);
   }
@@ -187,13 +242,15 @@ Status FileSave(Form1& form, bool notify) {
 
   const std::string proposed_path = form.names.output_path;
   bool as_jpeg = false;
-  if (Status written = WriteUnderFreeName(form, as_jpeg); !written.ok()) {
+  std::vector<std::string> lost;
+  if (Status written = WriteUnderFreeName(form, as_jpeg, lost); !written.ok()) {
     if (written.failure == Failure::kCancelled) return written;
     if (notify) Notify(form, /*success=*/false);
     form.names.output_path = proposed_path;
     return written;
   }
 
+  TellWhatIsLost(form, as_jpeg, std::move(lost));
   if (Status learnt = AppendLearningRecord(form); !learnt.ok()) {
     form.platform.dialogs.Tell(form.app.title, learnt.message, Icon::kExclamation);
   }

@@ -15,12 +15,10 @@ constexpr int kBlock = 8;
 using Block = std::array<float, 64>;  // row by row
 using Steps = std::array<std::uint8_t, 64>;
 
-// The quality scale that encoders share: 50 takes the tables as they are, 100 divides by 1.
 Steps ScaledSteps(const std::uint8_t (&base)[64], int quality) {
-  const int scale = quality < 50 ? 5000 / std::max(quality, 1) : 200 - 2 * quality;
   Steps steps;
   for (int i = 0; i < 64; ++i) {
-    steps[i] = static_cast<std::uint8_t>(std::clamp((base[i] * scale + 50) / 100, 1, 255));
+    steps[i] = static_cast<std::uint8_t>(QuantisationStep(base[i], quality));
   }
   return steps;
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "imaging/pixel_array.h"
 #include "platform/status.h"
@@ -37,6 +38,10 @@ struct JPEG_CORE_PROPERTIES {
 };
 static_assert(sizeof(void*) != 4 || sizeof(JPEG_CORE_PROPERTIES) == 20084);
 
+// Whether photos of this quality have their chrominance at half the resolution: at the qualities
+// that are asked for where size matters. Above, red edges would give the coarse chrominance away.
+inline constexpr bool HalvesChrominance(int quality) { return quality < 90; }
+
 // The mode of ijlWrite that writes a whole picture to the file named in JPGFile.
 inline constexpr int kWriteWholeFile = 8;
 
@@ -44,9 +49,10 @@ inline constexpr int kWriteWholeFile = 8;
 // of 24 bits, which for a photo is tens of megabytes that would be filled to be read once.
 struct JpegPicture {
   PixelView pixels;
-  int quality = 0;               // 0 to 100
-  bool half_chrominance = true;  // chrominance of half resolution in both directions, or of full
-  int threads = 1;               // that may be used; the file is the same for any number
+  int quality = 0;                 // 0 to 100
+  bool half_chrominance = true;    // chrominance of half resolution in both directions, or of full
+  int threads = 1;                 // that may be used; the file is the same for any number
+  std::string_view segments = {};  // that come behind the header: AddSegment
 };
 
 // The three calls of the JPEG library that the program makes. 0 means success, anything else is an

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 
@@ -23,6 +24,13 @@ inline constexpr std::uint8_t kChrominanceSteps[64] = {
     17, 18, 24, 47, 99, 99, 99, 99, 18, 21, 26, 66, 99, 99, 99, 99, 24, 26, 56, 99, 99, 99,
     99, 99, 47, 66, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99,
     99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99, 99};
+
+// A step of these tables on the quality scale that encoders share: 50 takes the tables as they are,
+// 100 divides by 1.
+inline int QuantisationStep(int base, int quality) {
+  const int scale = quality < 50 ? 5000 / std::max(quality, 1) : 200 - 2 * quality;
+  return std::clamp((base * scale + 50) / 100, 1, 255);
+}
 
 // A Huffman table as the file stores it: how many codes have 1 to 16 bits, and their symbols in the
 // order of the codes.

@@ -6,6 +6,16 @@
 #include "imaging/jpeg_structure.h"
 
 namespace tarnwell {
+namespace {
+
+// An ordinary run holds the original and the working pixels at 4 bytes a pixel, one with a filter
+// or a turn up to two pictures more.
+constexpr std::uint64_t kBytesPerCorrectedPixel = 4 * 4;
+
+// The thumbnail, the tables, the codec's own.
+constexpr std::uint64_t kBytesPerCorrection = 4 << 20;
+
+}  // namespace
 
 PhotoSize PhotoSizeOf(std::string_view file_bytes) {
   if (IsJpeg(file_bytes)) {
@@ -21,6 +31,12 @@ PhotoSize PhotoSizeOf(std::string_view file_bytes) {
     return header.ok() ? PhotoSize{header->width, header->height} : PhotoSize{};
   }
   return {};
+}
+
+std::uint64_t MemoryToCorrect(std::string_view file_bytes) {
+  const PhotoSize size = PhotoSizeOf(file_bytes);
+  return kBytesPerCorrection + file_bytes.size() +
+         std::uint64_t{kBytesPerCorrectedPixel} * size.width * size.height;
 }
 
 }  // namespace tarnwell

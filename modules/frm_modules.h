@@ -69,6 +69,10 @@ struct frmModules {
   SkinTones skin_tones;
   int rotation = 0;  // 0 to 4
 
+  // By SaveSwitch: saved files have the photo's own JPEG quality where that is known; they do not
+  // tell where the photo was taken.
+  std::array<bool, kSaveSwitchCount> save_switches = {};
+
   bool arrow_busy = false;
 
   // Opens the zoom window on the photo in the main window and refreshes the tips; set by the host.

@@ -63,6 +63,9 @@ bool PicDefault_Click(Module1& app, Platform& platform, frmModules& panel, int i
     case kRotation:
       panel.rotation = 0;
       break;
+    case kJpegQuality:
+      panel.save_switches[kQualityAsOriginal] = false;
+      break;
     case kColorRotation:
       return false;  // has no defaults: its slider survives the opening of a photo
     default:

@@ -43,4 +43,7 @@ const std::array<CheckInfo, kCheckCount> kChecks = {{
     {"Protect light areas", kNoiseReduction, true},
 }};
 
+const std::array<const char*, kSaveSwitchCount> kSaveSwitches = {
+    "Quality as the original's", "Leave the place out of saved photos"};
+
 }  // namespace tarnwell

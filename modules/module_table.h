@@ -32,6 +32,7 @@ struct ModuleInfo {
 extern const std::array<ModuleInfo, kModuleCount> kModules;
 
 inline constexpr int kSliderCount = 13;
+inline constexpr int kJpegQualitySlider = 6;
 
 // How a knob position p (0 to 182) becomes a value, and back.
 enum class SliderScale {
@@ -60,6 +61,12 @@ enum Check : int {
   kUseLearntCorrections = 3,
   kProtectLightAreas = 4,
 };
+
+// Two-state choices about saving that are no check options: presets and the lines of the settings
+// file are numbered without them.
+enum SaveSwitch : int { kQualityAsOriginal = 0, kLeavePlaceOut = 1 };
+inline constexpr int kSaveSwitchCount = 2;
+extern const std::array<const char*, kSaveSwitchCount> kSaveSwitches;  // captions
 
 struct CheckInfo {
   const char* caption;

@@ -15,7 +15,7 @@ for group in "$@"; do
         wine wine64 xvfb xauth fonts-liberation fonts-wine)
       ;;
     window32) packages+=(g++-mingw-w64-i686-posix) ;;
-    test) packages+=(googletest libbenchmark-dev) ;;
+    test) packages+=(googletest libbenchmark-dev libimage-exiftool-perl libjpeg-turbo-progs) ;;
     fuzz) packages+=(clang libclang-rt-dev) ;;
     format) packages+=(git clang-format) ;;
     *)

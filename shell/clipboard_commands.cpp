@@ -4,6 +4,7 @@
 
 #include "engine/adjust_photo.h"
 #include "imaging/file_open.h"
+#include "imaging/load_photo.h"
 #include "imaging/pixel_buffer.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
@@ -42,7 +43,7 @@ void PasteSource(Form1& form) {
 
   form.app.opened_path.clear();
   form.app.current_file.clear();
-  Display(form.buffer.surfaces.picOriginal, pasted);
+  TakeAsOriginal(form, {pasted, nullptr});
   ShowOpenedPhoto(form);
   if (form.app.auto_preview) TellFailure(form, AdjustPhoto(form, /*preview=*/true));
 }

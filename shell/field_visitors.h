@@ -32,6 +32,9 @@ class FieldWriter {
   void Flag(std::int16_t open) { Flag(open == 1); }
   void Flag(const std::string& check) { Flag(check == "1"); }
 
+  // Whether lines follow that not every file has: here when they are `wanted`.
+  bool GoesOn(bool wanted) const { return wanted; }
+
   bool ok() const { return true; }
   const std::string& text() const { return text_; }
 
@@ -54,6 +57,8 @@ class FieldReader {
   void Flag(std::string& check);
 
   std::optional<std::string_view> NextLine();
+
+  bool GoesOn(bool) const { return ok() && !lines_.AtEnd(); }
 
   bool ok() const { return status_.ok(); }
   const Status& status() const { return status_; }

@@ -7,6 +7,7 @@
 #include "engine/histogram.h"
 #include "engine/learning_data.h"
 #include "imaging/output_names.h"
+#include "imaging/photo_metadata.h"
 #include "imaging/pixel_buffer.h"
 #include "shell/window_memory.h"
 
@@ -26,6 +27,8 @@ struct Form1 {
   frmProgress& progress;
 
   PixelBuffer buffer = {};
+  SharedMetadata metadata = {};      // of the photo in picOriginal
+  bool metadata_notes_told = false;  // the user knows what of it saved files do not keep
   OutputNames names = {};
   LearningData learning = {};       // of the current camera and mode
   PictureHistogram histogram = {};  // of the picture that was measured last
@@ -44,6 +47,9 @@ struct Form1 {
 
   int threads = 1;  // worker threads a pass may use, the calling one included
 
+  // Takes what the user is to know about a photo, while nobody sits at the window; without it the
+  // user is told at once.
+  std::function<void(const std::string& note)> collect_note = {};
   // Offers a tip by its text; set by the host.
   std::function<void(const std::string& tip)> ShowTips = [](const std::string&) {};
   // Shows the automated mode's notification panel with a text, for this many milliseconds.

@@ -20,6 +20,9 @@ class LineReader {
   // The next line without its end, or nothing behind the last one.
   std::optional<std::string_view> Next();
 
+  // Whether no line is left.
+  bool AtEnd() const { return rest_.empty(); }
+
   // The number of the line that Next() gave or missed last, from 1; 0 before the first.
   int line() const { return line_; }
 

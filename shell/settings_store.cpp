@@ -18,6 +18,10 @@
 //   61 - 62  hue marker, horizontal and vertical position
 //   63       the window with the modules is at its largest: 1 or 0
 //   64 - 67  its left, top, width and height in that state
+//   68       saved photos do not tell their place: 1 or 0
+//   69       saved photos take their original's JPEG quality: 1 or 0
+//
+// Lines 68 and 69 are there only when one of them is 1.
 //
 // VisitFields below is this list for the program. Writing and reading are two visitors of it, so
 // that neither can come to know another order than the other.
@@ -76,7 +80,7 @@ void VisitPlacement(Visitor& visitor, WindowPlacement& placement) {
   visitor.Number(bounds.height, 0, kHighest16);
 }
 
-// Lines 2 to 67.
+// Lines 2 to 69.
 template <typename Visitor>
 void VisitFields(Visitor& visitor, const LastUsed& settings) {
   frmModules& panel = settings.panel;
@@ -95,6 +99,11 @@ void VisitFields(Visitor& visitor, const LastUsed& settings) {
   visitor.Number(panel.hue.marker_x, 0, kHueLast);
   visitor.Number(panel.hue.marker_y, 0, kHueLast);
   VisitPlacement(visitor, settings.memory.placement);
+  if (!visitor.GoesOn(panel.save_switches[kLeavePlaceOut] ||
+                      panel.save_switches[kQualityAsOriginal]))
+    return;
+  visitor.Flag(panel.save_switches[kLeavePlaceOut]);
+  visitor.Flag(panel.save_switches[kQualityAsOriginal]);
 }
 
 LastUsed SettingsOf(Form1& form) { return {form.app, form.modules, form.memory}; }

@@ -54,7 +54,8 @@ void MainFrame::Create(MainWindow& window, OtherWindows& others) {
 
   lblTitle_ = std::make_unique<Label>(look_, Ground::kPage, Face::kTitle, false, DT_CENTER);
   lblTitle_->Create(handle(), L"");
-  preview_ = std::make_unique<PreviewControl>(look_, window.form.buffer.surfaces);
+  preview_ =
+      std::make_unique<PreviewControl>(look_, window.form.buffer.surfaces, window.form.metadata);
   preview_->open_wanted = [this] { picToolBtn_Click(*window_, kOpenButton); };
   preview_->Create(handle());
   MakeActions();

@@ -70,7 +70,8 @@ void OtherWindows::ShowZoom(ZoomMode mode) {
   Form1& form = window_.form;
   if (!zoom_) {
     zoom_ = std::make_unique<ZoomWindow>(
-        main_window_, ZoomWindow::Models{zoom_model_, form.modules, skin_tones_model_, messages_});
+        main_window_,
+        ZoomWindow::Models{zoom_model_, form.modules, skin_tones_model_, messages_, form.metadata});
     zoom_->closed = [this] {
       if (skin_tones_ && skin_tones_model_.visible) skin_tones_->Update();
       window_.view.Refresh();

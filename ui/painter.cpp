@@ -82,6 +82,16 @@ void Painter::Copy(int x, int y, const PixelView& picture) {
   }
 }
 
+void Painter::Convert(const Box& box, const ColourCube* colours) {
+  if (!colours) return;
+  const MutablePixelView pixels = Pixels();
+  const Box area = Intersection(Here(box), {0, 0, pixels.width, pixels.height});
+  if (area.width <= 0) return;
+  for (int row = area.y; row < area.bottom(); ++row) {
+    colours->Convert(pixels.at(area.x, row), static_cast<std::size_t>(area.width));
+  }
+}
+
 int Painter::Draw(const Box& box, const std::wstring& text, Face face, Colour colour, UINT format) {
   if (!bits_) return 0;
   RECT rect = ToRect(Here(box));

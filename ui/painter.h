@@ -3,6 +3,7 @@
 #include <string>
 #include <windows.h>
 
+#include "imaging/colour_cube.h"
 #include "ui/look.h"
 #include "ui/look/icons.h"
 #include "ui/look/shapes.h"
@@ -33,6 +34,8 @@ class Painter {
   void Image(const Box& box, const PixelView& picture);
   // The picture's pixels one to one, its left top corner at a point.
   void Copy(int x, int y, const PixelView& picture);
+  // Converts what was drawn in `box` so far; null changes nothing.
+  void Convert(const Box& box, const ColourCube* colours);
 
   // One line of text, cut off with dots where it is too long; `align` is DT_LEFT, DT_CENTER or
   // DT_RIGHT. An access key's "&" becomes an underline.

@@ -399,6 +399,30 @@ Parts OutputNameRow(HWND parent, const Look& look, PanelHost& host) {
   return parts;
 }
 
+// The caption of a switch; with the quality that it would take, where the photo tells one.
+std::wstring SaveSwitchCaption(const Form1& form, int index) {
+  const std::wstring caption = Wide(kSaveSwitches[index]);
+  if (index != kQualityAsOriginal || !form.metadata || !form.metadata->jpeg_quality) return caption;
+  return caption + L" (" + std::to_wstring(*form.metadata->jpeg_quality) + L")";
+}
+
+Parts SaveSwitchRow(HWND parent, const Look& look, PanelHost& host, int index) {
+  auto check = std::make_unique<CheckBox>(look);
+  CheckBox* made = check.get();
+  Form1& form = host.form;
+  bool& on = form.modules.save_switches[index];
+  check->is_on = [&on] { return on; };
+  check->clicked = [&host, &on] { host.command([&on] { on = !on; }); };
+  check->Create(parent, SaveSwitchCaption(form, index));
+  Parts parts;
+  parts.push_back({std::move(check), [](const Box& row) { return row; },
+                   [made, &form, index] {
+                     made->SetText(SaveSwitchCaption(form, index));
+                     made->Update();
+                   }});
+  return parts;
+}
+
 }  // namespace
 
 std::vector<PanelPart> MakeRow(HWND parent, const Look& look, PanelHost& host,
@@ -424,6 +448,8 @@ std::vector<PanelPart> MakeRow(HWND parent, const Look& look, PanelHost& host,
       return RotationRow(parent, look, host);
     case RowKind::kOutputName:
       return OutputNameRow(parent, look, host);
+    case RowKind::kSaveSwitch:
+      return SaveSwitchRow(parent, look, host, row.index);
   }
   return {};
 }

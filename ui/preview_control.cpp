@@ -108,6 +108,7 @@ void PreviewControl::Paint(Painter& painter, const Box& client) {
     const Box whole = Centred(client, static_cast<int>(view.width * stretch + 0.5),
                               static_cast<int>(view.height * stretch + 0.5));
     painter.Image(whole, view);
+    painter.Convert(whole, colours_.For(handle(), metadata_));
   }
   if (original_) PaintBadge(painter, client);
   if (ShowsFocus()) painter.Focus(client, 0);

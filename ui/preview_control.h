@@ -2,6 +2,7 @@
 
 #include "imaging/pixel_buffer.h"
 #include "ui/control.h"
+#include "ui/display_colours.h"
 
 namespace tarnwell {
 
@@ -9,8 +10,8 @@ namespace tarnwell {
 // photo before its correction.
 class PreviewControl : public Control {
  public:
-  PreviewControl(const Look& look, const PhotoSurfaces& surfaces)
-      : Control(look, Ground::kPage), surfaces_(surfaces) {}
+  PreviewControl(const Look& look, const PhotoSurfaces& surfaces, const SharedMetadata& metadata)
+      : Control(look, Ground::kPage), surfaces_(surfaces), metadata_(metadata) {}
   void Create(HWND parent);
   void Update();  // the surfaces may show other pictures
   void ShowOriginal(bool original);
@@ -31,6 +32,8 @@ class PreviewControl : public Control {
   const Picture& OriginalThumbnail();
 
   const PhotoSurfaces& surfaces_;
+  const SharedMetadata& metadata_;  // of the photo on them
+  ColoursOnScreen colours_;
   bool original_ = false;
   Picture container_;  // what tinted_ was made from
   Colour tint_;

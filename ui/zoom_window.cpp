@@ -116,6 +116,8 @@ void ZoomWindow::Container::Paint(Painter& painter, const Box&) {
   const frmZoom& zoom = window_.models_.zoom;
   if (!zoom.photo) return;
   painter.Copy(zoom.left, zoom.top, zoom.photo->view());
+  painter.Convert({zoom.left, zoom.top, zoom.photo->width(), zoom.photo->height()},
+                  window_.colours_.For(handle(), window_.models_.metadata));
 }
 
 bool ZoomWindow::Container::OnKey(WPARAM key) {

@@ -4,6 +4,7 @@
 
 #include "modules/frm_zoom.h"
 #include "ui/buttons.h"
+#include "ui/display_colours.h"
 #include "ui/frame_window.h"
 #include "ui/swatch_control.h"
 
@@ -19,6 +20,7 @@ class ZoomWindow : public FrameWindow {
     frmModules& panel;
     frmSkinTones& skin_tones;
     PendingEvents& events;
+    const SharedMetadata& metadata;  // of the photo
   };
   ZoomWindow(HWND owner, Models models);
   void Open();  // shows what the model was opened for
@@ -52,6 +54,7 @@ class ZoomWindow : public FrameWindow {
   void Hide();
 
   Models models_;
+  ColoursOnScreen colours_;
   Container container_;
   Label instruction_;
   SwatchControl lblColor_;

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "imaging/jpeg_segments.h"
 #include "imaging/pixel_array.h"
 #include "platform/posix/jpeg_writer.h"
 #include "platform/posix/posix_error.h"
@@ -99,7 +100,8 @@ Status PosixJpegLibrary::WritePicture(const std::string& path, const JpegPicture
   const auto bytes =
       EncodeJpegPicture(rows, picture.quality, picture.half_chrominance, picture.threads);
   if (!bytes) return PathError(Failure::kTooLarge, path, "there is not enough memory to save");
-  return WriteNewFile(path, *bytes);
+  return WriteNewFile(path,
+                      picture.segments.empty() ? *bytes : WithSegments(*bytes, picture.segments));
 }
 
 }  // namespace tarnwell

@@ -12,15 +12,19 @@
 
 namespace tarnwell {
 
+Result<Picture> PosixPictureCodec::Decode(std::string_view bytes, const std::string& name) {
+  if (IsJpeg(bytes)) return DecodeJpeg(bytes, name);
+  if (IsGif(bytes)) return DecodeGif(bytes, name);
+  if (IsBmp(bytes)) return DecodeBmp(bytes, name);
+  return Status::Error(Failure::kUnsupported, name + ": not a BMP, GIF or JPEG picture");
+}
+
 Result<Picture> PosixPictureCodec::Load(const std::string& path) {
   // No longer than the largest bitmap.
   constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 33;
   const Result<std::string> bytes = PosixFiles().Read(path, kMostBytes);
   if (!bytes.ok()) return bytes.status;
-  if (IsJpeg(*bytes)) return DecodeJpeg(*bytes, DisplayPath(path));
-  if (IsGif(*bytes)) return DecodeGif(*bytes, DisplayPath(path));
-  if (IsBmp(*bytes)) return DecodeBmp(*bytes, DisplayPath(path));
-  return PathError(Failure::kUnsupported, path, "not a BMP, GIF or JPEG picture");
+  return Decode(*bytes, DisplayPath(path));
 }
 
 Status PosixPictureCodec::SaveBitmap(const std::string& path, const PixelView& picture) {

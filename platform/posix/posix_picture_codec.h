@@ -7,6 +7,7 @@ namespace tarnwell {
 // Pictures through libjpeg-turbo and giflib; bitmaps through the program's own reader and writer.
 class PosixPictureCodec : public PictureCodec {
  public:
+  Result<Picture> Decode(std::string_view bytes, const std::string& name) override;
   Result<Picture> Load(const std::string& path) override;
   Status SaveBitmap(const std::string& path, const PixelView& picture) override;
 };

@@ -2,7 +2,9 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <sched.h>
+#include <sys/resource.h>
 #include <thread>
 #include <unistd.h>
 
@@ -61,7 +63,16 @@ std::uint64_t SystemMemoryBytes() {
   const long pages = sysconf(_SC_PHYS_PAGES);
   const long page_size = sysconf(_SC_PAGESIZE);
   if (pages < 0 || page_size < 0) return 0;
-  return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(page_size);
+  std::uint64_t bytes = static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(page_size);
+  // Less may be granted to this process, or to the container that it runs in.
+  rlimit granted = {};
+  if (getrlimit(RLIMIT_AS, &granted) == 0 && granted.rlim_cur != RLIM_INFINITY) {
+    bytes = std::min<std::uint64_t>(bytes, granted.rlim_cur);
+  }
+  std::ifstream container("/sys/fs/cgroup/memory.max");
+  std::uint64_t container_bytes = 0;  // "max", for no limit, is no number
+  if (container >> container_bytes) bytes = std::min(bytes, container_bytes);
+  return bytes;
 }
 
 int DeleteStrayTemporaries(const std::string& folder) {

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "imaging/jpeg_encoder.h"
+#include "imaging/jpeg_segments.h"
 #include "imaging/pixel_array.h"
 #include "platform/win32/win32_files.h"
 
@@ -71,7 +72,9 @@ Status Win32JpegLibrary::WritePicture(const std::string& path, const JpegPicture
   const PixelView& pixels = picture.pixels;
   const BgrRows rows = {pixels.data, static_cast<std::ptrdiff_t>(pixels.stride()), pixels.width,
                         pixels.height, kBytesPerPixel};
-  return Win32Files().Replace(path, EncodeJpeg(rows, picture.quality, picture.half_chrominance));
+  std::string bytes = EncodeJpeg(rows, picture.quality, picture.half_chrominance);
+  if (!picture.segments.empty()) bytes = WithSegments(bytes, picture.segments);
+  return Win32Files().Replace(path, bytes);
 } catch (const std::bad_alloc&) {
   return Status::Error(Failure::kTooLarge, path + ": there is not enough memory to save");
 }

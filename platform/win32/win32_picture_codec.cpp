@@ -16,18 +16,20 @@
 namespace tarnwell {
 namespace {
 
-Result<Picture> Decode(std::string_view bytes, const std::string& path) {
-  if (IsBmp(bytes)) return DecodeBmp(bytes, path);
-  if (IsJpeg(bytes)) return DecodeJpegWithWic(bytes, path);
-  if (IsGif(bytes)) return DecodeGifWithWic(bytes, path);
-  return Status::Error(Failure::kUnsupported, path + ": not a BMP, GIF or JPEG picture");
-}
-
 Status NoMemory(const std::string& path) {
   return Status::Error(Failure::kTooLarge, path + ": not enough memory");
 }
 
 }  // namespace
+
+Result<Picture> Win32PictureCodec::Decode(std::string_view bytes, const std::string& name) try {
+  if (IsBmp(bytes)) return DecodeBmp(bytes, name);
+  if (IsJpeg(bytes)) return DecodeJpegWithWic(bytes, name);
+  if (IsGif(bytes)) return DecodeGifWithWic(bytes, name);
+  return Status::Error(Failure::kUnsupported, name + ": not a BMP, GIF or JPEG picture");
+} catch (const std::bad_alloc&) {
+  return NoMemory(name);
+}
 
 Result<Picture> Win32PictureCodec::Load(const std::string& path) try {
   // The largest bitmap that is read, 32767 pixels square with 32 bits each, lies below 4 GB.

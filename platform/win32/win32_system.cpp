@@ -59,7 +59,9 @@ int SystemProcessorCount() {
 std::uint64_t SystemMemoryBytes() {
   MEMORYSTATUSEX memory = {};
   memory.dwLength = sizeof memory;
-  return GlobalMemoryStatusEx(&memory) ? memory.ullTotalPhys : 0;
+  if (!GlobalMemoryStatusEx(&memory)) return 0;
+  // A program of 32 bits reaches less than the machine may have.
+  return std::min(memory.ullTotalPhys, memory.ullTotalVirtual);
 }
 
 int DeleteStrayTemporaries(const std::string& folder) {

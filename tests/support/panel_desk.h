@@ -20,6 +20,9 @@ namespace tarnwell {
 // The panel is as at first start.
 struct PanelDesk {
   class NoCodec final : public PictureCodec {
+    Result<Picture> Decode(std::string_view, const std::string& name) override {
+      return Status::Error(Failure::kUnsupported, name + ": no pictures here");
+    }
     Result<Picture> Load(const std::string& path) override {
       return Status::Error(Failure::kUnsupported, path + ": no pictures here");
     }

@@ -16,6 +16,7 @@ int RowHeight(RowKind kind) {
     case RowKind::kSlider:
       return 6 * kGrid;
     case RowKind::kCheck:
+    case RowKind::kSaveSwitch:
       return 3 * kGrid;
     case RowKind::kProfileList:
     case RowKind::kOutputName:
@@ -66,9 +67,11 @@ std::vector<PanelRow> RowsOf(int module) {
     case kRotation:
       return {{RowKind::kRotation}};
     case kJpegQuality:
-      return {{RowKind::kSlider, 6}};
+      return {{RowKind::kSlider, kJpegQualitySlider}, {RowKind::kSaveSwitch, kQualityAsOriginal}};
     case kSavePhotoAs:
-      return {{RowKind::kOutputName}, {RowKind::kCheck, kLearnFromSavedPhotos}};
+      return {{RowKind::kOutputName},
+              {RowKind::kCheck, kLearnFromSavedPhotos},
+              {RowKind::kSaveSwitch, kLeavePlaceOut}};
     case kAdjustFocus:
       return {{RowKind::kSlider, 10}, {RowKind::kSlider, 11}};
     case kColorRotation:

@@ -21,6 +21,7 @@ enum class RowKind {
   kHue,            // the hue field and its two swatches
   kRotation,       // the five turns
   kOutputName,     // the proposed names
+  kSaveSwitch,     // `index` is the switch
 };
 
 struct PanelRow {

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "imaging/photo_metadata.h"
+#include "imaging/pixel_array.h"
+#include "platform/status.h"
+
+namespace tarnwell {
+
+struct Platform;
+
+struct LoadedPhoto {
+  Picture picture;  // upright
+  SharedMetadata metadata;
+};
+
+// Reads a BMP, GIF or JPEG photo with its metadata, and turns it upright as that says. Fails like
+// PictureCodec::Decode and Files::Read, and with kTooLarge, before memory is taken for pixels, when
+// the machine has not enough of it for correcting and saving a photo of that size.
+Result<LoadedPhoto> LoadPhotoFile(Platform& platform, const std::string& path);
+
+// Whether `memory` bytes (0: unknown, then they do) hold what correcting the photo in this file
+// takes, with room for the rest of the system. `name` is the file's in the message of the failure.
+Status CheckMemoryFor(std::string_view file_bytes, std::uint64_t memory, const std::string& name);
+
+}  // namespace tarnwell

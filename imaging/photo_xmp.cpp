@@ -1,0 +1,100 @@
+#include "imaging/photo_xmp.h"
+
+#include <algorithm>
+#include <array>
+
+#include "imaging/xmp_packet.h"
+
+namespace tarnwell {
+namespace {
+
+constexpr std::string_view kTiff = "http://ns.adobe.com/tiff/1.0/";
+constexpr std::string_view kExif = "http://ns.adobe.com/exif/1.0/";
+constexpr std::string_view kBasic = "http://ns.adobe.com/xap/1.0/";
+constexpr std::string_view kNote = "http://ns.adobe.com/xmp/note/";
+constexpr std::string_view kCamera = "http://ns.google.com/photos/1.0/camera/";
+constexpr std::string_view kPhotoshop = "http://ns.adobe.com/photoshop/1.0/";
+constexpr std::string_view kIptcCore = "http://iptc.org/std/Iptc4xmpCore/1.0/xmlns/";
+constexpr std::string_view kIptcExtension = "http://iptc.org/std/Iptc4xmpExt/2008-02-29/";
+
+// Vocabularies that speak of nothing but companion pictures, by how their addresses begin.
+constexpr std::array<std::string_view, 7> kCompanions = {
+    "http://ns.adobe.com/hdr-gain-map/",          "http://ns.apple.com/HDRGainMap/",
+    "http://ns.google.com/photos/1.0/container/", "http://ns.google.com/photos/1.0/depthmap/",
+    "http://ns.google.com/photos/1.0/image/",     "http://ns.google.com/photos/1.0/focus/",
+    "http://ns.google.com/photos/dd/1.0/",
+};
+
+bool IsOfCompanions(const XmpName& name) {
+  const auto begins = [&](std::string_view address) {
+    return name.vocabulary.starts_with(address);
+  };
+  if (std::any_of(kCompanions.begin(), kCompanions.end(), begins)) return true;
+  return name.vocabulary == kCamera &&
+         (name.local.starts_with("MotionPhoto") || name.local.starts_with("MicroVideo"));
+}
+
+bool IsPlace(const XmpName& name) {
+  const auto is_one_of = [&](std::initializer_list<std::string_view> locals) {
+    return std::find(locals.begin(), locals.end(), name.local) != locals.end();
+  };
+  if (name.vocabulary == kExif) return name.local.starts_with("GPS");
+  if (name.vocabulary == kPhotoshop) return is_one_of({"City", "State", "Country"});
+  if (name.vocabulary == kIptcCore) return is_one_of({"Location", "CountryCode"});
+  if (name.vocabulary == kIptcExtension) return is_one_of({"LocationCreated", "LocationShown"});
+  return false;
+}
+
+XmpFate FateOf(const XmpName& name, const XmpChanges& changes) {
+  const XmpFate left_out{XmpFate::kLeftOut};
+  const auto changed = [](int number) {
+    return XmpFate{XmpFate::kChanged, std::to_string(number)};
+  };
+  if (IsOfCompanions(name)) return left_out;
+  if (changes.leave_place_out && IsPlace(name)) return left_out;
+  if (name.vocabulary == kBasic && name.local == "Thumbnails") return left_out;
+  if (name.vocabulary == kNote && name.local == "HasExtendedXMP" && changes.extension_left_out) {
+    return left_out;
+  }
+  if (name.vocabulary == kTiff) {
+    if (name.local == "Orientation" && changes.upright) return changed(1);
+    if (name.local == "ImageWidth") return changed(changes.width);
+    if (name.local == "ImageLength") return changed(changes.height);
+  }
+  if (name.vocabulary == kExif) {
+    if (name.local == "PixelXDimension") return changed(changes.width);
+    if (name.local == "PixelYDimension") return changed(changes.height);
+  }
+  return {};
+}
+
+}  // namespace
+
+std::optional<std::string> ChangedXmp(std::string_view packet, const XmpChanges& changes) {
+  return EditXmp(packet, [&](const XmpName& name) { return FateOf(name, changes); });
+}
+
+std::optional<bool> TellsOfCompanions(std::string_view packet) {
+  bool tells = false;
+  const auto edited = EditXmp(packet, [&](const XmpName& name) {
+    tells = tells || (IsOfCompanions(name) && !name.local.empty());
+    return XmpFate();
+  });
+  if (!edited) return std::nullopt;
+  return tells;
+}
+
+bool ExtensionTellsOfCompanions(std::string_view extension) {
+  return std::any_of(kCompanions.begin(), kCompanions.end(), [&](std::string_view address) {
+    return extension.find(address) != extension.npos;
+  });
+}
+
+bool ExtensionTellsPlace(std::string_view extension) {
+  constexpr std::array<std::string_view, 5> kWords = {":GPS", ":City", ":State", ":Country",
+                                                      ":Location"};
+  return std::any_of(kWords.begin(), kWords.end(),
+                     [&](std::string_view word) { return extension.find(word) != extension.npos; });
+}
+
+}  // namespace tarnwell
