@@ -76,6 +76,15 @@ bool RunPass(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& ho
   return pass.moved_on();
 }
 
+void ShowIdle(AutoMode& mode, SysTray& tray, AutoModeHost& host) {
+  if (mode.worked || tray.state != TrayState::kIdle) {
+    SetTrayIcon(tray, TrayPicture::kIdle);
+    SetTrayState(tray, TrayState::kIdle);
+  }
+  SetStatus(mode, host,
+            mode.hold_reason.empty() ? IdleText(mode.folders[kInputFolder]) : mode.hold_reason);
+}
+
 }  // namespace
 
 AutoPass::AutoPass(AutoMode& mode, const AutoFolders& folders, std::vector<WatchedPhoto> photos,
@@ -159,6 +168,14 @@ void StartAutoMode(AutoMode& mode) {
   mode.hold_reason.clear();
   mode.hold_until = 0;
   mode.failed = 0;
+  mode.window = {};
+}
+
+void EndAutoMode(AutoMode& mode, SysTray& tray) {
+  mode.automated = false;
+  mode.window = {.lblStatus = "The automated mode is off.", .problems = {}};
+  SetTrayIcon(tray, TrayPicture::kIdle);
+  SetTrayState(tray, TrayState::kOff);
 }
 
 void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& host) {
@@ -166,14 +183,9 @@ void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHos
   mode.busy = true;
   while (RunPass(mode, platform, tray, host) && mode.automated && !mode.once) {
   }
-  if (mode.worked || !tray.picture) {
-    SetTrayIcon(tray, TrayPicture::kIdle);
-    SetTrayState(tray, TrayState::kIdle);
-  }
+  if (mode.automated) ShowIdle(mode, tray, host);
   if (mode.worked) host.RefreshMainWindow();
   mode.worked = false;
-  SetStatus(mode, host,
-            mode.hold_reason.empty() ? IdleText(mode.folders[kInputFolder]) : mode.hold_reason);
   mode.busy = false;
 }
 

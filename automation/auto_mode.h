@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -23,7 +24,10 @@ inline constexpr int kAutoModeMilliseconds = 1000;
 struct frmAutoMode {
   static constexpr char kCaption[] = " Fully Automated Mode Running";
   static constexpr char kCloseButton[] = "&Close";
+  static constexpr std::size_t kMostProblems = 3;
+
   std::string lblStatus;
+  std::deque<std::string> problems;  // why photos were not corrected; the last of them, newest last
 };
 
 // The run state of the automated mode, kept by the modules window.
@@ -100,6 +104,8 @@ class AutoPass {
 
 // Switches the mode on. What was given up is tried anew.
 void StartAutoMode(AutoMode& mode);
+// Switches it off. A pass that is under way ends before its next photo.
+void EndAutoMode(AutoMode& mode, SysTray& tray);
 
 // One tick of the timer: takes the photos in the input folder until none is ready.
 void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& host);

@@ -22,7 +22,11 @@ Status LoadAutoSetup(Files& files, const std::string& program_folder, AutoFolder
   const auto text = files.Read(path, kMostBytes);
   if (text.status.failure == Failure::kNotFound) return Status::Ok();
   if (!text.ok()) return text.status;
-  LineReader lines(*text, files.Display(path));
+  return ApplyAutoSetupText(*text, files.Display(path), folders);
+}
+
+Status ApplyAutoSetupText(std::string_view text, const std::string& name, AutoFolders& folders) {
+  LineReader lines(text, name);
   AutoFolders read;
   for (std::string& folder : read) {
     const auto line = lines.Next();
@@ -33,14 +37,18 @@ Status LoadAutoSetup(Files& files, const std::string& program_folder, AutoFolder
   return Status::Ok();
 }
 
-Status SaveAutoSetup(Files& files, const std::string& program_folder, const AutoFolders& folders) {
+std::string AutoSetupText(const AutoFolders& folders) {
   std::string text;
   for (const std::string& folder : folders) text += folder + "\r\n";
-  return files.Replace(program_folder + kAutoSetupFile, text);
+  return text;
+}
+
+Status SaveAutoSetup(Files& files, const std::string& program_folder, const AutoFolders& folders) {
+  return files.Replace(program_folder + kAutoSetupFile, AutoSetupText(folders));
 }
 
 void frmAutoSetup::BrowseClicked(int field, Dialogs& dialogs) {
-  Text1[field] = dialogs.ChooseFolder(kChooserTitle).value_or(Text1[field]);
+  Text1[field] = dialogs.ChooseFolder(kChooserTitle, kChooserStart).value_or(Text1[field]);
 }
 
 Status frmAutoSetup::OkClicked(Files& files, const std::string& program_folder,

@@ -23,6 +23,10 @@ inline constexpr char kAutoSetupFile[] = "autosetup.ini";  // in the program fol
 // no failure; neither does one that breaks off or cannot be read change anything, but its reason is
 // returned.
 Status LoadAutoSetup(Files& files, const std::string& program_folder, AutoFolders& folders);
+// The same between text and settings; `name` is the file in messages.
+Status ApplyAutoSetupText(std::string_view text, const std::string& name, AutoFolders& folders);
+std::string AutoSetupText(const AutoFolders& folders);
+
 Status SaveAutoSetup(Files& files, const std::string& program_folder, const AutoFolders& folders);
 
 // `folder` with a backslash at its end; an empty one too becomes a lone backslash.
@@ -36,6 +40,7 @@ struct frmAutoSetup {
   static constexpr std::array<std::string_view, 3> kLabels = {"Input Folder", "Output Folder",
                                                               "Processed Folder"};
   static constexpr char kChooserTitle[] = "Please choose a folder.";
+  static constexpr char kChooserStart[] = "C:\\StartHere";
 
   AutoFolders Text1;
 

@@ -3,13 +3,17 @@
 #include <algorithm>
 
 #include "engine/adjust_directory.h"
+#include "engine/pass_progress.h"
 #include "imaging/output_names.h"
+#include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
+#include "shell/frm_progress.h"
 #include "shell/module1.h"
 #include "shell/tell.h"
+#include "shell/time_left.h"
 
 namespace tarnwell {
 namespace {
@@ -45,6 +49,24 @@ std::string Summary(const DirectoryOutcome& outcome, const std::string& output_f
   return text;
 }
 
+Result<DirectoryOutcome> RunDirectory(Form1& form,
+                                      const std::function<void(const std::string&)>& show_status) {
+  form.progress.caption = "Progress";
+  const ProgressWindow window(form.progress, kCollecting);
+  const std::int64_t started = form.platform.clock.Nanos();
+  auto outcome = AdjustDirectory(form, [&](int number, int total, const std::string& name) {
+    const std::int64_t elapsed = form.platform.clock.Nanos() - started;
+    form.progress.caption = "Progress - " + name;
+    form.progress.lblFolder = "Photo " + ShownPosition(number, total, number - 1, elapsed);
+    ShowPercentage(form.progress, 0);
+    ShowStage(form.progress, kCollecting);
+    show_status("Photo " + std::to_string(number) + " of " + std::to_string(total) + ": " + name);
+  });
+  form.progress.lblFolder.clear();
+  show_status("");
+  return outcome;
+}
+
 }  // namespace
 
 void Command1_Click(Form1& form, const std::function<void(const std::string&)>& show_status) {
@@ -56,10 +78,7 @@ void Command1_Click(Form1& form, const std::function<void(const std::string&)>& 
   if (dialogs.Ask(kQuestionTitle, kQuestion, Icon::kQuestion) != Answer::kYes) return;
 
   const std::string folder = SplitPhotoPath(form.app.current_file).folder;
-  const auto outcome = AdjustDirectory(form, [&](int number, int total, const std::string& name) {
-    show_status("Photo " + std::to_string(number) + " of " + std::to_string(total) + ": " + name);
-  });
-  show_status("");
+  const auto outcome = RunDirectory(form, show_status);
   if (!outcome.ok()) return TellFailure(form, outcome.status);
   const bool all_done = outcome->failures.empty();
   dialogs.Tell(form.app.title,

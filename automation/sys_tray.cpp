@@ -4,6 +4,8 @@ namespace tarnwell {
 
 std::string TrayTip(TrayState state) {
   switch (state) {
+    case TrayState::kOff:
+      return "Tarnwell Pocket";
     case TrayState::kIdle:
       return "Automated Mode Running (Idle)";
     case TrayState::kProcessing:
@@ -20,12 +22,16 @@ void SetTrayIcon(SysTray& icon, TrayPicture picture) {
   icon.picture = picture;
 }
 
-void SetTrayState(SysTray& icon, TrayState state) { icon.tray.SetTip(TrayTip(state)); }
+void SetTrayState(SysTray& icon, TrayState state) {
+  icon.tray.SetTip(TrayTip(state));
+  icon.state = state;
+}
 
 void RemoveTrayIcon(SysTray& icon) {
   if (!icon.picture) return;
   icon.tray.Remove();
   icon.picture.reset();
+  icon.state.reset();
 }
 
 }  // namespace tarnwell

@@ -34,6 +34,8 @@ std::optional<std::string> ConsoleDialogs::ChooseSaveFile(const std::string&, co
   return std::nullopt;
 }
 
-std::optional<std::string> ConsoleDialogs::ChooseFolder(const std::string&) { return std::nullopt; }
+std::optional<std::string> ConsoleDialogs::ChooseFolder(const std::string&, const std::string&) {
+  return std::nullopt;
+}
 
 }  // namespace tarnwell

@@ -29,7 +29,8 @@ class ConsoleDialogs : public Dialogs {
                                             const std::string& filter) override;
   std::optional<std::string> ChooseSaveFile(const std::string& title,
                                             const std::string& filter) override;
-  std::optional<std::string> ChooseFolder(const std::string& title) override;
+  std::optional<std::string> ChooseFolder(const std::string& title,
+                                          const std::string& start) override;
 
  private:
   std::ostream& err_;

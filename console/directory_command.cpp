@@ -8,7 +8,7 @@
 #include "automation/correct_photo.h"
 #include "automation/name_plan.h"
 #include "automation/photo_workers.h"
-#include "console/batch_dialogs.h"
+#include "automation/unattended_dialogs.h"
 #include "console/console_host.h"
 #include "console/console_window.h"
 #include "console/folder_progress.h"
@@ -54,7 +54,7 @@ class DirectoryCommand {
   MemoryBudget budget_{BudgetOfThisMachine()};
   int workers_ = 1;
   std::optional<FolderProgress> progress_;
-  BatchDialogs dialogs_{[this](const std::string& text) { Tell(text); }};
+  UnattendedDialogs dialogs_{[this](const std::string& text) { Tell(text); }};
 };
 
 Status DirectoryCommand::PrepareSettings() {

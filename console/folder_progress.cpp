@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <iomanip>
-#include <sstream>
 
 #include "platform/clock.h"
+#include "shell/time_left.h"
 
 namespace tarnwell {
 namespace {
 
-constexpr std::int64_t kNanosPerSecond = 1'000'000'000;
 constexpr int kBarWidth = 20;
 constexpr char kWipeLine[] = "\r\x1b[K";
 
@@ -68,22 +67,9 @@ void FolderProgress::Draw() {
   if (!drawn_) return;
   const int filled = percent_ * kBarWidth / 100;
   terminal_ << kWipeLine << "[" << std::string(filled, '#') << std::string(kBarWidth - filled, '.')
-            << "] " << std::setw(3) << percent_ << " %  photo " << shown_ << " of " << total_;
-  if (done_ > 0) {
-    const auto done = static_cast<std::int64_t>(done_);
-    const std::int64_t elapsed = clock_.Nanos() - started_;
-    const std::int64_t left = elapsed / done * static_cast<std::int64_t>(total_ - done_);
-    terminal_ << ", " << ShownDuration(left / kNanosPerSecond) << " left";
-  }
-  terminal_ << "  " << name_ << std::flush;
-}
-
-std::string ShownDuration(std::int64_t seconds) {
-  const std::int64_t hours = seconds / 3600;
-  std::ostringstream text;
-  if (hours > 0) text << hours << ":" << std::setfill('0') << std::setw(2);
-  text << seconds / 60 % 60 << ":" << std::setfill('0') << std::setw(2) << seconds % 60;
-  return text.str();
+            << "] " << std::setw(3) << percent_ << " %  photo "
+            << ShownPosition(shown_, total_, done_, clock_.Nanos() - started_) << "  " << name_
+            << std::flush;
 }
 
 }  // namespace tarnwell

@@ -45,7 +45,4 @@ class FolderProgress {
   std::string name_;
 };
 
-// "0:07", "12:34", "1:02:03".
-std::string ShownDuration(std::int64_t seconds);
-
 }  // namespace tarnwell

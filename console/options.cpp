@@ -80,14 +80,6 @@ void AddSettings(CLI::App& app, Settings& settings) {
   app.add_option("--mode", settings.mode, "The camera's mode; made if missing")
       ->type_name("NAME")
       ->group("Settings");
-  CLI::Option* const learn = app.add_flag_callback(
-                                    "--learn", [&settings] { settings.learn = true; },
-                                    "Let later corrections learn from this one, as check option 2")
-                                 ->group("Settings");
-  app.add_flag_callback(
-         "--no-learn", [&settings] { settings.learn = false; }, "Or do not")
-      ->excludes(learn)
-      ->group("Settings");
   app.add_option("--preset", settings.preset, "A preset to start from; other settings change it")
       ->type_name("FILE.twp")
       ->group("Settings");
@@ -135,6 +127,18 @@ void AddSettings(CLI::App& app, Settings& settings) {
   AddProgramFolder(app, settings.program_folder)->group("Settings");
 }
 
+// For commands whose corrections are learnt from, or kept with that wish.
+void AddLearning(CLI::App& app, Settings& settings) {
+  CLI::Option* const learn = app.add_flag_callback(
+                                    "--learn", [&settings] { settings.learn = true; },
+                                    "Let later corrections learn from this one, as check option 2")
+                                 ->group("Settings");
+  app.add_flag_callback(
+         "--no-learn", [&settings] { settings.learn = false; }, "Or do not")
+      ->excludes(learn)
+      ->group("Settings");
+}
+
 // Runs the parser over the words. What it refuses ends with its text, then `usage`.
 template <typename Options>
 ParsedWords<Options> Parse(CLI::App& app, const std::vector<std::string>& words,
@@ -180,6 +184,7 @@ ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& wo
   app.add_flag("--record", options.record,
                "Print what was measured and set: 21 fields with tabs between them");
   AddSettings(app, options.settings);
+  AddLearning(app, options.settings);
 
   ParsedWords<CorrectOptions> parsed = Parse(app, words, options, kCorrectUsage);
   if (parsed.options && options.photos.size() > 1 && !options.output.empty()) {
@@ -238,6 +243,7 @@ ParsedWords<PresetsOptions> ParsePresetsWords(const std::vector<std::string>& wo
       ->type_name("");
   app.add_option("FILE", options.file, "The preset to write")->required()->type_name("");
   AddSettings(app, options.settings);
+  AddLearning(app, options.settings);
   return Parse(app, words, options, kPresetsUsage);
 }
 

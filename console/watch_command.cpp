@@ -8,7 +8,7 @@
 
 #include "automation/auto_mode.h"
 #include "automation/photo_workers.h"
-#include "console/batch_dialogs.h"
+#include "automation/unattended_dialogs.h"
 #include "console/console_host.h"
 #include "console/console_window.h"
 #include "console/photo_budget.h"
@@ -52,7 +52,7 @@ class WatchCommand : public AutoModeHost {
   const WatchOptions& options_;
   ConsoleHost& host_;
   WatchLines lines_;
-  BatchDialogs dialogs_{[this](const std::string& text) { lines_.Report(text); }};
+  UnattendedDialogs dialogs_{[this](const std::string& text) { lines_.Report(text); }};
   ConsoleSystem system_;
   StartingPoint start_;
   MemoryBudget budget_{BudgetOfThisMachine()};

@@ -12,6 +12,7 @@
 #include "engine/pixel_adjustments.h"
 #include "engine/run_parameters.h"
 #include "engine/white_balance_of_run.h"
+#include "imaging/photo_title.h"
 #include "imaging/thumbnail.h"
 #include "modules/frm_modules.h"
 #include "platform/events.h"
@@ -191,6 +192,7 @@ Status AdjustPhoto(Form1& form, bool preview) {
   form.app.cancel_requested = false;
   if (!form.correction_ready) MeasureOriginal(form);
 
+  form.progress.caption = "Progress - " + CurrentPhotoName(form);
   ProgressWindow window(form.progress, kAnalyzing);
   form.platform.events.Run();
   const PhotoSurfaces before = form.buffer.surfaces;

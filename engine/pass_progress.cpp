@@ -14,11 +14,11 @@ namespace tarnwell {
 ProgressWindow::ProgressWindow(frmProgress& progress, int stage) : progress_(progress) {
   ShowPercentage(progress_, 0);
   ShowStage(progress_, stage);
-  if (progress_.view) progress_.view->ShowWindow();
+  if (progress_.windows++ == 0 && progress_.view) progress_.view->ShowWindow();
 }
 
 ProgressWindow::~ProgressWindow() {
-  if (progress_.view) progress_.view->HideWindow();
+  if (--progress_.windows == 0 && progress_.view) progress_.view->HideWindow();
 }
 
 PassProgress::PassProgress(Form1& form, int width, int parts, float minimum_step)

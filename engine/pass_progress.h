@@ -5,7 +5,8 @@ namespace tarnwell {
 struct Form1;
 struct frmProgress;
 
-// The progress window while a run lasts: shown at a stage, hidden at the end of the scope.
+// The progress window while a run lasts: shown at a stage, hidden at the end of the scope. Within
+// another such scope the window that is there goes on.
 class ProgressWindow {
  public:
   ProgressWindow(frmProgress& progress, int stage);

@@ -31,8 +31,9 @@ class Dialogs {
   virtual std::optional<std::string> ChooseSaveFile(const std::string& title,
                                                     const std::string& filter) = 0;
 
-  // The folder chooser. Nothing when the user cancels.
-  virtual std::optional<std::string> ChooseFolder(const std::string& title) = 0;
+  // The folder chooser, at `start` where there is such a folder. Nothing when the user cancels.
+  virtual std::optional<std::string> ChooseFolder(const std::string& title,
+                                                  const std::string& start) = 0;
 };
 
 }  // namespace tarnwell

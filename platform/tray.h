@@ -17,6 +17,7 @@ class Tray {
   virtual void SetIcon(TrayPicture picture) = 0;
   // What the icon says when the mouse rests on it; UTF-8, at most 127 characters.
   virtual void SetTip(const std::string& tip) = 0;
+  // Takes the icon away for good: nothing shows it again.
   virtual void Remove() = 0;
 };
 

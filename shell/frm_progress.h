@@ -32,6 +32,8 @@ struct frmProgress {
   int previous_stage = kCollecting;
   std::string caption;
   std::string lblJob;
+  std::string lblFolder;         // which photo of how many; empty when there is only one
+  int windows = 0;               // how many scopes keep the window up
   bool cancel_pressed = false;   // picCancel is drawn pressed
   int timer_interval = 20;       // Timer1, milliseconds
   ProgressView* view = nullptr;  // not owned; null when nobody looks

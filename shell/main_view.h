@@ -25,6 +25,7 @@ class MainView {
   virtual void ShowOpenMode() = 0;  // returns when the dialog is closed
   virtual void ShowAbout() = 0;
   virtual void StartAutomatedMode() = 0;
+  virtual void EndAutomatedMode() = 0;
   virtual void ShowAutomatedSetup() = 0;
 
   // Opens drop-down menu `menu` below its button. The row that the user chose, or nothing.

@@ -19,7 +19,10 @@ struct MainWindow {
   // A command runs and may let pending events in; no other command begins meanwhile, and the
   // polling timer skips its ticks.
   bool occupied = false;
-  // The user closed the window while a command ran.
+  bool automated_mode = false;  // it runs, as its menu row shows
+  // The automated mode takes photos. Commands are heard between them; a close waits for the end.
+  bool pass_running = false;
+  // The user closed the window while a command or a pass ran.
   bool close_wanted = false;
 
   bool start_up_tip_due = true;

@@ -81,7 +81,15 @@ void RunToolsRow(MainWindow& window, int row) {
     case 6:
       return ResetDeadPixelSystem(form.app, form.platform);
     case 8:
-      return Command1_Click(form, [&](const std::string& text) { window.view.ShowStatus(text); });
+      return Command1_Click(form, [&](const std::string& text) {
+        window.view.Refresh();
+        window.view.ShowStatus(text);
+      });
+    case 10:
+      if (window.automated_mode) return window.view.EndAutomatedMode();
+      return PressToolButton(window, kAutomatedModeButton);
+    case 11:
+      return PressToolButton(window, kAutomatedSetupButton);
   }
 }
 

@@ -1,6 +1,8 @@
 #include "shell/menus.h"
 
+#include "automation/tray_menu.h"
 #include "shell/form1.h"
+#include "shell/main_window.h"
 #include "shell/module1.h"
 
 namespace tarnwell {
@@ -29,7 +31,8 @@ constexpr MenuRow kOptionsRows[] = {
     {"Photo Open Mode..."}, {"Restore All Tips"},
 };
 
-// The line behind the power toys goes with them.
+// The line behind the power toys goes with them. The automated mode is found here as well as in the
+// menu of its icon.
 constexpr MenuRow kToolsRows[] = {
     {"Analyze Thumbnail", "", Needs::kNothing, true},
     {"Analyze Full Source", "", Needs::kNothing, true},
@@ -40,6 +43,9 @@ constexpr MenuRow kToolsRows[] = {
     {"Reset Dead Pixel System"},
     kLine,
     {"Do Entire Directory", "ALT+D", Needs::kPhotoFile},
+    kLine,
+    {kTrayMenu[kTrayAutomatedMode]},
+    {kTrayMenu[kTraySetup]},
 };
 
 constexpr MenuRow kHelpRows[] = {
@@ -76,12 +82,14 @@ bool IsRowEnabled(const Form1& form, int menu, int row) {
   return found != nullptr && !found->IsSeparator() && IsThere(form, found->needs);
 }
 
-bool IsRowChecked(const Form1& form, int menu, int row) {
+bool IsRowChecked(const MainWindow& window, int menu, int row) {
+  const Module1& app = window.form.app;
   const RowPosition position = {menu, row};
-  if (position == RowPosition{kOptionsMenu, 1}) return form.app.auto_preview;
-  if (position == RowPosition{kToolsMenu, 0}) return !form.app.analyze_full_source;
-  if (position == RowPosition{kToolsMenu, 1}) return form.app.analyze_full_source;
-  if (position == RowPosition{kToolsMenu, 3}) return form.app.extended_noise;
+  if (position == RowPosition{kOptionsMenu, 1}) return app.auto_preview;
+  if (position == RowPosition{kToolsMenu, 0}) return !app.analyze_full_source;
+  if (position == RowPosition{kToolsMenu, 1}) return app.analyze_full_source;
+  if (position == RowPosition{kToolsMenu, 3}) return app.extended_noise;
+  if (position == RowPosition{kToolsMenu, 10}) return window.automated_mode;
   return false;
 }
 

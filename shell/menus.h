@@ -8,6 +8,7 @@
 namespace tarnwell {
 
 struct Form1;
+struct MainWindow;
 
 enum MenuNumber : int {
   kFileMenu = 0,
@@ -50,7 +51,7 @@ bool IsRowShown(const Form1& form, int menu, int row);
 bool IsRowEnabled(const Form1& form, int menu, int row);
 
 // Whether the row carries a check mark now.
-bool IsRowChecked(const Form1& form, int menu, int row);
+bool IsRowChecked(const MainWindow& window, int menu, int row);
 
 struct RowPosition {
   int menu = 0;

@@ -16,7 +16,7 @@ namespace tarnwell {
 bool CloseMainWindow(MainWindow& window) {
   Form1& form = window.form;
   if (form.app.closing) return false;
-  if (IsOccupied(window)) {
+  if (IsOccupied(window) || window.pass_running) {
     form.app.cancel_requested = true;
     window.close_wanted = true;
     return false;

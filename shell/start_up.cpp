@@ -10,6 +10,7 @@
 #include "shell/letter_case.h"
 #include "shell/manifest.h"
 #include "shell/module1.h"
+#include "shell/photo_queue.h"
 #include "shell/preset_files.h"
 
 namespace tarnwell {
@@ -40,7 +41,7 @@ std::string BaseName(const std::string& executable) {
 
 // The other instance has a current folder of its own, so it is handed an absolute path.
 void QueuePhoto(const Module1& app, Platform& platform, std::string_view path) {
-  const std::string line = platform.files.Absolute(std::string(path)) + "\r\n";
+  const std::string line = QueueLine(platform.files.Absolute(std::string(path)));
   const Status queued = platform.files.Append(app.queue_file, line);
   if (!queued.ok()) platform.dialogs.Tell(app.title, queued.message, Icon::kExclamation);
 }

@@ -8,10 +8,10 @@
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
-#include "shell/line_reader.h"
 #include "shell/main_view.h"
 #include "shell/main_window.h"
 #include "shell/module1.h"
+#include "shell/photo_queue.h"
 #include "shell/preset_files.h"
 #include "shell/tell.h"
 #include "shell/tips.h"
@@ -30,7 +30,7 @@ std::optional<std::string> TakeQueuedPath(Form1& form) {
   if (!text.ok() && text.status.failure != Failure::kTooLarge) return std::nullopt;
   if (!files.Delete(form.app.queue_file).ok()) return std::nullopt;
   if (!text.ok()) return std::nullopt;
-  return std::string(LineReader(*text, "").Next().value_or(""));
+  return QueuedPath(*text);
 }
 
 void OpenQueuedPhoto(MainWindow& window) {
@@ -59,7 +59,7 @@ void Timer1_Tick(MainWindow& window) {
 }
 
 void Timer2_Tick(MainWindow& window) {
-  if (IsOccupied(window) || window.form.app.closing) return;
+  if (IsOccupied(window) || window.pass_running || window.form.app.closing) return;
   const Occupied occupied(window);
   if (window.start_up_tip_due) {
     window.start_up_tip_due = false;

@@ -81,6 +81,8 @@ void ReadTips(Tips& tips, std::string_view setting, std::string_view hidden) {
 
 void OfferTip(MainWindow& window, int tip) {
   Tips& tips = window.tips;
+  // Nobody reads them beside the automated mode.
+  if (window.pass_running) return;
   if (!IsTip(tip) || tips.never_show || tips.hidden[tip - 1] || tips.offered[tip - 1]) return;
   // Nobody has a tip that is being read taken away; this one comes the next time.
   if (window.view.IsTipsWindowShown()) return;

@@ -3,6 +3,9 @@
 #include <ole2.h>
 #include <windows.h>
 
+#include "automation/auto_window.h"
+#include "automation/switched_dialogs.h"
+#include "automation/unattended_dialogs.h"
 #include "imaging/jpeg_library.h"
 #include "modules/frm_modules.h"
 #include "platform/clock.h"
@@ -18,8 +21,10 @@
 #include "shell/start_state.h"
 #include "shell/start_up.h"
 #include "shell/tips.h"
+#include "ui/auto_windows.h"
 #include "ui/host_clipboard.h"
 #include "ui/host_dialogs.h"
+#include "ui/host_tray.h"
 #include "ui/main_frame.h"
 #include "ui/messages.h"
 #include "ui/other_windows.h"
@@ -94,9 +99,11 @@ struct Host {
   std::unique_ptr<JpegLibrary> jpeg = MakeSystemJpegLibrary();
   std::unique_ptr<Clock> clock = MakeSystemClock();
   HostDialogs dialogs;
+  UnattendedDialogs nobody{[this](const std::string& text) { automated.Report(text); }};
+  SwitchedDialogs switched_dialogs{dialogs, nobody};
   HostClipboard clipboard;
   Messages messages;
-  Platform platform = {*files, *codec, *jpeg, dialogs, messages, *clock, clipboard};
+  Platform platform = {*files, *codec, *jpeg, switched_dialogs, messages, *clock, clipboard};
   Module1 app;
   frmModules modules = FirstStartPanel();
   frmProgress progress;
@@ -105,6 +112,9 @@ struct Host {
   MainFrame frame;
   MainWindow window = {form, frame, tips};
   OtherWindows others = {window, messages};
+  HostTray tray;
+  AutoWindows auto_windows = {form, messages, tray};
+  AutoWindow automated = {window, switched_dialogs, tray, auto_windows};
 
   void OpenMainWindow();
 };
@@ -113,8 +123,10 @@ void Host::OpenMainWindow() {
   form.threads = SystemProcessorCount();
   LoadWindowState(window);
   ConnectTips(window);
-  frame.Create(window, others);
+  frame.Create(window, {others, auto_windows, automated});
   others.Attach(frame.handle());
+  tray.Create();
+  auto_windows.Attach(frame.handle(), automated);
   clipboard.owner = frame.handle();
   messages.main_window = frame.handle();
   messages.on_shortcut = [this](const char* shortcut) { return frame.Shortcut(shortcut); };
@@ -124,6 +136,7 @@ void Host::OpenMainWindow() {
     OfferZoomTip(window, mode);
   };
   frame.Open();
+  automated.Load();
 }
 
 // The window in front, so that a dialog never comes up behind one of the program's own.

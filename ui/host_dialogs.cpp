@@ -1,5 +1,7 @@
 #include "ui/host_dialogs.h"
 
+#include <memory>
+#include <shlobj.h>
 #include <shobjidl.h>
 #include <vector>
 #include <wrl/client.h>
@@ -73,14 +75,24 @@ bool ShowFileDialog(IFileDialog& dialog, HWND owner, const std::string& title,
   return SUCCEEDED(dialog.Show(owner));
 }
 
+struct ItemIdListDeleter {
+  void operator()(ITEMIDLIST* list) const { CoTaskMemFree(list); }
+};
+using ItemIdList = std::unique_ptr<ITEMIDLIST, ItemIdListDeleter>;
+
+// Called by the folder chooser; selects the folder to start at, which lies in `start`.
+int CALLBACK SelectStart(HWND chooser, UINT event, LPARAM, LPARAM start) {
+  if (event == BFFM_INITIALIZED) SendMessageW(chooser, BFFM_SETSELECTIONW, TRUE, start);
+  return 0;
+}
+
 std::optional<std::string> Choose(REFCLSID dialog_class, HWND owner, const std::string& title,
-                                  const std::string& filter, DWORD more) {
+                                  const std::string& filter) {
   ComPtr<IFileDialog> dialog;
   ComPtr<IShellItem> item;
   if (FAILED(
           CoCreateInstance(dialog_class, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog))) ||
-      !ShowFileDialog(*dialog.Get(), owner, title, filter, more) ||
-      FAILED(dialog->GetResult(&item))) {
+      !ShowFileDialog(*dialog.Get(), owner, title, filter, 0) || FAILED(dialog->GetResult(&item))) {
     return std::nullopt;
   }
   return PathOf(*item.Get());
@@ -125,17 +137,29 @@ std::string HostDialogs::AskText(const std::string& title, const std::string& pr
 
 std::optional<std::string> HostDialogs::ChooseOpenFile(const std::string& title,
                                                        const std::string& filter) {
-  return Choose(CLSID_FileOpenDialog, owner(), title, filter, 0);
+  return Choose(CLSID_FileOpenDialog, owner(), title, filter);
 }
 
 // The dialog's own question stays on: presets and white balances may be replaced.
 std::optional<std::string> HostDialogs::ChooseSaveFile(const std::string& title,
                                                        const std::string& filter) {
-  return Choose(CLSID_FileSaveDialog, owner(), title, filter, 0);
+  return Choose(CLSID_FileSaveDialog, owner(), title, filter);
 }
 
-std::optional<std::string> HostDialogs::ChooseFolder(const std::string& title) {
-  return Choose(CLSID_FileOpenDialog, owner(), title, "", FOS_PICKFOLDERS);
+std::optional<std::string> HostDialogs::ChooseFolder(const std::string& title,
+                                                     const std::string& start) {
+  const std::wstring wide_title = Wide(title);
+  const std::wstring wide_start = Wide(start);
+  BROWSEINFOW browse = {};
+  browse.hwndOwner = owner();
+  browse.lpszTitle = wide_title.c_str();
+  browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
+  browse.lpfn = SelectStart;
+  browse.lParam = reinterpret_cast<LPARAM>(wide_start.c_str());
+  const ItemIdList chosen(SHBrowseForFolderW(&browse));
+  wchar_t path[MAX_PATH] = {};
+  if (!chosen || !SHGetPathFromIDListW(chosen.get(), path)) return std::nullopt;
+  return WideToUtf8(path);
 }
 
 }  // namespace tarnwell

@@ -30,7 +30,8 @@ class HostDialogs : public Dialogs {
                                             const std::string& filter) override;
   std::optional<std::string> ChooseSaveFile(const std::string& title,
                                             const std::string& filter) override;
-  std::optional<std::string> ChooseFolder(const std::string& title) override;
+  std::optional<std::string> ChooseFolder(const std::string& title,
+                                          const std::string& start) override;
 };
 
 }  // namespace tarnwell

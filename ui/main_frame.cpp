@@ -3,6 +3,7 @@
 #include <shellapi.h>
 #include <windowsx.h>
 
+#include "automation/auto_window.h"
 #include "imaging/file_open.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
@@ -13,6 +14,7 @@
 #include "shell/timers.h"
 #include "shell/tips.h"
 #include "shell/tool_button.h"
+#include "ui/auto_windows.h"
 #include "ui/other_windows.h"
 #include "ui/popup_menu.h"
 #include "ui/shell_links.h"
@@ -42,9 +44,11 @@ std::wstring FirstDropped(HDROP drop) {
 MainFrame::MainFrame() : menus_(look_) {}
 MainFrame::~MainFrame() = default;
 
-void MainFrame::Create(MainWindow& window, OtherWindows& others) {
+void MainFrame::Create(MainWindow& window, const Beside& beside) {
   window_ = &window;
-  others_ = &others;
+  others_ = &beside.others;
+  auto_windows_ = &beside.auto_windows;
+  automated_ = &beside.automated;
   const ClientSize start = StartClientSize({96});
   MakeTop(kMainClass, Wide(window.form.app.title), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr,
           start.width, start.height);
@@ -202,7 +206,7 @@ std::optional<int> MainFrame::PickFromMenu(int menu, std::optional<int>* other_m
                        .shortcut = Wide(data.shortcut),
                        .separator = data.IsSeparator(),
                        .enabled = IsRowEnabled(window_->form, menu, row),
-                       .checked = IsRowChecked(window_->form, menu, row)});
+                       .checked = IsRowChecked(*window_, menu, row)});
   }
   const MenuNeighbours neighbours = menus_.NeighboursOf(menu);
   menus_.ShowDropped(menu, true);
@@ -264,8 +268,9 @@ void MainFrame::ShowModulesWindow() {
 }
 void MainFrame::ShowOpenMode() { others_->ShowOpenMode(); }
 void MainFrame::ShowAbout() { others_->ShowAbout(); }
-void MainFrame::StartAutomatedMode() {}
-void MainFrame::ShowAutomatedSetup() {}
+void MainFrame::StartAutomatedMode() { automated_->Start(); }
+void MainFrame::EndAutomatedMode() { automated_->End(); }
+void MainFrame::ShowAutomatedSetup() { automated_->ShowSetup(); }
 
 Status MainFrame::OpenHelp(const std::string& help_file) {
   return OpenHelpFile(window_->form.platform.files, help_file);
@@ -275,7 +280,11 @@ Status MainFrame::OpenWebPage(const std::string& address) { return OpenInBrowser
 Status MainFrame::MakeQuickLaunchShortcut() { return MakeShortcutInQuickLaunch(); }
 
 void MainFrame::Close() { PostMessageW(handle(), WM_CLOSE, 0, 0); }
-void MainFrame::UnloadOtherWindows() { others_->CloseAll(); }
+void MainFrame::UnloadOtherWindows() {
+  auto_windows_->CloseAll();
+  others_->CloseAll();
+}
+void MainFrame::RemoveTrayIcon() { automated_->RemoveIcon(); }
 
 void MainFrame::OnDismiss() {
   KeepPlacement();
@@ -346,12 +355,25 @@ void MainFrame::OpenDropped(const std::wstring& path) {
       true);
 }
 
+// Another instance may have handed over a photo while this window was out of the way.
+void MainFrame::Poll() {
+  const std::string before = window_->form.app.current_file;
+  Timer2_Tick(*window_);
+  const bool opened = window_->form.app.current_file != before;
+  if (opened && !IsWindowVisible(handle())) auto_windows_->ShowMainWindow();
+}
+
+void MainFrame::OnTimer(WPARAM timer) {
+  if (timer == kTimer1) Timer1_Tick(*window_);
+  if (timer == kTimer1 && window_->timer1_interval == 0) KillTimer(handle(), kTimer1);
+  if (timer == kTimer2) Poll();
+  if (timer == kAutoModeTimer) automated_->Tick();
+}
+
 LRESULT MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_TIMER:
-      if (w == kTimer1) Timer1_Tick(*window_);
-      if (w == kTimer1 && window_->timer1_interval == 0) KillTimer(handle(), kTimer1);
-      if (w == kTimer2) Timer2_Tick(*window_);
+      OnTimer(w);
       return 0;
     case WM_DROPFILES:
       OpenDropped(FirstDropped(reinterpret_cast<HDROP>(w)));
@@ -382,7 +404,8 @@ LRESULT MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       menus_.Leave();
       return 0;
     case WM_QUERYENDSESSION:
-      return !window_->occupied;
+      // The automated mode loses nothing when it is ended at any moment.
+      return !window_->occupied || window_->pass_running;
   }
   return FrameWindow::Handle(message, w, l);
 }

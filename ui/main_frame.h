@@ -17,6 +17,8 @@
 
 namespace tarnwell {
 
+class AutoWindow;
+class AutoWindows;
 class OtherWindows;
 
 // The main window: menus, tools, photo, module panel, status bar. It passes events to the main
@@ -26,8 +28,14 @@ class MainFrame : public FrameWindow, public MainView {
   MainFrame();
   ~MainFrame() override;
 
-  // Makes the window, hidden. `window` refers to this view; both live until the program ends.
-  void Create(MainWindow& window, OtherWindows& others);
+  // What comes up beside the main window.
+  struct Beside {
+    OtherWindows& others;
+    AutoWindows& auto_windows;
+    AutoWindow& automated;
+  };
+  // Makes the window, hidden. `window` refers to this view; all live until the program ends.
+  void Create(MainWindow& window, const Beside& beside);
   void Open();  // shows it and starts its timers
 
   // The shortcut of a menu row was pressed; true when there is one.
@@ -42,6 +50,7 @@ class MainFrame : public FrameWindow, public MainView {
   void ShowOpenMode() override;
   void ShowAbout() override;
   void StartAutomatedMode() override;
+  void EndAutomatedMode() override;
   void ShowAutomatedSetup() override;
   std::optional<int> ChooseMenuRow(int menu) override;
   Status OpenHelp(const std::string& help_file) override;
@@ -51,7 +60,7 @@ class MainFrame : public FrameWindow, public MainView {
   void ReleaseDrawing() override {}
   void RestoreWindowProcedure() override {}
   void UnloadOtherWindows() override;
-  void RemoveTrayIcon() override {}
+  void RemoveTrayIcon() override;
 
  protected:
   void LayOut(const Box& client) override;
@@ -81,6 +90,8 @@ class MainFrame : public FrameWindow, public MainView {
   std::optional<int> PickFromMenu(int menu, std::optional<int>* other_menu);
   void OpenMenu(int menu);
   void OpenDropped(const std::wstring& path);
+  void Poll();
+  void OnTimer(WPARAM timer);
   std::wstring StatusText() const;
   void RunCommand(const std::function<void()>& change, bool refresh);
   void KeepPlacement();
@@ -88,6 +99,8 @@ class MainFrame : public FrameWindow, public MainView {
 
   MainWindow* window_ = nullptr;
   OtherWindows* others_ = nullptr;
+  AutoWindows* auto_windows_ = nullptr;
+  AutoWindow* automated_ = nullptr;
   MainLayout layout_;
   MenuBar menus_;
   std::vector<Tool> tools_;

@@ -5,6 +5,12 @@
 #include "ui/look/smooth_scale.h"
 
 namespace tarnwell {
+namespace {
+
+// Paths have no blanks to break at: a word that is too long is broken anywhere.
+constexpr UINT kParagraph = DT_LEFT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX;
+
+}  // namespace
 
 Painter::Painter(HDC target, const Box& area, const Look& look)
     : target_(target), area_(area), look_(look), buffer_(CreateCompatibleDC(target)) {
@@ -72,6 +78,8 @@ void Painter::Image(const Box& box, const PixelView& picture) {
 
 void Painter::ProgramIcon(const Box& box) { DrawProgramIcon(Pixels(), Here(box)); }
 
+void Painter::BusyIcon(const Box& box) { DrawBusyIcon(Pixels(), Here(box)); }
+
 void Painter::Copy(int x, int y, const PixelView& picture) {
   const MutablePixelView pixels = Pixels();
   const Box place = Here(Box{x, y, picture.width, picture.height});
@@ -110,7 +118,7 @@ void Painter::Text(const Box& box, const std::wstring& text, Face face, Colour c
 }
 
 int Painter::Paragraph(const Box& box, const std::wstring& text, Face face, Colour colour) {
-  return Draw(box, text, face, colour, DT_LEFT | DT_WORDBREAK | DT_NOPREFIX);
+  return Draw(box, text, face, colour, kParagraph);
 }
 
 void Painter::Focus(const Box& box, double radius) {
@@ -121,8 +129,7 @@ int ParagraphHeight(const Look& look, Face face, const std::wstring& text, int w
   HDC screen = GetDC(nullptr);
   const HGDIOBJ before = SelectObject(screen, look.fonts.Get(face));
   RECT rect = {0, 0, width, 0};
-  DrawTextW(screen, text.data(), static_cast<int>(text.size()), &rect,
-            DT_LEFT | DT_WORDBREAK | DT_NOPREFIX | DT_CALCRECT);
+  DrawTextW(screen, text.data(), static_cast<int>(text.size()), &rect, kParagraph | DT_CALCRECT);
   SelectObject(screen, before);
   ReleaseDC(nullptr, screen);
   return rect.bottom;

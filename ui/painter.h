@@ -31,6 +31,7 @@ class Painter {
   void Lines(std::span<const Line> lines, double width, Colour colour);
   void Icon(const Box& box, Glyph glyph, Colour colour);
   void ProgramIcon(const Box& box);
+  void BusyIcon(const Box& box);
   void Image(const Box& box, const PixelView& picture);
   // The picture's pixels one to one, its left top corner at a point.
   void Copy(int x, int y, const PixelView& picture);

@@ -19,11 +19,13 @@ ProgressBox::ProgressBox(frmProgress& progress, bool& cancel_requested, PendingE
       cancel_requested_(cancel_requested),
       events_(events),
       lblJob_(look_, Ground::kPage, Face::kBody),
+      lblFolder_(look_, Ground::kPage, Face::kCaption, true),
       picCancel_(look_, Ground::kPage, ButtonKind::kPlain) {}
 
 void ProgressBox::Create(HWND owner) {
   MakeDialog(L"Progress", owner, kWidth, kHeight);
   lblJob_.Create(handle(), L"");
+  lblFolder_.Create(handle(), L"");
   picCancel_.clicked = [this] { Cancel(); };
   picCancel_.Create(handle(), L"&Cancel");
   LayOut(Client());
@@ -38,6 +40,8 @@ void ProgressBox::LayOut(const Box& client) {
   if (!picCancel_.handle()) return;
   const int margin = Px(kMargin);
   lblJob_.Place({margin, Px(3 * kGrid), client.width - 2 * margin, Px(3 * kGrid)});
+  lblFolder_.Place({margin, client.height - Px(5 * kGrid) - Px(4),
+                    client.width - 2 * margin - Px(13 * kGrid), Px(3 * kGrid)});
   picCancel_.Place({client.width - margin - Px(12 * kGrid), client.height - Px(6 * kGrid),
                     Px(12 * kGrid), Px(4 * kGrid)});
 }
@@ -51,8 +55,7 @@ void ProgressBox::PaintClient(Painter& painter, const Box& client) {
 }
 
 void ProgressBox::ShowWindow() {
-  SetText(Wide(progress_.caption));
-  lblJob_.SetText(Wide(progress_.lblJob));
+  ShowText(progress_.lblJob);
   last_report_ = GetTickCount64();
   SetTimer(handle(), kTimer1, static_cast<UINT>(progress_.timer_interval), nullptr);
   if (const HWND owner = GetWindow(handle(), GW_OWNER)) EnableWindow(owner, FALSE);
@@ -75,8 +78,12 @@ void ProgressBox::DrawBar(float) {
 }
 
 void ProgressBox::ShowText(const std::string& lblJob) {
+  SetText(Wide(progress_.caption));
   lblJob_.SetText(Wide(lblJob));
+  lblFolder_.SetText(Wide(progress_.lblFolder));
+  lblFolder_.Show(!progress_.lblFolder.empty());
   UpdateWindow(lblJob_.handle());
+  UpdateWindow(lblFolder_.handle());
 }
 
 void ProgressBox::Cancel() {

@@ -34,6 +34,7 @@ class ProgressBox : public FrameWindow, public ProgressView {
   bool& cancel_requested_;
   PendingEvents& events_;
   Label lblJob_;
+  Label lblFolder_;
   Button picCancel_;
   ULONGLONG last_report_ = 0;
 };

@@ -56,6 +56,29 @@ TEST(RenderDirectory, ACancelEndsAfterTheColumnInHand) {
   EXPECT_EQ(desk.folder.Names("TWout"), Texts{"a.jpg"});
 }
 
+TEST(RenderDirectory, OneProgressWindowTellsWhichPhotoAndTheTimeLeft) {
+  struct CountingView : ProgressView {
+    int shown = 0, hidden = 0;
+    void ShowWindow() override { ++shown; }
+    void HideWindow() override { ++hidden; }
+    void DrawBar(float) override {}
+    void ShowText(const std::string&) override {}
+  };
+  DirectoryDesk desk;
+  CountingView view;
+  Texts folder;
+  desk.progress.view = &view;
+  desk.dialogs.answers = {Answer::kYes};
+  Command1_Click(desk.form, [&](const std::string&) {
+    folder.push_back(desk.progress.lblFolder);
+    desk.clock.now += 2'000'000'000;
+  });
+  EXPECT_EQ(folder,
+            (Texts{"Photo 1 of 3", "Photo 2 of 3, 0:04 left", "Photo 3 of 3, 0:02 left", ""}));
+  EXPECT_EQ(view.shown, 1);
+  EXPECT_EQ(view.hidden, 1);
+}
+
 TEST(RenderDirectory, ListsNoMoreFailuresThanABoxHolds) {
   DirectoryDesk desk;
   for (int i = 0; i < 14; ++i) desk.folder.Write("d" + std::to_string(i) + ".jpg", "no photo");

@@ -69,5 +69,11 @@ TEST(OptionsTest, WrongWordsEndWithTheReasonAndTheUsage) {
   }
 }
 
+TEST(OptionsTest, WhereNothingIsLearntNothingOffersIt) {
+  EXPECT_NE(ParseCorrectWords({"--help"}).out.find("--learn"), std::string::npos);
+  EXPECT_EQ(ParseDirectoryWords({"--help"}).out.find("--learn"), std::string::npos);
+  EXPECT_EQ(ParseWatchWords({"--help"}).out.find("--learn"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace tarnwell

@@ -59,7 +59,7 @@ TEST(MenuClick, SwitchesMoveTheirCheckMarks) {
     std::vector<RowPosition> checked;
     for (int menu = 0; menu < kMenuCount; ++menu) {
       for (int row = 0; FindRow(menu, row) != nullptr; ++row) {
-        if (IsRowChecked(desk.form, menu, row)) checked.push_back({menu, row});
+        if (IsRowChecked(desk.window, menu, row)) checked.push_back({menu, row});
       }
     }
     EXPECT_EQ(checked, c.checked) << "after " << c.menu << ' ' << c.row;

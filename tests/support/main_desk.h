@@ -36,6 +36,7 @@ class RecordingView : public MainView {
   }
   void ShowAbout() override { log.push_back("about"); }
   void StartAutomatedMode() override { log.push_back("automated mode"); }
+  void EndAutomatedMode() override { log.push_back("automated mode ends"); }
   void ShowAutomatedSetup() override { log.push_back("automated setup"); }
   std::optional<int> ChooseMenuRow(int menu) override {
     log.push_back("menu " + std::to_string(menu));

@@ -19,7 +19,8 @@ class ScriptedDialogs : public Dialogs {
   struct Shown {
     Kind kind;
     std::string title;
-    std::string text;  // message or prompt; the filter of the file dialogs
+    std::string
+        text;  // message or prompt; the filter of the file dialogs, the start of the chooser
     Icon icon = Icon::kNone;
 
     bool operator==(const Shown&) const = default;
@@ -67,8 +68,9 @@ class ScriptedDialogs : public Dialogs {
     shown.push_back({Kind::kSaveFile, title, filter});
     return Next(save_files, std::optional<std::string>());
   }
-  std::optional<std::string> ChooseFolder(const std::string& title) override {
-    shown.push_back({Kind::kFolder, title, ""});
+  std::optional<std::string> ChooseFolder(const std::string& title,
+                                          const std::string& start) override {
+    shown.push_back({Kind::kFolder, title, start});
     return Next(folders, std::optional<std::string>());
   }
 

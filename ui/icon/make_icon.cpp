@@ -21,24 +21,12 @@ void Put32(std::string& out, std::uint32_t value) {
   Put16(out, value >> 16);
 }
 
-// Drawn once on black and once on white, a pixel's opacity is what both have in common.
 std::string PixelsWithOpacity(int side) {
-  PixelArray on_black(side, side);
-  PixelArray on_white(side, side);
-  FillBox(on_white.mutable_view(), {0, 0, side, side}, Hex(0xFFFFFF));
-  DrawProgramIcon(on_black.mutable_view(), {0, 0, side, side});
-  DrawProgramIcon(on_white.mutable_view(), {0, 0, side, side});
+  const PixelArray picture = WithOpacity(side, DrawProgramIcon);
   std::string out;
   for (int y = side - 1; y >= 0; --y) {
-    for (int x = 0; x < side; ++x) {
-      const std::uint8_t* black = on_black.view().at(x, y);
-      const int opacity = 255 - (on_white.view().at(x, y)[kGreen] - black[kGreen]);
-      for (const int channel : {kBlue, kGreen, kRed}) {
-        const int colour = opacity > 0 ? black[channel] * 255 / opacity : 0;
-        out += static_cast<char>(colour > 255 ? 255 : colour);
-      }
-      out += static_cast<char>(opacity);
-    }
+    out.append(reinterpret_cast<const char*>(picture.view().at(0, y)),
+               static_cast<std::size_t>(side) * 4);
   }
   return out;
 }

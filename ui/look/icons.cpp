@@ -156,6 +156,12 @@ constexpr auto kPaths = std::to_array<NamedPath>({
      "C3 5.4 3.4 5 4 5 M3 16 L8.5 10.5 L13.5 15.5 L16 13 L21 17.5 O16 9 1.5"},
 });
 
+void DrawIconGround(MutablePixelView pixels, const Box& box) {
+  const double scale = static_cast<double>(box.width) / kField;
+  const int margin = static_cast<int>(std::lround(scale));
+  FillRound(pixels, Inset(box, margin, margin), 5 * scale, Hex(0x0B7285));
+}
+
 std::vector<Line> OnBox(std::vector<Line> lines, const Box& box, double scale) {
   for (Line& line : lines) {
     for (Point& p : line) p = {box.x + p.x * scale, box.y + p.y * scale};
@@ -192,18 +198,46 @@ void DrawGlyph(MutablePixelView pixels, const Box& box, Glyph glyph, Colour colo
 
 // A photo on a rounded ground: a mountain lake under the sun.
 void DrawProgramIcon(MutablePixelView pixels, const Box& box) {
-  const double scale = box.width / 24.0;
+  const double scale = static_cast<double>(box.width) / kField;
   const auto place = [&](std::string_view path) {
     return OnBox(ParsePath(path), box, scale).front();
   };
-  const Box ground =
-      Inset(box, static_cast<int>(std::lround(scale)), static_cast<int>(std::lround(scale)));
-  FillRound(pixels, ground, 5 * scale, Hex(0x0B7285));
+  DrawIconGround(pixels, box);
   FillCircle(pixels, {box.x + 16.5 * scale, box.y + 8 * scale}, 2.2 * scale, Hex(0xFFE8A3));
   FillPolygon(pixels, place("M3.5 16 L9.2 7.5 L13.6 13.8 L15.4 11.8 L20.5 16"), Hex(0xE6F6F8));
   FillPolygon(pixels, place("M9.2 7.5 L11.3 10.5 L10 10 L9 11.2 L7.6 9.9"), Hex(0x9AD6E0));
   StrokeLines(pixels, std::array{place("M5 18.6 L19 18.6"), place("M8 20.6 L16 20.6")}, 1.1 * scale,
               Hex(0x8FD3DE));
+}
+
+void DrawBusyIcon(MutablePixelView pixels, const Box& box) {
+  const double scale = static_cast<double>(box.width) / kField;
+  DrawIconGround(pixels, box);
+  for (const char* arrow : {"M4.5 6 L12 12 L4.5 18", "M12 6 L19.5 12 L12 18"}) {
+    FillPolygon(pixels, OnBox(ParsePath(arrow), box, scale).front(), Hex(0xFFE8A3));
+  }
+}
+
+// Drawn once on black and once on white, a pixel's opacity is what both have in common.
+PixelArray WithOpacity(int side, const std::function<void(MutablePixelView, const Box&)>& draw) {
+  const Box box = {0, 0, side, side};
+  PixelArray picture(side, side);
+  PixelArray on_white(side, side);
+  FillBox(on_white.mutable_view(), box, Hex(0xFFFFFF));
+  draw(picture.mutable_view(), box);
+  draw(on_white.mutable_view(), box);
+  for (int y = 0; y < side; ++y) {
+    for (int x = 0; x < side; ++x) {
+      std::uint8_t* pixel = picture.mutable_view().at(x, y);
+      const int opacity = 255 - (on_white.view().at(x, y)[kGreen] - pixel[kGreen]);
+      for (const int channel : {kBlue, kGreen, kRed}) {
+        const int colour = opacity > 0 ? pixel[channel] * 255 / opacity : 0;
+        pixel[channel] = static_cast<std::uint8_t>(std::min(colour, 255));
+      }
+      pixel[kUnused] = static_cast<std::uint8_t>(opacity);
+    }
+  }
+  return picture;
 }
 
 }  // namespace tarnwell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -45,5 +46,13 @@ void DrawGlyph(MutablePixelView pixels, const Box& box, Glyph glyph, Colour colo
 // The program's own picture, as its icon shows it, filling `box` (a square). What lies outside the
 // picture's round corners stays as it was.
 void DrawProgramIcon(MutablePixelView pixels, const Box& box);
+
+// The picture of the busy icon, a fast-forward symbol on the same ground.
+void DrawBusyIcon(MutablePixelView pixels, const Box& box);
+
+// A square picture with opacity, as icons need it: `draw` is given the pixels and their box, and
+// what it leaves as it was is transparent. The colours come not multiplied by the opacity, which is
+// in the unused channel.
+PixelArray WithOpacity(int side, const std::function<void(MutablePixelView, const Box&)>& draw);
 
 }  // namespace tarnwell

@@ -1,8 +1,8 @@
-#include "console/batch_dialogs.h"
+#include "automation/unattended_dialogs.h"
 
 namespace tarnwell {
 
-void BatchDialogs::Tell(const std::string& title, const std::string& text, Icon) {
+void UnattendedDialogs::Tell(const std::string& title, const std::string& text, Icon) {
   // A name that was taken meanwhile is no news: the photo is saved under the next one.
   if (title == "Photo File Exists...") return;
   // A set that grew for ever would be a leak in a program that runs for weeks.

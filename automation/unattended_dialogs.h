@@ -9,12 +9,12 @@
 
 namespace tarnwell {
 
-// Nobody sits at a batch: questions are cancelled, and what would be told for photo after photo is
-// told once. May be used by several corrections at the same time.
-class BatchDialogs : public Dialogs {
+// Nobody sits at the program: questions are cancelled, and what would be told for photo after photo
+// is told once. May be used by several corrections at the same time.
+class UnattendedDialogs : public Dialogs {
  public:
   // `tell` is given each text once, by one caller at a time.
-  explicit BatchDialogs(std::function<void(const std::string& text)> tell)
+  explicit UnattendedDialogs(std::function<void(const std::string& text)> tell)
       : tell_(std::move(tell)) {}
 
   Answer Ask(const std::string&, const std::string&, Icon) override { return Answer::kCancel; }
@@ -26,7 +26,9 @@ class BatchDialogs : public Dialogs {
   std::optional<std::string> ChooseSaveFile(const std::string&, const std::string&) override {
     return std::nullopt;
   }
-  std::optional<std::string> ChooseFolder(const std::string&) override { return std::nullopt; }
+  std::optional<std::string> ChooseFolder(const std::string&, const std::string&) override {
+    return std::nullopt;
+  }
 
  private:
   std::function<void(const std::string&)> tell_;

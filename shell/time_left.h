@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace tarnwell {
+
+// "0:07", "12:34", "1:02:03".
+std::string ShownDuration(std::int64_t seconds);
+
+// "3 of 120, 1:05 left", when `done` photos took `elapsed_nanos` together; without the time
+// before the first is done.
+std::string ShownPosition(std::size_t number, std::size_t total, std::size_t done,
+                          std::int64_t elapsed_nanos);
+
+}  // namespace tarnwell
