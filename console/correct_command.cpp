@@ -112,6 +112,10 @@ Status CorrectCommand::CorrectOpenedPhoto(Form1& form, const std::string& output
   if (Status opened = FileOpen(form, /*show_dialog=*/false); !opened.ok()) return opened;
   if (Status adjusted = AdjustPhoto(form, options_.preview); !adjusted.ok()) return adjusted;
   const std::string record = form.app.learning_record;
+  const std::string learnt = ProposalText(form.learnt);
+  if (!options_.settings.quiet && !learnt.empty()) {
+    host_.err << files().Display(form.app.current_file) << ": " << learnt << std::endl;
+  }
 
   form.names.output_path = output_path;
   Status saved = FileSave(form, /*notify=*/false);

@@ -123,7 +123,8 @@ void AddSettings(CLI::App& app, Settings& settings) {
       ->type_name("N")
       ->check(CLI::Range(1, kMostThreads).description(""))
       ->group("Settings");
-  app.add_flag("--quiet", settings.quiet, "Show no progress")->group("Settings");
+  app.add_flag("--quiet", settings.quiet, "Show no progress, and not what was learnt")
+      ->group("Settings");
   AddProgramFolder(app, settings.program_folder)->group("Settings");
 }
 

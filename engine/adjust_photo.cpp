@@ -73,39 +73,30 @@ Result<AutomaticCorrection> Measure(Form1& form, bool thumbnail, const RunParame
   }
 }
 
-// Adds what the learning system proposes for a photo like this one.
-void ApplyLearntOffsets(const LearningData& learning, const LearningRecord& record,
-                        std::array<double, 3>& offsets) {
-  offsets[0] = LearntOffset(learning, record, kBrightnessSetting);
-  offsets[1] = LearntOffset(learning, record, kSaturationSetting);
-  offsets[2] = LearntOffset(learning, record, kContrastSetting);
-}
-
 AdjustmentSettings SettingsFor(const RunParameters& run, const AutomaticCorrection& automatic,
-                               const std::array<double, 3>& learnt,
+                               const LearntProposal& learnt,
                                const std::optional<std::array<double, 3>>& white_balance) {
-  const auto& [brightness_offset, saturation_offset, contrast_offset] = learnt;
   AdjustmentSettings settings;
   settings.noise = run.noise;
   settings.focus = run.focus;
   settings.black_level = automatic.black_level;
-  settings.gain = automatic.gain * (1 + brightness_offset) + 2 * run.brightness_factor;
+  settings.gain = automatic.gain * (1 + learnt.brightness) + 2 * run.brightness_factor;
   settings.saturation_multiplier =
-      automatic.saturation_multiplier * (1 + saturation_offset) + 2 * run.saturation_factor;
+      automatic.saturation_multiplier * (1 + learnt.saturation) + 2 * run.saturation_factor;
   if (settings.saturation_multiplier < 0) settings.saturation_multiplier = 0;
-  settings.contrast_factor = run.contrast_factor + contrast_offset;
+  settings.contrast_factor = run.contrast_factor + learnt.contrast;
   settings.hue_factors = run.hue_factors;
   settings.white_balance_offsets = white_balance;
   return settings;
 }
 
 // Columns 12 to 20: the settings of the run and what was learnt on top of them.
-void RecordSettings(const RunParameters& run, const std::array<double, 3>& learnt,
+void RecordSettings(const RunParameters& run, const LearntProposal& learnt,
                     const std::optional<std::array<double, 3>>& white_balance,
                     LearningRecord& record) {
-  record[kBrightnessSetting] = run.brightness_factor + learnt[0];
-  record[kSaturationSetting] = run.saturation_factor + learnt[1];
-  record[kContrastSetting] = run.contrast_factor + learnt[2];
+  record[kBrightnessSetting] = run.brightness_factor + learnt.brightness;
+  record[kSaturationSetting] = run.saturation_factor + learnt.saturation;
+  record[kContrastSetting] = run.contrast_factor + learnt.contrast;
   for (int i = 0; i < 3; ++i) {
     record[kWhiteBalanceRed + i] = white_balance ? (*white_balance)[i] : 0;
     record[kHueRed + i] = run.hue_factors ? (*run.hue_factors)[i] : 0;
@@ -148,14 +139,14 @@ Status RunCorrection(Form1& form, bool preview) {
 
   AutomaticCorrection automatic;
   LearningRecord record = {};
-  std::array<double, 3> learnt = {0, 0, 0};
+  LearntProposal learnt;
   const bool analyze_thumbnail = !form.app.analyze_full_source;
   if (run.measure) {
     if (Status read = ReadForPass(form, analyze_thumbnail); !read.ok()) return read;
     const auto measured = Measure(form, analyze_thumbnail, run, record);
     if (!measured.ok()) return measured.status;
     automatic = *measured;
-    if (run.use_learnt) ApplyLearntOffsets(form.learning, record, learnt);
+    if (run.use_learnt) learnt = ProposalFor(form.learning, record);
   }
   RecordSettings(run, learnt, white_balance, record);
 
@@ -171,6 +162,7 @@ Status RunCorrection(Form1& form, bool preview) {
   form.platform.events.Run();
   WriteSourcePixels(form.buffer, form.platform.events);
   form.app.learning_record = run.measure ? FormatLearningRecord(record) : std::string();
+  form.learnt = learnt;
   return Status::Ok();
 }
 

@@ -1,5 +1,6 @@
 #include "engine/learning_data.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -65,6 +66,29 @@ std::optional<double> WeightOf(const StoredRecord& stored, const LearningRecord&
   return similarity * 10;
 }
 
+// The mean of the settings that records have, by their weights; 0 of none.
+class WeightedMean {
+ public:
+  void Add(double weight, const std::optional<float>& setting) {
+    if (!setting) return;
+    weighted_total_ += weight * *setting;
+    weight_total_ += weight;
+  }
+  double Value() const { return weight_total_ == 0 ? 0 : weighted_total_ / weight_total_; }
+
+ private:
+  double weighted_total_ = 0;
+  double weight_total_ = 0;
+};
+
+// A share as "+8 %". Nobody sees a difference beyond the bounds; a record may hold any number.
+std::string Percent(double share) {
+  const double percent = std::round(std::clamp(100 * share, -999.0, 999.0)) + 0.0;  // no "-0"
+  char text[16];
+  std::snprintf(text, sizeof(text), "%+.0f %%", percent);
+  return text;
+}
+
 }  // namespace
 
 std::string FormatLearningRecord(const LearningRecord& record) {
@@ -93,17 +117,34 @@ StoredRecord ParseLearningRecord(std::string_view line) {
   }
 }
 
-double LearntOffset(const LearningData& data, const LearningRecord& current, int target) {
-  double weighted_total = 0;
-  double weight_total = 0;
+LearntProposal ProposalFor(const LearningData& data, const LearningRecord& current) {
+  WeightedMean brightness, saturation, contrast;
+  LearntProposal proposal;
+  proposal.records = static_cast<int>(data.records.size());
   for (const StoredRecord& record : data.records) {
-    if (record.field_count != kRecordColumns || !record.fields[target]) continue;
+    if (record.field_count != kRecordColumns) continue;
     const std::optional<double> weight = WeightOf(record, current);
-    if (!weight) continue;
-    weighted_total += *weight * *record.fields[target];
-    weight_total += *weight;
+    if (!weight || *weight == 0) continue;
+    brightness.Add(*weight, record.fields[kBrightnessSetting]);
+    saturation.Add(*weight, record.fields[kSaturationSetting]);
+    contrast.Add(*weight, record.fields[kContrastSetting]);
+    ++proposal.similar;
   }
-  return weight_total == 0 ? 0 : weighted_total / weight_total;
+  proposal.brightness = brightness.Value();
+  proposal.saturation = saturation.Value();
+  proposal.contrast = contrast.Value();
+  return proposal;
+}
+
+std::string ProposalText(const LearntProposal& proposal) {
+  if (proposal.records == 0) return {};
+  if (proposal.similar == 0) {
+    return "no photo like this one among the " + std::to_string(proposal.records) + " learnt from";
+  }
+  return "learnt from " + std::to_string(proposal.similar) + " similar " +
+         (proposal.similar == 1 ? "photo" : "photos") + ": brightness " +
+         Percent(proposal.brightness) + ", saturation " + Percent(proposal.saturation) +
+         ", contrast " + Percent(-proposal.contrast);
 }
 
 }  // namespace tarnwell

@@ -53,9 +53,23 @@ struct LearningData {
 
 StoredRecord ParseLearningRecord(std::string_view line);
 
-// The offset that records similar to `current` propose for `target` (kBrightnessSetting,
-// kSaturationSetting or kContrastSetting): their settings averaged, each weighted by how far its
-// agreement in columns 0 to 9 exceeds 90 %. 0 when no record is similar.
-double LearntOffset(const LearningData& data, const LearningRecord& current, int target);
+// What stored records propose for a photo.
+struct LearntProposal {
+  int records = 0;  // that there are
+  int similar = 0;  // that are similar to the photo, and speak
+  // Offsets as the setting columns hold them: brightness and saturation are raised by this share
+  // of themselves; contrast is lowered by it.
+  double brightness = 0;
+  double saturation = 0;
+  double contrast = 0;
+};
+
+// The settings of the records that are similar to `current`, averaged, each weighted by how far its
+// agreement in columns 0 to 9 exceeds 90 %. All 0 when no record is similar.
+LearntProposal ProposalFor(const LearningData& data, const LearningRecord& current);
+
+// That in one line for the user: who spoke, and how far it moved the photo, in percent. Empty when
+// nothing has been learnt yet.
+std::string ProposalText(const LearntProposal& proposal);
 
 }  // namespace tarnwell

@@ -15,9 +15,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!loaded.status.ok() && !loaded.status.message.starts_with("a.tsd: line ")) std::abort();
 
   const LearningRecord photo = {700, 20, 250, 5, 0.9, 0.1, 0.5, 0.4, 690, 30};
-  for (const int target : {kBrightnessSetting, kSaturationSetting, kContrastSetting}) {
-    if (!std::isfinite(LearntOffset(loaded.data, photo, target))) std::abort();
+  const LearntProposal proposal = ProposalFor(loaded.data, photo);
+  for (const double offset : {proposal.brightness, proposal.saturation, proposal.contrast}) {
+    if (!std::isfinite(offset)) std::abort();
   }
+  if (ProposalText(proposal).size() > 100) std::abort();
 
   const std::size_t count = loaded.data.records.size();
   const auto trimmed = TrimmedLearningText(text);

@@ -31,6 +31,7 @@ struct Form1 {
   bool metadata_notes_told = false;  // the user knows what of it saved files do not keep
   OutputNames names = {};
   LearningData learning = {};       // of the current camera and mode
+  LearntProposal learnt = {};       // what the last run took over from that
   PictureHistogram histogram = {};  // of the picture that was measured last
   // The photo in picOriginal has been measured since it came there; a run measures it first
   // otherwise.

@@ -1,5 +1,6 @@
 #include "ui/main_frame.h"
 
+#include <algorithm>
 #include <shellapi.h>
 #include <windowsx.h>
 
@@ -240,6 +241,7 @@ void MainFrame::Refresh() {
   command_status_.clear();
   status_->SetText(StatusText());
   profile_->SetText(Wide(form.modules.camera + " / " + form.modules.mode));
+  PlaceStatus();
   others_->Refresh();
 }
 
@@ -248,10 +250,13 @@ std::wstring MainFrame::StatusText() const {
   if (!command_status_.empty()) return command_status_;
   const Picture& original = form.buffer.surfaces.picOriginal.picture;
   if (!original) return L"Ready";
-  std::wstring text = std::to_wstring(original->width()) + L" \x00D7 " +
-                      std::to_wstring(original->height()) + L" pixels";
-  if (form.app.photo_changed) text += L"  \x2022  corrected, not saved";
-  return text;
+  const std::wstring size = std::to_wstring(original->width()) + L" \x00D7 " +
+                            std::to_wstring(original->height()) + L" pixels";
+  if (!form.app.photo_changed) return size;
+  // What was learnt is news, and too long to stand beside the size.
+  const std::string learnt = ProposalText(form.learnt);
+  const std::wstring state = L"corrected, not saved  \x2022  ";
+  return learnt.empty() ? size + L"  \x2022  corrected, not saved" : state + Wide(learnt);
 }
 
 void MainFrame::ShowStatus(const std::string& text) {
@@ -306,11 +311,20 @@ void MainFrame::LayOut(const Box& client) {
   histogram_->Show(layout_.histogram_visible);
   histogram_->Place(layout_.histogram);
   panel_->Place(layout_.panel);
-  const Box status = Inset(layout_.status, Px(2 * kGrid), Px(2));
-  const int half = status.width / 2;
-  status_->Place({status.x, status.y, half, status.height});
-  profile_->Place({status.x + half, status.y, status.width - half, status.height});
+  PlaceStatus();
   Invalidate();
+}
+
+// Camera and mode take what they need, at most half; the rest is for what is going on.
+void MainFrame::PlaceStatus() {
+  const Box status = Inset(layout_.status, Px(2 * kGrid), Px(2));
+  const int wanted = TextSize(look_, Face::kCaption, profile_->Text()).cx + Px(kGrid);
+  const int right = std::min(wanted, status.width / 2);
+  const int left = status.width - right;
+  status_->Place({status.x, status.y, left, status.height});
+  profile_->Place({status.x + left, status.y, right, status.height});
+  const std::wstring text = status_->Text();
+  status_->SetTip(TextSize(look_, Face::kCaption, text).cx > left ? text : L"");
 }
 
 void MainFrame::LayOutTools(const Box& row) {

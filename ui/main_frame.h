@@ -93,6 +93,7 @@ class MainFrame : public FrameWindow, public MainView {
   void Poll();
   void OnTimer(WPARAM timer);
   std::wstring StatusText() const;
+  void PlaceStatus();
   void RunCommand(const std::function<void()>& change, bool refresh);
   void KeepPlacement();
   void RestorePlacement();

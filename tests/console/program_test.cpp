@@ -27,8 +27,9 @@ TEST_F(ProgramTest, WrongCommandsEndWithTheListOfCommands) {
 
 TEST_F(ProgramTest, SavesUnderTheNextFreeNameAndIsSilent) {
   WriteBitmap("p.q.bmp", 30, 20);
-  EXPECT_EQ(Correct({"@p.q.bmp"}), 0) << err.str();
-  EXPECT_EQ(Correct({"@p.q.bmp"}), 0) << err.str();
+  EXPECT_EQ(Correct({"@p.q.bmp"}), 0);
+  EXPECT_EQ(out.str() + err.str(), "");
+  EXPECT_EQ(Correct({"@p.q.bmp", "--quiet"}), 0);
   EXPECT_EQ(out.str() + err.str(), "");
   EXPECT_EQ(folder.Names(), (Words{"p.q.bmp", "pA.bmp", "pB.bmp", "program"}));
   EXPECT_NE(*Load("pA.bmp"), *Load("p.q.bmp"));
@@ -165,6 +166,10 @@ TEST_F(ProgramTest, PhotosOfOneCommandDoNotTeachEachOther) {
   EXPECT_EQ(std::count(learnt.begin(), learnt.end(), '\n'), 2);
 
   EXPECT_EQ(Correct({"@p.bmp", "--no-learn"}), 0);
+  EXPECT_TRUE(
+      ErrHas("p.bmp: learnt from 2 similar photos: brightness +30 %, saturation +0 %, "
+             "contrast +0 %"))
+      << err.str();
   EXPECT_EQ(folder.Read(kLearningInFolder), learnt);
 }
 
