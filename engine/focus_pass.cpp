@@ -1,6 +1,7 @@
 #include "engine/focus_pass.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <thread>
@@ -14,13 +15,56 @@ namespace {
 // Rows between two looks at how far the part before is.
 constexpr int kRowsPerLook = 64;
 
+typedef std::int32_t Numbers __attribute__((vector_size(16)));
+
 // The four bytes of a pixel as numbers.
-template <typename Numbers>
-inline Numbers Load(const std::uint8_t* bytes) {
-  typedef std::uint8_t Bytes __attribute__((vector_size(4)));
-  Bytes four;
-  std::memcpy(&four, bytes, sizeof(four));
-  return __builtin_convertvector(four, Numbers);
+[[gnu::always_inline]] inline Numbers Load(const std::uint8_t* bytes) {
+  if constexpr (std::endian::native == std::endian::little) {
+    // Spread with zeros in between; converting four bytes becomes a detour through registers.
+    typedef std::uint8_t Bytes __attribute__((vector_size(16)));
+    typedef std::uint16_t Pairs __attribute__((vector_size(16)));
+    Bytes four = {};
+    std::memcpy(&four, bytes, kBytesPerPixel);
+    const auto pairs = reinterpret_cast<Pairs>(__builtin_shufflevector(
+        four, Bytes{}, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23));
+    return reinterpret_cast<Numbers>(
+        __builtin_shufflevector(pairs, Pairs{}, 0, 8, 1, 9, 2, 10, 3, 11));
+  }
+  return Numbers{bytes[0], bytes[1], bytes[2], bytes[3]};
+}
+
+// What all pixels of a pass have in common.
+struct Common {
+  double amount;
+  const ToneTable* table;
+  const AdjustmentSettings* settings;
+};
+
+// Sharpens the pixel at `bytes`, adjusts its tones, and gives how much its channels have changed.
+// `neighbors` are the sums over its window without itself, `smooth` the pixel that sharpening
+// starts from.
+[[gnu::always_inline]] inline Numbers AdjustOne(const Common& common, Numbers before,
+                                                Numbers neighbors, double divisor,
+                                                const std::uint8_t* smooth, std::uint8_t* bytes) {
+  typedef double Real __attribute__((vector_size(32)));
+  const Real mean = __builtin_convertvector(neighbors, Real) / divisor;
+  const Numbers start = Load(smooth);
+  const Real change = (__builtin_convertvector(start, Real) - mean) * common.amount;
+  // RoundHalfToEven, four at a time.
+  const Real rounded = (change + kNoFraction) - kNoFraction;
+  const Numbers sharp = start + __builtin_convertvector(rounded, Numbers);
+
+  const int starting_sum = before[kBlue] + before[kGreen] + before[kRed];
+  if (common.table && ((sharp[kBlue] | sharp[kGreen] | sharp[kRed]) & ~255) == 0) {
+    common.table->AdjustPixel(sharp[kBlue], sharp[kGreen], sharp[kRed], starting_sum, bytes);
+  } else {
+    PixelValues pixel = {static_cast<std::int16_t>(sharp[kBlue]),
+                         static_cast<std::int16_t>(sharp[kGreen]),
+                         static_cast<std::int16_t>(sharp[kRed])};
+    AdjustTones(pixel, starting_sum, *common.settings);
+    StoreClamped(pixel, bytes);
+  }
+  return Load(bytes) - before;
 }
 
 }  // namespace
@@ -31,11 +75,13 @@ bool FocusPass::Suits(const FocusSettings& settings) {
 }
 
 FocusPass::FocusPass(MutablePixelView working, const PixelView& smooth,
-                     const AdjustmentSettings& settings, const ToneTable* table)
+                     const AdjustmentSettings& settings, const ToneTable* table,
+                     Instructions instructions)
     : working_(working),
       smooth_(smooth),
       settings_(settings),
       table_(table),
+      instructions_(instructions),
       width_(working.width),
       height_(working.height),
       distance_(settings.focus->distance),
@@ -88,8 +134,7 @@ FocusPass::Column FocusPass::Begin(int x) {
 // Moves the sum of row y from the window of the column before to that of `column`, and adds it.
 inline void FocusPass::EnterRow(Column& column, int y) {
   Sum& row = row_sums_[y].sum;
-  row += Load<Sum>(column.entering + y * kBytesPerPixel) -
-         Load<Sum>(column.leaving + y * kBytesPerPixel);
+  row += Load(column.entering + y * kBytesPerPixel) - Load(column.leaving + y * kBytesPerPixel);
   column.sum += row;
 }
 
@@ -101,31 +146,62 @@ double FocusPass::Divisor(const Column& column, int y) const {
   return count == 0 ? 1e-14 : static_cast<double>(count);
 }
 
-inline void FocusPass::AdjustPixel(Column& column, int y, double divisor) {
-  typedef double Real __attribute__((vector_size(32)));
+void FocusPass::AdjustPixel(Column& column, int y, double divisor) {
   std::uint8_t* bytes = column.pixels + y * kBytesPerPixel;
-  const Sum before = Load<Sum>(bytes);
-  const Real mean = __builtin_convertvector(column.sum - before, Real) / divisor;
-  const Sum smooth = Load<Sum>(column.smooth + y * kBytesPerPixel);
-  const Real change = (__builtin_convertvector(smooth, Real) - mean) * settings_.focus->amount;
-  // RoundHalfToEven, four at a time.
-  const Real rounded = (change + kNoFraction) - kNoFraction;
-  const Sum sharp = smooth + __builtin_convertvector(rounded, Sum);
-
-  const int starting_sum = SumOfChannels(bytes);
-  if (table_ && ((sharp[0] | sharp[1] | sharp[2]) & ~255) == 0) {
-    table_->AdjustPixel(sharp[kBlue], sharp[kGreen], sharp[kRed], starting_sum, bytes);
-  } else {
-    PixelValues pixel = {static_cast<std::int16_t>(sharp[kBlue]),
-                         static_cast<std::int16_t>(sharp[kGreen]),
-                         static_cast<std::int16_t>(sharp[kRed])};
-    AdjustTones(pixel, starting_sum, settings_);
-    StoreClamped(pixel, bytes);
-  }
+  const Sum before = Load(bytes);
+  const Common common = {settings_.focus->amount, table_, &settings_};
+  const Sum change = AdjustOne(common, before, column.sum - before, divisor,
+                               column.smooth + y * kBytesPerPixel, bytes);
   // From here on the pixel counts as it is now.
-  const Sum difference = Load<Sum>(bytes) - before;
-  row_sums_[y].sum += difference;
-  column.sum += difference;
+  row_sums_[y].sum += change;
+  column.sum += change;
+}
+
+// Columns that can be worked on in step, with all that changes from row to row at hand: their
+// windows are inside the picture from row `top` to `bottom` - 1, less the lag of the columns before
+// them.
+[[gnu::always_inline]] inline void FocusPass::AdjustInside(Column* columns, int top, int bottom) {
+  const Common common = {settings_.focus->amount, table_, &settings_};
+  const std::ptrdiff_t distance = distance_;
+  Sum sums[kColumnsAtOnce];
+  double divisors[kColumnsAtOnce];
+  std::uint8_t* pixels[kColumnsAtOnce];
+  const std::uint8_t *smooth[kColumnsAtOnce], *entering[kColumnsAtOnce], *leaving[kColumnsAtOnce];
+  RowSum* rows[kColumnsAtOnce];
+  for (int i = 0; i < kColumnsAtOnce; ++i) {
+    const std::ptrdiff_t y = top - i * lag_, ahead = (y + distance_) * kBytesPerPixel;
+    sums[i] = columns[i].sum;
+    divisors[i] = Divisor(columns[i], static_cast<int>(y));
+    pixels[i] = columns[i].pixels + y * kBytesPerPixel;
+    smooth[i] = columns[i].smooth + y * kBytesPerPixel;
+    entering[i] = columns[i].entering + ahead;
+    leaving[i] = columns[i].leaving + ahead;
+    rows[i] = row_sums_.data() + y;
+  }
+  const std::ptrdiff_t steps = bottom - top;
+  for (std::ptrdiff_t step = 0; step < steps; ++step) {
+#pragma GCC unroll 6
+    for (int i = 0; i < kColumnsAtOnce; ++i) {
+      const std::ptrdiff_t byte = step * kBytesPerPixel;
+      RowSum* row = rows[i] + step;
+      const Sum entered = row[distance].sum + Load(entering[i] + byte) - Load(leaving[i] + byte);
+      row[distance].sum = entered;
+      const Sum sum = sums[i] + entered - row[-1 - distance].sum;
+      const Sum before = Load(pixels[i] + byte);
+      const Sum change =
+          AdjustOne(common, before, sum - before, divisors[i], smooth[i] + byte, pixels[i] + byte);
+      row->sum += change;
+      sums[i] = sum + change;
+    }
+  }
+  for (int i = 0; i < kColumnsAtOnce; ++i) columns[i].sum = sums[i];
+}
+
+#if defined(__x86_64__) || defined(__i386__)
+[[gnu::target("avx2")]]
+#endif
+void FocusPass::AdjustInsideAvx2(Column* columns, int top, int bottom) {
+  AdjustInside(columns, top, bottom);
 }
 
 // Takes each column from row `top` to `bottom` - 1, less the lag of the columns before it.
@@ -134,21 +210,11 @@ void FocusPass::AdjustSteps(Column* columns, int first_column, int count, int to
   const int first_inside = distance_ + 1 + (count - 1) * lag_;
   const int last_inside = height_ - 1 - distance_;
   if (count == kColumnsAtOnce && top >= first_inside && bottom - 1 <= last_inside) {
-    double divisors[kColumnsAtOnce];
-    Column local[kColumnsAtOnce];
-    for (int i = 0; i < kColumnsAtOnce; ++i) {
-      local[i] = columns[i];
-      divisors[i] = Divisor(local[i], top - i * lag_);
+    if (instructions_ == Instructions::kAvx2) {
+      AdjustInsideAvx2(columns, top, bottom);
+    } else {
+      AdjustInside(columns, top, bottom);
     }
-    for (int step = top; step < bottom; ++step) {
-      for (int i = 0; i < kColumnsAtOnce; ++i) {
-        const int y = step - i * lag_;
-        EnterRow(local[i], y + distance_);
-        LeaveRow(local[i], y - 1 - distance_);
-        AdjustPixel(local[i], y, divisors[i]);
-      }
-    }
-    for (int i = 0; i < kColumnsAtOnce; ++i) columns[i].sum = local[i].sum;
     return;
   }
   for (int step = top; step < bottom; ++step) {

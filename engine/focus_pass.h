@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "engine/pixel_adjustments.h"
+#include "engine/processor.h"
 #include "imaging/pixel_array.h"
 
 namespace tarnwell {
@@ -22,7 +23,7 @@ namespace tarnwell {
 class FocusPass {
  public:
   // Columns that are worked on together.
-  static constexpr int kColumnsAtOnce = 4;
+  static constexpr int kColumnsAtOnce = 6;
 
   // Whether `settings` are within what this can do; FocusColumn can do all.
   static bool Suits(const FocusSettings& settings);
@@ -31,11 +32,11 @@ class FocusPass {
   // `working` itself. `table` may be null. All outlive this. `settings` have focus, and it suits.
   // Throws std::bad_alloc.
   FocusPass(MutablePixelView working, const PixelView& smooth, const AdjustmentSettings& settings,
-            const ToneTable* table);
+            const ToneTable* table, Instructions instructions = BestInstructions());
 
   // Three stages, each on any number of threads, each after the one before: read the picture, band
   // by band; adjust it, part by part; write the bands back.
-  static constexpr int kBandHeight = 64;
+  static constexpr int kBandHeight = 128;
   int band_count() const { return (height_ + kBandHeight - 1) / kBandHeight; }
   void Read(int band);
   void Write(int band);
@@ -66,6 +67,8 @@ class FocusPass {
   void LeaveRow(Column& column, int y);
   double Divisor(const Column& column, int y) const;
   void AdjustPixel(Column& column, int y, double divisor);
+  void AdjustInside(Column* columns, int top, int bottom);
+  void AdjustInsideAvx2(Column* columns, int top, int bottom);
   void AdjustSteps(Column* columns, int first_column, int count, int top, int bottom);
   bool WaitFor(int part, int rows) const;
 
@@ -78,6 +81,7 @@ class FocusPass {
   PixelView smooth_;
   const AdjustmentSettings& settings_;
   const ToneTable* table_;
+  Instructions instructions_;
   int width_;
   int height_;
   int distance_;
