@@ -2,6 +2,8 @@
 
 #include <cassert>
 
+#include "imaging/jpeg_structure.h"
+
 namespace tarnwell {
 namespace {
 
@@ -16,8 +18,6 @@ enum Marker : std::uint8_t {
   kLastFrame = 0xCF,
   kFirstRestart = 0xD0,
   kStartOfImage = 0xD8,
-  kEndOfImage = 0xD9,
-  kStartOfScan = 0xDA,
 };
 
 bool StandsAlone(std::uint8_t marker) {
@@ -25,45 +25,29 @@ bool StandsAlone(std::uint8_t marker) {
          (marker >= kFirstRestart && marker <= kStartOfImage);
 }
 
-// Goes through the file from marker to marker. What lies between them, coded pixels or rubbish, is
-// passed over.
-class Walk {
- public:
-  explicit Walk(std::string_view jpeg) : jpeg_(jpeg) {}
-
-  // The next segment or end marker; false where the file ends, also in the middle of one.
-  bool Next(JpegSegment& segment) {
-    while ((at_ = jpeg_.find('\xFF', at_)) != jpeg_.npos && at_ + 1 < jpeg_.size()) {
-      const auto marker = static_cast<std::uint8_t>(jpeg_[++at_]);
-      if (marker == kFill) continue;
-      ++at_;
-      if (StandsAlone(marker)) continue;
-      segment = {marker, {}};
-      return marker == kEndOfImage || TakeContent(segment);
-    }
-    return false;
-  }
-
-  std::string_view rest() const { return jpeg_.substr(at_); }
-
- private:
-  bool TakeContent(JpegSegment& segment) {
-    if (jpeg_.size() - at_ < 2) return false;
-    const std::size_t length =
-        static_cast<std::uint8_t>(jpeg_[at_]) << 8 | static_cast<std::uint8_t>(jpeg_[at_ + 1]);
-    if (length < 2 || length > jpeg_.size() - at_) return false;
-    segment.content = jpeg_.substr(at_ + 2, length - 2);
-    at_ += length;
-    return true;
-  }
-
-  std::string_view jpeg_;
-  std::size_t at_ = 0;
-};
-
-bool StartsLikeJpeg(std::string_view bytes) { return bytes.starts_with("\xFF\xD8\xFF"); }
-
 }  // namespace
+
+bool JpegWalk::Next(JpegSegment& segment) {
+  while ((at_ = jpeg_.find('\xFF', at_)) != jpeg_.npos && at_ + 1 < jpeg_.size()) {
+    const auto marker = static_cast<std::uint8_t>(jpeg_[++at_]);
+    if (marker == kFill) continue;
+    ++at_;
+    if (StandsAlone(marker)) continue;
+    segment = {marker, {}};
+    return marker == kEndOfImageMarker || TakeContent(segment);
+  }
+  return false;
+}
+
+bool JpegWalk::TakeContent(JpegSegment& segment) {
+  if (jpeg_.size() - at_ < 2) return false;
+  const std::size_t length =
+      static_cast<std::uint8_t>(jpeg_[at_]) << 8 | static_cast<std::uint8_t>(jpeg_[at_ + 1]);
+  if (length < 2 || length > jpeg_.size() - at_) return false;
+  segment.content = jpeg_.substr(at_ + 2, length - 2);
+  at_ += length;
+  return true;
+}
 
 bool IsFrameMarker(std::uint8_t marker) {
   return marker >= kFirstFrame && marker <= kLastFrame && marker != kHuffmanTables &&
@@ -72,21 +56,22 @@ bool IsFrameMarker(std::uint8_t marker) {
 
 std::vector<JpegSegment> SegmentsBeforeScan(std::string_view jpeg) {
   std::vector<JpegSegment> segments;
-  if (!StartsLikeJpeg(jpeg)) return segments;
-  Walk walk(jpeg);
+  if (!IsJpeg(jpeg)) return segments;
+  JpegWalk walk(jpeg);
   JpegSegment segment;
-  while (walk.Next(segment) && segment.marker != kStartOfScan && segment.marker != kEndOfImage) {
+  while (walk.Next(segment) && segment.marker != kStartOfScanMarker &&
+         segment.marker != kEndOfImageMarker) {
     segments.push_back(segment);
   }
   return segments;
 }
 
 std::string_view BytesBehindPicture(std::string_view jpeg) {
-  if (!StartsLikeJpeg(jpeg)) return {};
-  Walk walk(jpeg);
+  if (!IsJpeg(jpeg)) return {};
+  JpegWalk walk(jpeg);
   JpegSegment segment;
   while (walk.Next(segment)) {
-    if (segment.marker == kEndOfImage) return walk.rest();
+    if (segment.marker == kEndOfImageMarker) return walk.rest();
   }
   return {};
 }
@@ -102,9 +87,9 @@ void AddSegment(std::string& out, std::uint8_t marker, std::string_view content)
 }
 
 std::string WithSegments(std::string_view jpeg, std::string_view segments) {
-  if (!StartsLikeJpeg(jpeg)) return std::string(jpeg);
+  if (!IsJpeg(jpeg)) return std::string(jpeg);
   constexpr std::size_t kBehindStart = 2;
-  Walk walk(jpeg);
+  JpegWalk walk(jpeg);
   JpegSegment first;
   std::size_t at = kBehindStart;
   if (walk.Next(first) && first.IsApp(0)) at = jpeg.size() - walk.rest().size();

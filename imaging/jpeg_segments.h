@@ -8,7 +8,9 @@
 
 namespace tarnwell {
 
-// Second bytes of the markers that metadata is looked for under.
+// Second bytes of the markers that are looked for.
+inline constexpr std::uint8_t kEndOfImageMarker = 0xD9;
+inline constexpr std::uint8_t kStartOfScanMarker = 0xDA;
 inline constexpr std::uint8_t kFirstApp = 0xE0;  // APP0; APPn is kFirstApp + n
 inline constexpr std::uint8_t kLastApp = 0xEF;
 inline constexpr std::uint8_t kCommentMarker = 0xFE;
@@ -23,6 +25,25 @@ struct JpegSegment {
   std::string_view content;
 
   bool IsApp(int number) const { return marker == kFirstApp + number; }
+};
+
+// Goes through a JPEG file from marker to marker, over its restarts. What lies between them, coded
+// pixels or rubbish, is passed over.
+class JpegWalk {
+ public:
+  explicit JpegWalk(std::string_view jpeg) : jpeg_(jpeg) {}
+
+  // The next segment or end marker; false where the file ends, also in the middle of one.
+  bool Next(JpegSegment& segment);
+
+  // What lies behind the one that was found last.
+  std::string_view rest() const { return jpeg_.substr(at_); }
+
+ private:
+  bool TakeContent(JpegSegment& segment);
+
+  std::string_view jpeg_;
+  std::size_t at_ = 0;
 };
 
 // The segments in front of the first scan, in the order of the file. A file that breaks off there,

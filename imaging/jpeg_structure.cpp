@@ -4,23 +4,13 @@
 #include <cstdint>
 #include <optional>
 
+#include "imaging/jpeg_segments.h"
 #include "imaging/pixel_array.h"
 
 namespace tarnwell {
 namespace {
 
-enum Marker : std::uint8_t {
-  kBaseline = 0xC0,
-  kProgressive = 0xC2,
-  kHuffmanTables = 0xC4,
-  kReservedFrame = 0xC8,
-  kArithmeticTables = 0xCC,
-  kLastFrame = 0xCF,
-  kFirstRestart = 0xD0,
-  kStartOfImage = 0xD8,
-  kEndOfImage = 0xD9,
-  kStartOfScan = 0xDA,
-};
+constexpr int kProgressive = 0xC2;
 
 // Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
 // bytes. Photos have about ten scans; this allows 20 at 200 megapixels, and more for smaller ones.
@@ -42,17 +32,6 @@ int WordAt(std::string_view bytes, std::size_t at) {
   return ByteAt(bytes, at) << 8 | ByteAt(bytes, at + 1);
 }
 
-bool IsFrame(int marker) {
-  return marker >= kBaseline && marker <= kLastFrame && marker != kHuffmanTables &&
-         marker != kReservedFrame && marker != kArithmeticTables;
-}
-
-// Markers without a length behind them; 0 is a stuffed byte of scan data, 1 a private marker, and
-// 0xFF fills.
-bool StandsAlone(int marker) {
-  return marker <= 1 || (marker >= kFirstRestart && marker <= kStartOfImage);
-}
-
 // Blocks of all components, of which each has a resolution of its own: `factors` holds three bytes
 // a component, the middle one its factors across (high half) and down.
 std::uint64_t CountBlocks(std::int64_t width, std::int64_t height, std::string_view factors) {
@@ -72,47 +51,40 @@ std::uint64_t CountBlocks(std::int64_t width, std::int64_t height, std::string_v
   return blocks;
 }
 
-// `segment` starts with its length.
-Frame ReadFrame(int marker, std::string_view segment) {
-  Frame frame{.marker = marker};
-  if (segment.size() < 8) return frame;
-  frame.bits = ByteAt(segment, 2);
-  frame.height = WordAt(segment, 3);
-  frame.width = WordAt(segment, 5);
-  frame.components = ByteAt(segment, 7);
-  const std::string_view factors = segment.substr(8);
+Frame ReadFrame(const JpegSegment& segment) {
+  Frame frame{.marker = segment.marker};
+  const std::string_view header = segment.content;
+  if (header.size() < 6) return frame;
+  frame.bits = ByteAt(header, 0);
+  frame.height = WordAt(header, 1);
+  frame.width = WordAt(header, 3);
+  frame.components = ByteAt(header, 5);
+  const std::string_view factors = header.substr(6);
   if (factors.size() == static_cast<std::size_t>(frame.components) * 3) {
     frame.blocks = CountBlocks(frame.width, frame.height, factors);
   }
   return frame;
 }
 
-struct Walk {
+struct Structure {
   std::optional<Frame> frame;
   int scans = 0;
   bool complete = false;  // a scan and the end marker were met
 };
 
-Walk WalkSegments(std::string_view bytes) {
-  Walk walk;
-  std::size_t at = 0;
-  while ((at = bytes.find('\xFF', at)) != bytes.npos && at + 1 < bytes.size()) {
-    const int marker = ByteAt(bytes, ++at);
-    if (marker == 0xFF) continue;
-    ++at;
-    if (StandsAlone(marker)) continue;
-    if (marker == kEndOfImage) {
-      walk.complete = walk.scans > 0;
+Structure ReadStructure(std::string_view bytes) {
+  Structure structure;
+  JpegWalk walk(bytes);
+  JpegSegment segment;
+  while (walk.Next(segment)) {
+    if (segment.marker == kEndOfImageMarker) {
+      structure.complete = structure.scans > 0;
       break;
     }
-    if (bytes.size() - at < 2) break;
-    const auto length = static_cast<std::size_t>(WordAt(bytes, at));
-    if (length < 2 || length > bytes.size() - at) break;
-    if (IsFrame(marker) && !walk.frame) walk.frame = ReadFrame(marker, bytes.substr(at, length));
-    if (marker == kStartOfScan) ++walk.scans;
-    at += length;
+    if (IsFrameMarker(segment.marker) && !structure.frame) structure.frame = ReadFrame(segment);
+    if (segment.marker == kStartOfScanMarker) ++structure.scans;
   }
-  return walk;
+  return structure;
 }
 
 }  // namespace
@@ -120,12 +92,12 @@ Walk WalkSegments(std::string_view bytes) {
 bool IsJpeg(std::string_view bytes) { return bytes.starts_with("\xFF\xD8\xFF"); }
 
 Result<PictureSize> CheckJpeg(std::string_view bytes, const std::string& name) {
-  const Walk walk = WalkSegments(bytes);
+  const Structure structure = ReadStructure(bytes);
   const auto fails = [&](Failure failure, const char* reason) {
     return Status::Error(failure, name + ": " + reason);
   };
-  if (!walk.frame) return fails(Failure::kDamaged, "the file breaks off");
-  const Frame& frame = *walk.frame;
+  if (!structure.frame) return fails(Failure::kDamaged, "the file breaks off");
+  const Frame& frame = *structure.frame;
   if (frame.marker > kProgressive || (frame.bits != 8 && frame.bits != 0)) {
     return fails(Failure::kUnsupported, "a kind of JPEG that cannot be read");
   }
@@ -137,11 +109,11 @@ Result<PictureSize> CheckJpeg(std::string_view bytes, const std::string& name) {
     return fails(Failure::kUnsupported, "a kind of JPEG that cannot be read");
   }
   const double pixels = static_cast<double>(frame.width) * frame.height;
-  if (walk.scans * (pixels + kPixelsPerScanSetup) > kMostScannedPixels) {
+  if (structure.scans * (pixels + kPixelsPerScanSetup) > kMostScannedPixels) {
     return fails(Failure::kTooLarge, "the picture is too large");
   }
   // Every block has a code of at least one bit for its mean.
-  if (!walk.complete || frame.blocks > std::uint64_t{bytes.size()} * 8) {
+  if (!structure.complete || frame.blocks > std::uint64_t{bytes.size()} * 8) {
     return fails(Failure::kDamaged, "the file breaks off");
   }
   return PictureSize{frame.width, frame.height};
