@@ -73,12 +73,12 @@ class EveryWindow : public testing::TestWithParam<Appearance> {
 
 TEST_P(EveryWindow, IsWholeAndNamed) {
   desk->StartWith("", L"Tarnwell Pocket");
-  LookAt(desk->main(), "main without a photo");
   if (const HWND tip = Dialog(L"Tips")) {
     LookAt(tip, "tips");
     Click(desk->Control(L"Do not show &any tips", kDialog));
     Dismiss(tip);
   }
+  LookAt(desk->main(), "main without a photo");
   desk->PressAlt('O');
   desk->ChooseFile(L"Open Photo", desk->folder.Write("valley.bmp", Landscape(1200, 900)));
   desk->WaitEnabled(L"Preview");
