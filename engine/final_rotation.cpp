@@ -40,14 +40,14 @@ inline void Store(FourPixels four, std::uint8_t* pixels) {
 inline void LoadColumns(const std::uint8_t* row, std::ptrdiff_t step, FourPixels (&columns)[4]) {
   const FourPixels a = Load(row), b = Load(row + step);
   const FourPixels c = Load(row + 2 * step), d = Load(row + 3 * step);
-  const FourPixels ab_low = __builtin_shuffle(a, b, FourPixels{0, 4, 1, 5});
-  const FourPixels ab_high = __builtin_shuffle(a, b, FourPixels{2, 6, 3, 7});
-  const FourPixels cd_low = __builtin_shuffle(c, d, FourPixels{0, 4, 1, 5});
-  const FourPixels cd_high = __builtin_shuffle(c, d, FourPixels{2, 6, 3, 7});
-  columns[0] = __builtin_shuffle(ab_low, cd_low, FourPixels{0, 1, 4, 5});
-  columns[1] = __builtin_shuffle(ab_low, cd_low, FourPixels{2, 3, 6, 7});
-  columns[2] = __builtin_shuffle(ab_high, cd_high, FourPixels{0, 1, 4, 5});
-  columns[3] = __builtin_shuffle(ab_high, cd_high, FourPixels{2, 3, 6, 7});
+  const FourPixels ab_low = __builtin_shufflevector(a, b, 0, 4, 1, 5);
+  const FourPixels ab_high = __builtin_shufflevector(a, b, 2, 6, 3, 7);
+  const FourPixels cd_low = __builtin_shufflevector(c, d, 0, 4, 1, 5);
+  const FourPixels cd_high = __builtin_shufflevector(c, d, 2, 6, 3, 7);
+  columns[0] = __builtin_shufflevector(ab_low, cd_low, 0, 1, 4, 5);
+  columns[1] = __builtin_shufflevector(ab_low, cd_low, 2, 3, 6, 7);
+  columns[2] = __builtin_shufflevector(ab_high, cd_high, 0, 1, 4, 5);
+  columns[3] = __builtin_shufflevector(ab_high, cd_high, 2, 3, 6, 7);
 }
 
 // Row i of a quarter turn's target takes source column i, or counted from the right; its column j

@@ -43,7 +43,8 @@ std::int16_t StartTone(std::int16_t value, Channel channel, const AdjustmentSett
 // RoundInto among whole numbers in double, in a form of which compilers make vectors.
 inline double Rounded(double value, double otherwise) {
   const double rounded = RoundHalfToEven(value);
-  return (rounded >= -32768.0) & (rounded <= 32767.0) ? rounded : otherwise;
+  const bool fits = (rounded >= -32768.0) & (rounded <= 32767.0);
+  return fits ? rounded : otherwise;
 }
 
 // The steps that follow: saturation, contrast.
