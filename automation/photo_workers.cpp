@@ -1,10 +1,10 @@
 #include "automation/photo_workers.h"
 
+#include <algorithm>
 #include <mutex>
 #include <optional>
-#include <system_error>
-#include <thread>
-#include <vector>
+
+#include "engine/helper_threads.h"
 
 namespace tarnwell {
 
@@ -23,16 +23,9 @@ void ForEachPhoto(std::size_t count, int workers, const std::function<bool(std::
     while (const auto number = take()) work(*number);
   };
 
-  std::vector<std::thread> helpers;
-  try {
-    for (int i = 1; i < workers && static_cast<std::size_t>(i) < count; ++i) {
-      helpers.emplace_back(work_through);
-    }
-  } catch (const std::system_error&) {
-    // The system lends no more threads; those that are there do the work.
-  }
+  const std::size_t at_once = std::min(count, static_cast<std::size_t>(std::max(workers, 1)));
+  const auto helpers = StartHelpers(static_cast<int>(at_once) - 1, work_through);
   work_through();
-  for (std::thread& helper : helpers) helper.join();
 }
 
 }  // namespace tarnwell

@@ -1,8 +1,9 @@
 #include "engine/pass.h"
 
+#include <algorithm>
 #include <atomic>
-#include <thread>
-#include <vector>
+
+#include "engine/helper_threads.h"
 
 namespace tarnwell {
 
@@ -31,12 +32,10 @@ bool ForEachPart(int count, int at_once, int threads, const std::function<void(i
     }
   };
 
-  std::vector<std::thread> helpers;
-  for (int i = 1; i < threads && i * at_once < count; ++i) {
-    helpers.emplace_back([&] { work_through([] {}); });
-  }
+  const int pieces = (count + at_once - 1) / at_once;
+  auto helpers = StartHelpers(std::min(threads, pieces) - 1, [&] { work_through([] {}); });
   work_through(report);
-  for (std::thread& helper : helpers) helper.join();
+  helpers.clear();
   report();
   return !stop;
 }
