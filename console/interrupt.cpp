@@ -1,15 +1,17 @@
 #include "console/interrupt.h"
 
+#include <atomic>
 #include <csignal>
 
 namespace tarnwell {
 namespace {
 
-// A signal can reach nothing but a variable of this kind.
-volatile std::sig_atomic_t interrupted = 0;
+// Set by a signal, which may not wait for a lock, and read by every thread that corrects a photo.
+std::atomic<bool> interrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
 
 extern "C" void RememberInterrupt(int signal_number) {
-  interrupted = 1;
+  interrupted = true;
   std::signal(signal_number, SIG_DFL);
 }
 
@@ -18,7 +20,7 @@ extern "C" void RememberInterrupt(int signal_number) {
 std::function<bool()> WatchForInterrupt() {
   std::signal(SIGINT, RememberInterrupt);
   std::signal(SIGTERM, RememberInterrupt);
-  return [] { return interrupted != 0; };
+  return [] { return interrupted.load(); };
 }
 
 }  // namespace tarnwell
