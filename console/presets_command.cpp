@@ -27,6 +27,8 @@ std::string WordsNotKept(const Settings& settings) {
   if (settings.learn) add(true, *settings.learn ? "--learn" : "--no-learn");
   add(settings.rotation.has_value(), "--rotation");
   add(settings.white.has_value(), "--white");
+  add(settings.quality && !settings.quality->has_value(), "--quality original");
+  add(settings.leave_place_out, "--strip-place");
   add(settings.analyze_full, "--analyze");
   add(settings.extended_noise, "--extended-noise");
   return words;

@@ -88,6 +88,23 @@ TEST_F(RememberedTest, APresetGivesTheSamePictureAsItsSettings) {
   EXPECT_EQ(folder.Read("copy.twp"), text);
 }
 
+TEST_F(RememberedTest, WordsThatAPresetDoesNotKeepAreNamed) {
+  const struct {
+    Words words;
+    std::string named;
+  } rows[] = {{{"--check", "1=1", "--check", "3=1"}, "--check 1"},
+              {{"--no-learn", "--rotation", "2"}, "--no-learn, --rotation"},
+              {{"--white", "9,9,9", "--strip-place"}, "--white, --strip-place"},
+              {{"--quality", "original", "--analyze", "full"}, "--quality original, --analyze"},
+              {{"--quality", "90", "--extended-noise"}, "--extended-noise"}};
+  for (const auto& row : rows) {
+    Words words = {"presets", "save", "@look.twp"};
+    words.insert(words.end(), row.words.begin(), row.words.end());
+    EXPECT_EQ(Run(words), 0);
+    EXPECT_TRUE(err.str().ends_with(": a preset does not keep " + row.named + "\n")) << err.str();
+  }
+}
+
 TEST_F(RememberedTest, TestShotsBecomeAMapThatRepairsPhotosOfTheirCamera) {
   PixelArray dark(40, 30);
   std::uint8_t* hot = dark.mutable_view().at(17, 11);
