@@ -201,6 +201,8 @@ std::optional<ByteRange> ExifBlock::ThumbnailBytes() const {
   const ExifEntry* offset = layout_.thumbnail->Find(kThumbnailOffset);
   const ExifEntry* length = layout_.thumbnail->Find(kThumbnailLength);
   if (!offset || !length || BytesOfNumber(*offset) != 4) return std::nullopt;
+  // A new thumbnail can take more than the 255 bytes that a single byte tells.
+  if (BytesOfNumber(*length) == 1) return std::nullopt;
   if (compression && Number(*compression) != kJpegCompression) return std::nullopt;
   const std::size_t begin = Number(*offset), size = Number(*length);
   if (size == 0 || begin > block().size() || size > block().size() - begin) return std::nullopt;

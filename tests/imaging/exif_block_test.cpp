@@ -140,14 +140,24 @@ TEST(ExifBlock, DamagedStructuresAreNoBlock) {
 
 TEST(ExifBlock, ADamagedThumbnailAloneIsTakenOff) {
   const std::string sound = MakeExif({.thumbnail = "\xFF\xD8thumb"});
-  for (const int link : {8, 20, 0x7FFF}) {
+  const std::size_t length = sound.find("\xFF\xD8thumb") - 4 - 12;  // the last entry
+  struct Case {
+    std::size_t at;
+    std::uint8_t low, high;
+    const char* what;
+  };
+  const Case cases[] = {{6 + 46, 8, 0, "its directory is the main one"},
+                        {6 + 46, 20, 0, "its directory lies across the main one"},
+                        {6 + 46, 0xFF, 0x7F, "its directory lies behind the end"},
+                        {length + 2, 1, 0, "its length is a byte, and the new one may be longer"}};
+  for (const Case& c : cases) {
     std::string damaged = sound;
-    damaged[6 + 46] = static_cast<char>(link & 0xFF);
-    damaged[6 + 47] = static_cast<char>(link >> 8);
+    damaged[c.at] = static_cast<char>(c.low);
+    damaged[c.at + 1] = static_cast<char>(c.high);
     auto exif = ExifBlock::Parse(damaged);
-    ASSERT_TRUE(exif) << link;
-    exif->ReplaceThumbnail(Making(10));
-    EXPECT_EQ(exif->content().substr(6 + 46, 4), std::string(4, '\0'));
+    ASSERT_TRUE(exif) << c.what;
+    exif->ReplaceThumbnail(Making(300));
+    EXPECT_EQ(exif->content().substr(6 + 46, 4), std::string(4, '\0')) << c.what;
   }
 }
 
