@@ -1,6 +1,6 @@
-// Runs a fuzz target over stored inputs: every file of the folders named on the command line, then
-// some seeds made here. A fault ends the program, as it would end the fuzzer; a run that found no
-// stored input has failed.
+// Runs a fuzz target over stored inputs: every file of the folders named on the command line, cut
+// and flipped too, then noise. A fault ends the program, as it would end the fuzzer; a run that
+// found no stored input has failed.
 
 #include <cstdint>
 #include <cstdio>

@@ -11,6 +11,13 @@ namespace {
 constexpr int kExtension = 0x21;
 constexpr int kImage = 0x2C;
 
+// A code has at least 2 bits and stands for at most 4096 pixels.
+constexpr std::uint64_t kMostPixelsPerByte = 4 * 4096;
+// A frame may be small on a large screen, but a few bytes shall not take gigabytes.
+constexpr std::uint64_t kMostEmptyScreen = 1 << 28;
+
+std::uint64_t Area(int width, int height) { return static_cast<std::uint64_t>(width) * height; }
+
 // Reads on from the front; past the end it gives 0 and remembers.
 class Reader {
  public:
@@ -103,11 +110,12 @@ Result<GifFirstFrame> FindGifFirstFrame(std::string_view bytes, const std::strin
   if (longest > kMaxSide) {
     return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
   }
-  // A code has at least 2 bits and stands for at most 4096 pixels.
-  constexpr std::uint64_t kMostPixelsPerByte = 4 * 4096;
-  const std::uint64_t pixels = static_cast<std::uint64_t>(frame.width) * frame.height;
-  if (reader.broke_off() || pixels > (frame.end - data_start) * kMostPixelsPerByte) {
+  const std::uint64_t most_drawn = (frame.end - data_start) * kMostPixelsPerByte;
+  if (reader.broke_off() || Area(frame.width, frame.height) > most_drawn) {
     return Damaged(name, kBreaksOff);
+  }
+  if (Area(frame.screen_width, frame.screen_height) > std::max(kMostEmptyScreen, most_drawn)) {
+    return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
   }
   if (std::min(frame.width, frame.height) == 0) return Damaged(name, "holds no picture");
   if (global_table + local_table == 0) return Damaged(name, "holds no colours");

@@ -24,7 +24,8 @@ struct GifFirstFrame {
 
 // Finds the first frame without decoding it; what follows it is not looked at. Fails, with a
 // message about `name`, with kDamaged (breaks off within the frame, has no frame, a side of 0, or
-// no colours) or kTooLarge (a side above kMaxSide).
+// no colours) or kTooLarge (a side above kMaxSide, or a screen of more than 268 megapixels for a
+// frame that fills little of it).
 Result<GifFirstFrame> FindGifFirstFrame(std::string_view bytes, const std::string& name);
 
 }  // namespace tarnwell

@@ -12,12 +12,6 @@ namespace {
 
 constexpr int kProgressive = 0xC2;
 
-// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
-// bytes. Photos have about ten scans; this allows 20 at 200 megapixels, and more for smaller ones.
-// The constant per scan stands for setting up its tables.
-constexpr double kMostScannedPixels = 4e9;
-constexpr double kPixelsPerScanSetup = 4096;
-
 struct Frame {
   int marker = 0;
   int bits = 0;

@@ -7,6 +7,13 @@
 
 namespace tarnwell {
 
+// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
+// bytes of the file. Photos have about ten scans; this allows 20 at 200 megapixels, and more for
+// smaller ones.
+inline constexpr double kMostScannedPixels = 4e9;
+// Setting up the tables of a scan costs as much as going over some pixels.
+inline constexpr double kPixelsPerScanSetup = 4096;
+
 // Whether the file's content says that it is a JPEG file. It may still be damaged or unsupported.
 bool IsJpeg(std::string_view bytes);
 
@@ -23,8 +30,8 @@ struct PictureSize {
 // Fails, with a message about `name`, with kDamaged (no frame header, a side of 0, the end marker
 // is missing, or fewer bytes than any picture of that size takes), kUnsupported (lossless,
 // hierarchical or arithmetic coding, samples of other than 8 bits, other than 1, 3 or 4 components)
-// or kTooLarge (a side above kMaxSide, or so many scans that decoding would take
-// minutes).
+// or kTooLarge (a side above kMaxSide, or so many scans that decoding would take minutes: scans
+// times pixels above kMostScannedPixels).
 Result<PictureSize> CheckJpeg(std::string_view bytes, const std::string& name);
 
 }  // namespace tarnwell

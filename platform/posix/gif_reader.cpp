@@ -6,13 +6,11 @@
 #include <memory>
 #include <vector>
 
+#include "imaging/gif_structure.h"
 #include "platform/posix/memory_limit.h"
 
 namespace tarnwell {
 namespace {
-
-// A compressed code has at least 2 bits and stands for at most 4096 pixels.
-constexpr std::uint64_t kMostPixelsPerByte = 4 * 4096;
 
 // Interlaced rows come in four runs.
 struct Run {
@@ -60,18 +58,13 @@ bool ReadExtension(GifFileType* gif, int& transparent) {
   return true;
 }
 
-enum class Found { kFrame, kNoFrame, kFailed };
-
-// Reads up to and including the header of the first frame.
-Found FindFirstFrame(GifFileType* gif, int& transparent) {
+// Reads up to and including the header of the first frame. False on failure.
+bool FindFirstFrame(GifFileType* gif, int& transparent) {
   for (;;) {
     GifRecordType record;
-    if (DGifGetRecordType(gif, &record) == GIF_ERROR) return Found::kFailed;
-    if (record == TERMINATE_RECORD_TYPE) return Found::kNoFrame;
-    if (record == IMAGE_DESC_RECORD_TYPE) {
-      return DGifGetImageDesc(gif) == GIF_ERROR ? Found::kFailed : Found::kFrame;
-    }
-    if (!ReadExtension(gif, transparent)) return Found::kFailed;
+    if (DGifGetRecordType(gif, &record) == GIF_ERROR) return false;
+    if (record == IMAGE_DESC_RECORD_TYPE) return DGifGetImageDesc(gif) != GIF_ERROR;
+    if (record == TERMINATE_RECORD_TYPE || !ReadExtension(gif, transparent)) return false;
   }
 }
 
@@ -115,31 +108,22 @@ void FillWhite(MutablePixelView picture) {
 }  // namespace
 
 Result<Picture> DecodeGif(std::string_view bytes, const std::string& name) {
+  const Result<GifFirstFrame> place = FindGifFirstFrame(bytes, name);
+  if (!place.ok()) return place.status;
+  if (!MemoryHoldsPicture(place->screen_width, place->screen_height)) {
+    return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
+  }
   std::string_view rest = bytes;
   int error = 0;
   const std::unique_ptr<GifFileType, Closer> gif(DGifOpen(&rest, ReadFromMemory, &error));
   if (!gif) return Status::Error(Failure::kDamaged, name + ": the file breaks off");
   int transparent = NO_TRANSPARENT_COLOR;
-  const Found found = FindFirstFrame(gif.get(), transparent);
-  if (found == Found::kFailed) return Damaged(name, *gif);
-  const GifImageDesc& frame = gif->Image;
-  if (found == Found::kNoFrame || frame.Width < 1 || frame.Height < 1) {
-    return Status::Error(Failure::kDamaged, name + ": holds no picture");
-  }
-  const ColorMapObject* colours = frame.ColorMap != nullptr ? frame.ColorMap : gif->SColorMap;
+  if (!FindFirstFrame(gif.get(), transparent)) return Damaged(name, *gif);
+  const ColorMapObject* colours =
+      gif->Image.ColorMap != nullptr ? gif->Image.ColorMap : gif->SColorMap;
   if (colours == nullptr) return Status::Error(Failure::kDamaged, name + ": holds no colours");
 
-  // Some writers leave the screen's size out; the frame then is the picture.
-  const int width = gif->SWidth > 0 ? gif->SWidth : frame.Width;
-  const int height = gif->SHeight > 0 ? gif->SHeight : frame.Height;
-  if (!MemoryHoldsPicture(width, height)) {
-    return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
-  }
-  const std::uint64_t frame_pixels = static_cast<std::uint64_t>(frame.Width) * frame.Height;
-  if (frame_pixels > rest.size() * kMostPixelsPerByte) {
-    return Status::Error(Failure::kDamaged, name + ": the file breaks off");
-  }
-  const auto pixels = TryMakePixels(width, height);
+  const auto pixels = TryMakePixels(place->screen_width, place->screen_height);
   if (!pixels) return Status::Error(Failure::kTooLarge, name + ": not enough memory");
   FillWhite(pixels->mutable_view());
   if (!DrawFrame(gif.get(), *colours, transparent, pixels->mutable_view())) {

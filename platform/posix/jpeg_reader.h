@@ -3,15 +3,11 @@
 #include <string>
 #include <string_view>
 
+#include "imaging/jpeg_structure.h"
 #include "imaging/pixel_array.h"
 #include "platform/status.h"
 
 namespace tarnwell {
-
-// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
-// bytes of the file. Photos have about ten scans; this allows 20 at 200 megapixels, and more for
-// smaller ones.
-inline constexpr double kMostScannedPixels = 4e9;
 
 // Decodes a baseline or progressive JPEG file of grey, YCbCr, RGB, CMYK or YCCK. `name` is the
 // file's name for the message of a failure ("NAME: reason"). Bytes after the end marker and odd

@@ -6,15 +6,14 @@
 #include <cstring>
 #include <jerror.h>
 
+#include "imaging/jpeg_structure.h"
+
 namespace tarnwell {
 namespace {
 
 // libjpeg keeps the coefficients of a progressive picture in memory: up to 8 bytes per pixel. This
 // is enough for 250 megapixels.
 constexpr long kMostCoefficientBytes = 2'000'000'000;
-
-// Setting up the tables of a scan costs as much as going over some pixels.
-constexpr double kPixelsPerScanSetup = 4096;
 
 JpegProblem ProblemOfError(int code) {
   switch (code) {

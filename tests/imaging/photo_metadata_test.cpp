@@ -3,75 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "imaging/icc_profile.h"
-#include "imaging/jpeg_encoder.h"
-#include "imaging/jpeg_segments.h"
 #include "tests/support/exif_builder.h"
 #include "tests/support/pictures.h"
+#include "tests/support/segment_builder.h"
 
 namespace tarnwell {
 namespace {
 
-struct Piece {
-  int app;  // -1 for a comment
-  std::string content;
-};
-
-const std::string kXmp("http://ns.adobe.com/xap/1.0/\0", 29);
-const std::string kExtension =
-    std::string("http://ns.adobe.com/xmp/extension/\0", 35) + std::string(40, 'g');
-const std::string kPhotoshop("Photoshop 3.0\0", 14);
-
-std::string Segments(const std::vector<Piece>& pieces) {
-  std::string segments;
-  for (const auto& [app, content] : pieces) {
-    AddSegment(segments, app < 0 ? kCommentMarker : static_cast<std::uint8_t>(kFirstApp + app),
-               content);
-  }
-  return segments;
-}
-
-std::string Jpeg(const std::vector<Piece>& pieces, const std::string& behind = {}) {
-  const std::vector<std::uint8_t> pixels(16 * 16 * 3, 90);
-  return WithSegments(EncodeJpeg({pixels.data(), 48, 16, 16}, 80, true), Segments(pieces)) + behind;
-}
-
 // What is saved with a picture of 40 x 30 of a photo with these segments.
 std::string Saved(const SharedMetadata& metadata, bool leave_place_out = false) {
   return MetadataFor(*metadata, PixelArray(40, 30).view(), leave_place_out).segments;
-}
-
-std::string Icc(int number, int count, const std::string& part) {
-  return std::string("ICC_PROFILE\0", 12) + static_cast<char>(number) + static_cast<char>(count) +
-         part;
-}
-
-std::string Profile(const std::string& colours = "RGB ") {
-  std::string profile(300, 'p');
-  profile.replace(0, 4, std::string("\0\0\1\x2C", 4));
-  profile.replace(16, 4, colours);
-  profile.replace(36, 4, "acsp");
-  return profile;
-}
-
-std::string Packet(const std::string& attributes, const std::string& elements = {}) {
-  return kXmp +
-         "<?xpacket begin='' id='W5M0'?><x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF>"
-         "<rdf:Description xmlns:tiff=\"http://ns.adobe.com/tiff/1.0/\""
-         " xmlns:exif=\"http://ns.adobe.com/exif/1.0/\"" +
-         attributes + ">" + elements +
-         "</rdf:Description></rdf:RDF></x:xmpmeta>\n   \n<?xpacket end=\"w\"?>";
-}
-
-std::string Resource(int number, const std::string& content) {
-  std::string resource = "8BIM";
-  resource += {static_cast<char>(number >> 8), static_cast<char>(number), '\0', '\0'};
-  resource += std::string(3, '\0') + static_cast<char>(content.size()) + content;
-  return content.size() % 2 == 1 ? resource + '\0' : resource;
-}
-
-std::string Field(int number, const std::string& value) {
-  return std::string("\x1C\2") + static_cast<char>(number) + '\0' +
-         static_cast<char>(value.size()) + value;
 }
 
 TEST(PhotoMetadata, WhatStaysTrueStaysByteForByte) {
@@ -82,7 +23,7 @@ TEST(PhotoMetadata, WhatStaysTrueStaysByteForByte) {
       {2, Icc(2, 2, profile.substr(150))},  // out of order is allowed
       {2, Icc(1, 2, profile.substr(0, 150))},
       {5, "a camera's own data"},
-      {13, kPhotoshop + Resource(0x0404, Field(5, "Title") + Field(90, "City")) +
+      {13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title") + Field(90, "City")) +
                Resource(0x0425, "sixteen bytes   ")},
       {-1, "A comment\n"},
   };
@@ -97,41 +38,44 @@ TEST(PhotoMetadata, WhatStaysTrueStaysByteForByte) {
 }
 
 TEST(PhotoMetadata, LeavesThePlaceOutEverywhere) {
-  const SharedMetadata metadata = ReadPhotoMetadata(Jpeg(
-      {{1, MakeExif({.place = true})},
-       {1, Packet(" exif:GPSLatitude='50,1N' tiff:Make='A'",
-                  "<exif:GPSAreaInformation><rdf:Bag/></exif:GPSAreaInformation>")},
-       {1, kExtension + "<x exif:GPSLatitude='50'/>"},
-       {6, "where the drone flew"},
-       {13, kPhotoshop + Resource(0x0404, Field(5, "Title") + Field(90, "Bonn") + Field(7, "x")) +
-                Resource(0x0422, "EXIF copy")}}));
-  EXPECT_EQ(Saved(metadata, true),
-            Segments({{1,
-                       [&] {
-                         auto exif = ExifBlock::Parse(MakeExif({.place = true}));
-                         EXPECT_TRUE(exif->LeavePlaceOut());
-                         exif->SetPixelSize(40, 30);
-                         return exif->content();
-                       }()},
-                      {1, Packet(" tiff:Make='A'", "")},
-                      {13, kPhotoshop + Resource(0x0404, Field(5, "Title") + Field(7, "x"))}}));
+  const SharedMetadata metadata = ReadPhotoMetadata(
+      Jpeg({{1, MakeExif({.place = true})},
+            {1, Packet(" exif:GPSLatitude='50,1N' tiff:Make='A'",
+                       "<exif:GPSAreaInformation><rdf:Bag/></exif:GPSAreaInformation>")},
+            {1, kXmpExtension + "<x exif:GPSLatitude='50'/>"},
+            {6, "where the drone flew"},
+            {13, kPhotoshopSignature +
+                     Resource(0x0404, Field(5, "Title") + Field(90, "Bonn") + Field(7, "x")) +
+                     Resource(0x0422, "EXIF copy")}}));
+  EXPECT_EQ(
+      Saved(metadata, true),
+      Segments({{1,
+                 [&] {
+                   auto exif = ExifBlock::Parse(MakeExif({.place = true}));
+                   EXPECT_TRUE(exif->LeavePlaceOut());
+                   exif->SetPixelSize(40, 30);
+                   return exif->content();
+                 }()},
+                {1, Packet(" tiff:Make='A'", "")},
+                {13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title") + Field(7, "x"))}}));
 }
 
 TEST(PhotoMetadata, WhatTheChangeMakesUntrueIsPutRight) {
   const std::string preview = "\xFF\xD8\xFF\xE0 a preview";
-  const SharedMetadata metadata = ReadPhotoMetadata(
-      Jpeg({{1, MakeExif({.orientation = 8, .width = 30, .height = 40})},
-            {1, Packet(" tiff:Orientation=\"8\" exif:PixelXDimension='30'",
-                       "<tiff:ImageLength>40</tiff:ImageLength>")},
-            {4, "first half " + preview},
-            {4, "second half"},
-            {13, kPhotoshop + Resource(0x040C, preview) + Resource(0x0404, Field(5, "Title"))}}));
+  const SharedMetadata metadata =
+      ReadPhotoMetadata(Jpeg({{1, MakeExif({.orientation = 8, .width = 30, .height = 40})},
+                              {1, Packet(" tiff:Orientation=\"8\" exif:PixelXDimension='30'",
+                                         "<tiff:ImageLength>40</tiff:ImageLength>")},
+                              {4, "first half " + preview},
+                              {4, "second half"},
+                              {13, kPhotoshopSignature + Resource(0x040C, preview) +
+                                       Resource(0x0404, Field(5, "Title"))}}));
   EXPECT_EQ(metadata->orientation, 8);
   EXPECT_EQ(Saved(metadata),
             Segments({{1, MakeExif({.orientation = 1, .width = 40, .height = 30})},
                       {1, Packet(" tiff:Orientation=\"1\" exif:PixelXDimension='40'",
                                  "<tiff:ImageLength>30</tiff:ImageLength>")},
-                      {13, kPhotoshop + Resource(0x0404, Field(5, "Title"))}}));
+                      {13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title"))}}));
 }
 
 TEST(PhotoMetadata, CompanionPicturesAndTheirTagsAreLeftOutAndTold) {
@@ -148,7 +92,7 @@ TEST(PhotoMetadata, CompanionPicturesAndTheirTagsAreLeftOutAndTold) {
       {Jpeg({{1, Packet(gain + " tiff:Make='A'", list + "<tiff:Model>B</tiff:Model>")}}),
        Segments({{1, Packet(" tiff:Make='A'", "<tiff:Model>B</tiff:Model>")}})},
       {Jpeg({{1, Packet(" xmlns:N=\"http://ns.adobe.com/xmp/note/\" N:HasExtendedXMP='g'")},
-             {1, kExtension + "<x xmlns:D='http://ns.google.com/photos/1.0/depthmap/'/>"}}),
+             {1, kXmpExtension + "<x xmlns:D='http://ns.google.com/photos/1.0/depthmap/'/>"}}),
        Segments({{1, Packet(" xmlns:N=\"http://ns.adobe.com/xmp/note/\"")}})},
       {Jpeg({{2, std::string("MPF\0", 4) + "index"}}), ""},
       {Jpeg({}, Jpeg({{1, MakeExif({.orientation = 6})}})), ""},
@@ -184,7 +128,7 @@ TEST(PhotoMetadata, DamagedSegmentsAreDroppedAndTold) {
        "The colour profile is damaged or not complete and is left out."},
       {{{2, Icc(1, 1, Profile("GRAY"))}},
        "The colour profile is for grey pictures or for inks and is left out."},
-      {{{13, kPhotoshop + Resource(0x0404, Field(5, "Title")).substr(0, 20)}},
+      {{{13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title")).substr(0, 20)}},
        "The IPTC data is damaged and is left out."},
   };
   for (const Case& c : cases) {
@@ -199,15 +143,15 @@ TEST(PhotoMetadata, DamagedSegmentsAreDroppedAndTold) {
 // Shapes of files that cost a careless reader the square of their length. Nothing is timed here: a
 // square of these would run into the time limit of the tests.
 TEST(PhotoMetadata, HugeHeadersTakeNoLongerThanTheyAreLong) {
-  std::vector<Piece> many(65000, {13, kPhotoshop + Resource(0x0404, Field(5, "Title"))});
-  many.resize(130000, {1, kExtension + std::string(60, ' ') + ":GPS"});
+  std::vector<Piece> many(65000, {13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title"))});
+  many.resize(130000, {1, kXmpExtension + std::string(60, ' ') + ":GPS"});
   const SharedMetadata crowd = ReadPhotoMetadata(Jpeg(many));
   EXPECT_EQ(crowd->segments.size(), 130000u);
   EXPECT_FALSE(Saved(crowd, true).empty());
 
   std::string nested;
   for (int i = 0; i < 6000; ++i) nested += "<a b='c'>";
-  std::vector<Piece> large(80, {1, kXmp + nested});
+  std::vector<Piece> large(80, {1, kXmpName + nested});
   EXPECT_EQ(Saved(ReadPhotoMetadata(Jpeg(large))), "");
 }
 

@@ -48,6 +48,13 @@ TEST(GifStructureTest, RefusesWhatCannotBeShown) {
       {"no rows", kScreen + "\x2C\0\0\0\0\1\0\0\0\0\2\1a\0"s, Failure::kDamaged},
       {"screen too wide", "GIF89a\0\x80\1\0\x80\0\0abcdef"s + one_by_one, Failure::kTooLarge},
       {"frame too high", kScreen + "\x2C\0\0\0\0\1\0\0\x80\0\2\1a\0"s, Failure::kTooLarge},
+      {"screen of 4 billion pixels", "GIF89a\xFF\xFF\xFF\xFF\x80\0\0abcdef"s + one_by_one,
+       Failure::kTooLarge},
+      {"largest screen for a dot", "GIF89a\xFF\x7F\xFF\x7F\x80\0\0abcdef"s + one_by_one,
+       Failure::kTooLarge},
+      {"screen above the limit", "GIF89a\0\x40\1\x40\x80\0\0abcdef"s + one_by_one,
+       Failure::kTooLarge},
+      {"screen at the limit", "GIF89a\0\x40\0\x40\x80\0\0abcdef"s + one_by_one, Failure::kNone},
       {"too little data", kScreen + "\x2C\0\0\0\0\0\x70\0\x70\0\2\1a\0"s, Failure::kDamaged},
   };
   for (const auto& c : kCases) {

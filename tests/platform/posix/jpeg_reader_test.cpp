@@ -111,9 +111,15 @@ std::string WithSize(std::string bytes, const std::string& marker, int side) {
 }
 
 TEST(JpegReaderTest, ASmallFileGetsNoMemoryForAHugePicture) {
-  // 20000 x 20000 grey samples are 6,250,000 blocks, of a bit each at least.
+  // 20000 x 20000 grey samples are 6,250,000 blocks, of a bit each at least; arithmetic coding is
+  // allowed to do with a 64th of that.
   const std::string huge = WithSize(kGreyJpeg, "\xFF\xC0", 20000);
   EXPECT_EQ(DecodeJpeg(huge, "a").status.failure, Failure::kDamaged);
+  const std::string arithmetic =
+      MakeJpeg({.width = 8, .height = 8, .arithmetic = true, .samples = Filled(64, {9, 9, 9})});
+  EXPECT_TRUE(DecodeJpeg(arithmetic, "a").ok());
+  EXPECT_EQ(DecodeJpeg(WithSize(arithmetic, "\xFF\xC9", 20000), "a").status.message,
+            "a: the file breaks off");
 }
 
 TEST(JpegReaderTest, MoreScansThanTheWorkAllowsAreRefused) {

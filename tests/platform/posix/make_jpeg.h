@@ -15,11 +15,14 @@ struct JpegRecipe {
   J_COLOR_SPACE input = JCS_RGB;
   J_COLOR_SPACE stored = JCS_YCbCr;
   bool progressive = false;
+  bool arithmetic = false;
   bool adobe_marker = true;  // only asked for CMYK and YCCK
+  int chrominance = 1;       // is stored at one so-manyth of the resolution, both ways
+  unsigned restart_interval = 0;
   std::vector<unsigned char> samples = {};
 };
 
-// A JPEG file of an odd kind, at quality 100 and full chrominance. Faults in a recipe end the test
+// A JPEG file of an odd kind, at quality 100. Faults in a recipe end the test
 // program, libjpeg telling which.
 inline std::string MakeJpeg(const JpegRecipe& recipe) {
   jpeg_compress_struct info = {};
@@ -39,6 +42,9 @@ inline std::string MakeJpeg(const JpegRecipe& recipe) {
   for (int i = 0; i < info.num_components; ++i) {
     info.comp_info[i].h_samp_factor = info.comp_info[i].v_samp_factor = 1;
   }
+  info.comp_info[0].h_samp_factor = info.comp_info[0].v_samp_factor = recipe.chrominance;
+  info.restart_interval = recipe.restart_interval;
+  if (recipe.arithmetic) info.arith_code = TRUE;
   if (recipe.progressive) jpeg_simple_progression(&info);
   if (!recipe.adobe_marker) info.write_Adobe_marker = FALSE;
   jpeg_start_compress(&info, TRUE);
