@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "automation/free_name.h"
 #include "automation/name_plan.h"
 #include "imaging/output_names.h"
 #include "platform/files.h"
@@ -55,15 +56,6 @@ AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedP
     if (corrected.status.failure == Failure::kNoAccess) fate = PhotoFate::kWaits;
   }
   return {fate, std::move(corrected.status), {}};
-}
-
-// A dot in the name of a folder makes a numbered name lead into a folder that does not exist. Found
-// before the work begins, so that no copy is saved whose source could not be moved.
-Status NameLeadsSomewhere(Files& files, const std::string& path, const std::string& wish) {
-  const std::string folder = SplitPhotoPath(path).folder;
-  if (folder == SplitPhotoPath(wish).folder || files.FolderExists(folder)) return Status::Ok();
-  return Status::Error(Failure::kNotFound, files.Display(wish) + ": is there already, and " +
-                                               files.Display(path) + " lies in no folder");
 }
 
 AutoPhotoOutcome MoveSource(Form1& form, const AutoPhotoTask& task, const std::string& saved_as,

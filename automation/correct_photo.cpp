@@ -48,7 +48,7 @@ class Unattended {
 Status Save(Form1& form, const PhotoTask& task, NamePlan& plan, std::string& saved_as) {
   for (std::string target = task.target;; target = plan.Take(task.wanted)) {
     form.names.output_path = target;
-    const Status saved = FileSave(form, /*notify=*/false);
+    const Status saved = FileSave(form, /*notify=*/true);
     // The save asks for another name, and nobody answers, when a file of this one came up
     // meanwhile.
     const bool taken = saved.failure == Failure::kCancelled && !form.app.cancel_requested &&

@@ -1,5 +1,6 @@
 #include "automation/free_name.h"
 
+#include "imaging/output_names.h"
 #include "platform/files.h"
 
 namespace tarnwell {
@@ -16,6 +17,13 @@ std::string FreeName(const std::string& path, Files& files) {
     std::string name = NumberedName(path, number);
     if (!files.FileExists(name) && !files.FolderExists(name)) return name;
   }
+}
+
+Status NameLeadsSomewhere(Files& files, const std::string& path, const std::string& wish) {
+  const std::string folder = SplitPhotoPath(path).folder;
+  if (folder == SplitPhotoPath(wish).folder || files.FolderExists(folder)) return Status::Ok();
+  return Status::Error(Failure::kNotFound, files.Display(wish) + ": is there already, and " +
+                                               files.Display(path) + " lies in no folder");
 }
 
 }  // namespace tarnwell

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/status.h"
+
 namespace tarnwell {
 
 class Files;
@@ -13,5 +15,9 @@ std::string FreeName(const std::string& path, Files& files);
 
 // The name that FreeName tries for `number`; 0 is `path` itself.
 std::string NumberedName(const std::string& path, int number);
+
+// Fails when `path`, made free from `wish`, lies in a folder that does not exist: a dot in the name
+// of a folder does that. Found before the work begins, so that nothing is corrected in vain.
+Status NameLeadsSomewhere(Files& files, const std::string& path, const std::string& wish);
 
 }  // namespace tarnwell

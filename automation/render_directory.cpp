@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "engine/adjust_directory.h"
+#include "automation/adjust_directory.h"
 #include "engine/pass_progress.h"
 #include "imaging/output_names.h"
 #include "platform/clock.h"
@@ -49,27 +49,31 @@ std::string Summary(const DirectoryOutcome& outcome, const std::string& output_f
   return text;
 }
 
-Result<DirectoryOutcome> RunDirectory(Form1& form,
-                                      const std::function<void(const std::string&)>& show_status) {
+Result<DirectoryOutcome> RunDirectory(Form1& form, const DirectoryView& view) {
   form.progress.caption = "Progress";
   const ProgressWindow window(form.progress, kCollecting);
   const std::int64_t started = form.platform.clock.Nanos();
-  auto outcome = AdjustDirectory(form, [&](int number, int total, const std::string& name) {
-    const std::int64_t elapsed = form.platform.clock.Nanos() - started;
-    form.progress.caption = "Progress - " + name;
-    form.progress.lblFolder = "Photo " + ShownPosition(number, total, number - 1, elapsed);
-    ShowPercentage(form.progress, 0);
-    ShowStage(form.progress, kCollecting);
-    show_status("Photo " + std::to_string(number) + " of " + std::to_string(total) + ": " + name);
-  });
+  auto outcome = AdjustDirectory(
+      form, {.begins =
+                 [&](int number, int total, const std::string& name) {
+                   const std::int64_t elapsed = form.platform.clock.Nanos() - started;
+                   form.progress.caption = "Progress - " + name;
+                   form.progress.lblFolder =
+                       "Photo " + ShownPosition(number, total, number - 1, elapsed);
+                   ShowPercentage(form.progress, 0);
+                   ShowStage(form.progress, kCollecting);
+                   view.show_status("Photo " + std::to_string(number) + " of " +
+                                    std::to_string(total) + ": " + name);
+                 },
+             .shown = view.show_photo});
   form.progress.lblFolder.clear();
-  show_status("");
+  view.show_status("");
   return outcome;
 }
 
 }  // namespace
 
-void Command1_Click(Form1& form, const std::function<void(const std::string&)>& show_status) {
+void Command1_Click(Form1& form, const DirectoryView& view) {
   Dialogs& dialogs = form.platform.dialogs;
   if (form.app.current_file.empty()) {
     dialogs.Tell(form.app.title, "Open a photo of the directory first.", Icon::kInformation);
@@ -78,7 +82,7 @@ void Command1_Click(Form1& form, const std::function<void(const std::string&)>& 
   if (dialogs.Ask(kQuestionTitle, kQuestion, Icon::kQuestion) != Answer::kYes) return;
 
   const std::string folder = SplitPhotoPath(form.app.current_file).folder;
-  const auto outcome = RunDirectory(form, show_status);
+  const auto outcome = RunDirectory(form, view);
   if (!outcome.ok()) return TellFailure(form, outcome.status);
   const bool all_done = outcome->failures.empty();
   dialogs.Tell(form.app.title,

@@ -25,9 +25,9 @@ class SwitchedDialogs : public Dialogs {
                                             const std::string& filter) override {
     return Now().ChooseOpenFile(title, filter);
   }
-  std::optional<std::string> ChooseSaveFile(const std::string& title,
-                                            const std::string& filter) override {
-    return Now().ChooseSaveFile(title, filter);
+  std::optional<std::string> ChooseSaveFile(const std::string& title, const std::string& filter,
+                                            TakenNames taken) override {
+    return Now().ChooseSaveFile(title, filter, taken);
   }
   std::optional<std::string> ChooseFolder(const std::string& title,
                                           const std::string& start) override {

@@ -23,7 +23,8 @@ class UnattendedDialogs : public Dialogs {
   std::optional<std::string> ChooseOpenFile(const std::string&, const std::string&) override {
     return std::nullopt;
   }
-  std::optional<std::string> ChooseSaveFile(const std::string&, const std::string&) override {
+  std::optional<std::string> ChooseSaveFile(const std::string&, const std::string&,
+                                            TakenNames) override {
     return std::nullopt;
   }
   std::optional<std::string> ChooseFolder(const std::string&, const std::string&) override {

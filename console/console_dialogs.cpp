@@ -30,7 +30,8 @@ std::optional<std::string> ConsoleDialogs::ChooseOpenFile(const std::string&, co
   return std::nullopt;
 }
 
-std::optional<std::string> ConsoleDialogs::ChooseSaveFile(const std::string&, const std::string&) {
+std::optional<std::string> ConsoleDialogs::ChooseSaveFile(const std::string&, const std::string&,
+                                                          TakenNames) {
   return std::nullopt;
 }
 

@@ -27,8 +27,8 @@ class ConsoleDialogs : public Dialogs {
   std::string AskText(const std::string& title, const std::string& prompt) override;
   std::optional<std::string> ChooseOpenFile(const std::string& title,
                                             const std::string& filter) override;
-  std::optional<std::string> ChooseSaveFile(const std::string& title,
-                                            const std::string& filter) override;
+  std::optional<std::string> ChooseSaveFile(const std::string& title, const std::string& filter,
+                                            TakenNames taken) override;
   std::optional<std::string> ChooseFolder(const std::string& title,
                                           const std::string& start) override;
 

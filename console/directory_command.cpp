@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "automation/adjust_directory.h"
 #include "automation/correct_photo.h"
+#include "automation/free_name.h"
 #include "automation/name_plan.h"
 #include "automation/photo_workers.h"
 #include "automation/unattended_dialogs.h"
@@ -13,7 +15,6 @@
 #include "console/console_window.h"
 #include "console/folder_progress.h"
 #include "console/photo_budget.h"
-#include "engine/adjust_directory.h"
 #include "imaging/output_names.h"
 #include "imaging/photo_list.h"
 
@@ -106,9 +107,12 @@ void DirectoryCommand::Correct(std::size_t index) {
     const int threads = ThreadsPerPhoto(budget_, photo.memory, ThreadsOf(settings_), workers_);
     ConsoleSystem system;  // its codecs are shared with nobody
     ConsoleWindow window(start_, system, dialogs_, host_.interrupted, threads, view.get());
-    CorrectedPhoto corrected = CorrectPhoto(window.form, photo.task, plan_, [](PhotoStep) {});
-    for (const std::string& note : corrected.notes) dialogs_.Tell({}, note, Icon::kInformation);
-    photo.status = std::move(corrected.status);
+    photo.status = NameLeadsSomewhere(files(), photo.task.target, photo.task.wanted);
+    if (photo.status->ok()) {
+      CorrectedPhoto corrected = CorrectPhoto(window.form, photo.task, plan_, [](PhotoStep) {});
+      for (const std::string& note : corrected.notes) dialogs_.Tell({}, note, Icon::kInformation);
+      photo.status = std::move(corrected.status);
+    }
   }
   budget_.GiveBack(photo.memory);
   progress_->Done();

@@ -61,7 +61,16 @@ Status SettleWhatToSave(Form1& form, bool& thumbnail_only) {
       if (Status adjusted = AdjustPhoto(form, /*preview=*/false); !adjusted.ok()) return adjusted;
       break;
   }
-  return form.app.cancel_requested ? Cancelled(form) : Status::Ok();
+  if (!form.app.cancel_requested) return Status::Ok();
+  // A cancel by the user just now needs no words, but one of the run before does.
+  if (thumbnail_only) {
+    form.platform.dialogs.Tell(form.app.title,
+                               CurrentPhotoName(form) +
+                                   " was not saved, because its last correction was cancelled. "
+                                   "Correct it again first.",
+                               Icon::kInformation);
+  }
+  return Cancelled(form);
 }
 
 bool IsUnnamed(const std::string& path) { return path.empty() || path == kOtherPrompt; }
@@ -84,7 +93,8 @@ Status SettleOutputPath(Form1& form) {
   for (;;) {
     if (IsUnnamed(path)) {
       // A cancelled dialog leaves the path unchanged.
-      path = form.platform.dialogs.ChooseSaveFile(kSaveTitle, kSaveFilter).value_or(path);
+      path = form.platform.dialogs.ChooseSaveFile(kSaveTitle, kSaveFilter, TakenNames::kLeave)
+                 .value_or(path);
     }
     if (IsUnnamed(path)) return Cancelled(form);
     if (!files.FileExists(path) && !files.FolderExists(path)) return Status::Ok();

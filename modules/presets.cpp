@@ -153,7 +153,8 @@ Status WritePreset(const Module1& app, Files& files, const frmModules& panel,
 Status PresetSave(const Module1& app, Platform& platform, const frmModules& panel) {
   const Result<std::string> text = PresetOf(app, platform.files, panel);
   if (!text.ok()) return text.status;
-  const auto path = platform.dialogs.ChooseSaveFile("Save Custom Preset", kPresetFilter);
+  const auto path =
+      platform.dialogs.ChooseSaveFile("Save Custom Preset", kPresetFilter, TakenNames::kAsk);
   if (!path || path->empty()) return Status::Error(Failure::kCancelled, "");
   return platform.files.Replace(*path, *text);
 }

@@ -82,7 +82,8 @@ void SaveWhiteBalanceSetting(Module1& app, Platform& platform, const frmModules&
   if (answer.cancelled) return;
   std::string path = ModeFile(app);
   if (!answer.save_as_default) {
-    path = platform.dialogs.ChooseSaveFile("Save White Balance Setting", kWhiteBalanceFilter)
+    path = platform.dialogs
+               .ChooseSaveFile("Save White Balance Setting", kWhiteBalanceFilter, TakenNames::kAsk)
                .value_or("");
     if (path.empty()) return;
   }

@@ -8,6 +8,10 @@ namespace tarnwell {
 enum class Icon { kNone, kInformation, kQuestion, kExclamation };
 enum class Answer { kYes, kNo, kCancel };
 
+// What the save dialog itself does with the name of a file that exists: asks whether to replace it,
+// or leaves it to the caller, who never replaces one.
+enum class TakenNames { kAsk, kLeave };
+
 // Message boxes and choosers. Texts are UTF-8. Hosts show windows or answer from options; tests
 // answer from a script.
 class Dialogs {
@@ -29,7 +33,8 @@ class Dialogs {
   virtual std::optional<std::string> ChooseOpenFile(const std::string& title,
                                                     const std::string& filter) = 0;
   virtual std::optional<std::string> ChooseSaveFile(const std::string& title,
-                                                    const std::string& filter) = 0;
+                                                    const std::string& filter,
+                                                    TakenNames taken) = 0;
 
   // The folder chooser, at `start` where there is such a folder. Nothing when the user cancels.
   virtual std::optional<std::string> ChooseFolder(const std::string& title,

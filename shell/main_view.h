@@ -21,7 +21,8 @@ class MainView {
   // Shows this tip (1 to kTipCount) in the tips window, which does not hold up the program.
   virtual void ShowTipsWindow(int tip) = 0;
   virtual bool IsTipsWindowShown() const = 0;
-  virtual void ShowModulesWindow() = 0;
+  // Gives the module panel the keyboard, and as much of the screen's height as there is.
+  virtual void MaximizeModules() = 0;
   virtual void ShowOpenMode() = 0;  // returns when the dialog is closed
   virtual void ShowAbout() = 0;
   virtual void StartAutomatedMode() = 0;

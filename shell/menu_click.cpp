@@ -64,6 +64,21 @@ void RunOptionsRow(MainWindow& window, int row) {
   }
 }
 
+// A refresh clears the status, which tells how far the run is.
+void CorrectDirectory(MainWindow& window) {
+  std::string status;
+  const auto show = [&] {
+    window.view.Refresh();
+    window.view.ShowStatus(status);
+  };
+  Command1_Click(window.form, {.show_status =
+                                   [&](const std::string& line) {
+                                     status = line;
+                                     show();
+                                   },
+                               .show_photo = show});
+}
+
 void RunToolsRow(MainWindow& window, int row) {
   Form1& form = window.form;
   switch (row) {
@@ -81,10 +96,7 @@ void RunToolsRow(MainWindow& window, int row) {
     case 6:
       return ResetDeadPixelSystem(form.app, form.platform);
     case 8:
-      return Command1_Click(form, [&](const std::string& text) {
-        window.view.Refresh();
-        window.view.ShowStatus(text);
-      });
+      return CorrectDirectory(window);
     case 10:
       if (window.automated_mode) return window.view.EndAutomatedMode();
       return PressToolButton(window, kAutomatedModeButton);

@@ -94,7 +94,7 @@ void PressWindowButton(MainWindow& window, int index) {
     case kTipsButton:
       return window.view.ShowTipsWindow(kStartUpTip);
     case kModulesButton:
-      window.view.ShowModulesWindow();
+      window.view.MaximizeModules();
       return OfferTip(window, kMaximizeTip);
     case kAboutButton:
       return window.view.ShowAbout();

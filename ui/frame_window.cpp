@@ -70,6 +70,13 @@ void FrameWindow::ShowCentred() {
   ShowWindow(handle(), SW_SHOW);
 }
 
+void FrameWindow::FillHeight() {
+  const RECT work = WorkArea(handle());
+  RECT own = {};
+  GetWindowRect(handle(), &own);
+  Place(ToBox({own.left, work.top, own.right, work.bottom}));
+}
+
 void FrameWindow::Dress(HWND control) {
   SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(look_.fonts.Get(Face::kBody)), TRUE);
 }

@@ -17,6 +17,9 @@ class FrameWindow : public Window {
   // Shows a window that the user may work with, in the middle of its owner.
   void ShowCentred();
 
+  // Makes the window as tall as its screen.
+  void FillHeight();
+
  protected:
   // Makes the window, hidden. The size is that of the client area, at 96 dpi.
   bool MakeTop(const wchar_t* class_name, const std::wstring& title, DWORD style, HWND owner,

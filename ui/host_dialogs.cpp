@@ -64,12 +64,13 @@ std::optional<std::string> PathOf(IShellItem& item) {
   return utf8;
 }
 
-// Shows the dialog. False when the user cancels.
+// Shows the dialog, with options `more` and `without` some that it has by itself. False when the
+// user cancels.
 bool ShowFileDialog(IFileDialog& dialog, HWND owner, const std::string& title,
-                    const std::string& filter, DWORD more) {
+                    const std::string& filter, DWORD more, DWORD without) {
   FILEOPENDIALOGOPTIONS options = 0;
   dialog.GetOptions(&options);
-  dialog.SetOptions(options | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | more);
+  dialog.SetOptions((options & ~without) | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | more);
   dialog.SetTitle(Wide(title).c_str());
   FileTypes(filter).Apply(dialog);
   return SUCCEEDED(dialog.Show(owner));
@@ -87,12 +88,13 @@ int CALLBACK SelectStart(HWND chooser, UINT event, LPARAM, LPARAM start) {
 }
 
 std::optional<std::string> Choose(REFCLSID dialog_class, HWND owner, const std::string& title,
-                                  const std::string& filter) {
+                                  const std::string& filter, DWORD without) {
   ComPtr<IFileDialog> dialog;
   ComPtr<IShellItem> item;
   if (FAILED(
           CoCreateInstance(dialog_class, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog))) ||
-      !ShowFileDialog(*dialog.Get(), owner, title, filter, 0) || FAILED(dialog->GetResult(&item))) {
+      !ShowFileDialog(*dialog.Get(), owner, title, filter, 0, without) ||
+      FAILED(dialog->GetResult(&item))) {
     return std::nullopt;
   }
   return PathOf(*item.Get());
@@ -107,7 +109,7 @@ std::vector<std::string> ChooseOpenFiles(HWND owner, const std::string& title,
   DWORD count = 0;
   if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
                               IID_PPV_ARGS(&dialog))) ||
-      !ShowFileDialog(*dialog.Get(), owner, title, filter, FOS_ALLOWMULTISELECT) ||
+      !ShowFileDialog(*dialog.Get(), owner, title, filter, FOS_ALLOWMULTISELECT, 0) ||
       FAILED(dialog->GetResults(&items)) || FAILED(items->GetCount(&count))) {
     return {};
   }
@@ -137,13 +139,14 @@ std::string HostDialogs::AskText(const std::string& title, const std::string& pr
 
 std::optional<std::string> HostDialogs::ChooseOpenFile(const std::string& title,
                                                        const std::string& filter) {
-  return Choose(CLSID_FileOpenDialog, owner(), title, filter);
+  return Choose(CLSID_FileOpenDialog, owner(), title, filter, 0);
 }
 
-// The dialog's own question stays on: presets and white balances may be replaced.
 std::optional<std::string> HostDialogs::ChooseSaveFile(const std::string& title,
-                                                       const std::string& filter) {
-  return Choose(CLSID_FileSaveDialog, owner(), title, filter);
+                                                       const std::string& filter,
+                                                       TakenNames taken) {
+  const DWORD without = taken == TakenNames::kLeave ? DWORD{FOS_OVERWRITEPROMPT} : 0;
+  return Choose(CLSID_FileSaveDialog, owner(), title, filter, without);
 }
 
 std::optional<std::string> HostDialogs::ChooseFolder(const std::string& title,

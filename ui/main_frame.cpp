@@ -267,7 +267,9 @@ void MainFrame::ShowStatus(const std::string& text) {
 
 void MainFrame::ShowTipsWindow(int tip) { others_->ShowTip(tip); }
 bool MainFrame::IsTipsWindowShown() const { return others_->IsTipShown(); }
-void MainFrame::ShowModulesWindow() {
+// The panel is as tall as the window.
+void MainFrame::MaximizeModules() {
+  if (!IsZoomed(handle())) FillHeight();
   look_.show_focus = true;
   panel_->TakeFocus();
 }

@@ -46,7 +46,7 @@ class MainFrame : public FrameWindow, public MainView {
   void ShowStatus(const std::string& text) override;
   void ShowTipsWindow(int tip) override;
   bool IsTipsWindowShown() const override;
-  void ShowModulesWindow() override;
+  void MaximizeModules() override;
   void ShowOpenMode() override;
   void ShowAbout() override;
   void StartAutomatedMode() override;

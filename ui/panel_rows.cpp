@@ -191,7 +191,10 @@ Parts WhiteModesRow(HWND parent, const Look& look, PanelHost& host) {
                      const int side = look.Px(kSwatchSide);
                      return Box{row.right() - side, row.y + look.Px(kGrid), side, side};
                    },
-                   [made, &form] { made->SetColour(form.modules.lblWhiteClr); }});
+                   [made, &form] {
+                     made->SetColour(form.modules.lblWhiteClr);
+                     made->Show(form.modules.white_swatch_visible);
+                   }});
   return parts;
 }
 

@@ -84,6 +84,7 @@ void SkinTonesWindow::MakeButtons() {
 
 void SkinTonesWindow::Update() {
   if (model_.visible) {
+    pick_->Enable(form_.buffer.surfaces.picOriginal.picture != nullptr);
     ShowList();
     ShowFields();
     if (!IsWindowVisible(handle())) ShowCentred();

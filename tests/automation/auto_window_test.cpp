@@ -26,10 +26,11 @@ struct AutoDesk : MainDesk, AutoModeView, Tray {
   Form1 auto_form{.app = app, .platform = gated, .modules = modules, .progress = progress};
   MainWindow auto_main{.form = auto_form, .view = view, .tips = tips_wanted};
   AutoWindow automated{auto_main, switched, *this, *this};
-  Lines shown, tips_shown;
+  Lines shown, tips_shown, notified;
   std::function<bool(frmAutoSetup&)> on_setup = [](frmAutoSetup&) { return false; };
 
   AutoDesk() {
+    auto_form.ShowNotification = [this](const std::string& text, int) { notified.push_back(text); };
     app.open_mode = 2;
     for (const char* name : {"in", "out", "done"}) folder.MakeFolder(name);
   }
@@ -108,6 +109,7 @@ TEST(AutoWindowTest, NoCommandAndNoBoxComesBetweenTheStepsOfAPhoto) {
   EXPECT_GT(pressed, 0);
   EXPECT_EQ(desk.dialogs.shown.size(), 0u);
   EXPECT_EQ(desk.folder.Names("done"), Lines{"a.jpg"});
+  EXPECT_EQ(desk.notified, Lines{desk.folder.File("out\\a.jpg")});
   ASSERT_EQ(desk.automated.mode().window.problems.size(), 1u);
   EXPECT_NE(desk.automated.mode().window.problems[0].find("white balance"), std::string::npos);
   EXPECT_EQ(desk.view.log, Lines{"automated setup"}) << "the tray's choice is made up for";

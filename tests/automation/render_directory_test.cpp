@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/adjust_directory.h"
+#include "automation/adjust_directory.h"
 #include "imaging/file_open.h"
 #include "tests/support/main_desk.h"
 
@@ -16,6 +16,7 @@ using Texts = std::vector<std::string>;
 // A folder of two photos, one that is damaged, and the first of them in the window.
 struct DirectoryDesk : MainDesk {
   Texts status;
+  Texts shown;
 
   DirectoryDesk() {
     app.current_file = WriteBitmap("a.bmp", NoisyPicture(30, 20, 2));
@@ -24,7 +25,8 @@ struct DirectoryDesk : MainDesk {
     EXPECT_TRUE(OpenPhotoFile(form, std::string(app.current_file)).ok());
   }
   void Click() {
-    Command1_Click(form, [this](const std::string& text) { status.push_back(text); });
+    Command1_Click(form, {[this](const std::string& text) { status.push_back(text); },
+                          [this] { shown.push_back(form.lblTitleCaption); }});
   }
 };
 
@@ -37,6 +39,7 @@ TEST(RenderDirectory, TellsWhatBecameOfThePhotos) {
   EXPECT_EQ(desk.folder.Names("TWout"), (Texts{"a.jpg", "b.jpg"}));
   EXPECT_EQ(desk.status,
             (Texts{"Photo 1 of 3: a.bmp", "Photo 2 of 3: b.bmp", "Photo 3 of 3: c.jpg", ""}));
+  EXPECT_EQ(desk.shown, (Texts{" - a.bmp", " - b.bmp"}));
   ASSERT_EQ(desk.dialogs.Told().size(), 1u);
   const std::string told = desk.dialogs.Told()[0];
   EXPECT_TRUE(told.starts_with("2 of 3 photos were corrected and saved in ")) << told;
@@ -48,9 +51,9 @@ TEST(RenderDirectory, TellsWhatBecameOfThePhotos) {
 
 TEST(RenderDirectory, ACancelEndsAfterTheColumnInHand) {
   DirectoryDesk desk;
-  const auto outcome = AdjustDirectory(desk.form, [&](int number, int, const std::string&) {
-    desk.app.cancel_requested = number == 2;
-  });
+  const auto outcome = AdjustDirectory(desk.form, {[&](int number, int, const std::string&) {
+                                         desk.app.cancel_requested = number == 2;
+                                       }});
   EXPECT_TRUE(outcome->cancelled);
   EXPECT_EQ(outcome->corrected, 1);
   EXPECT_EQ(desk.folder.Names("TWout"), Texts{"a.jpg"});
@@ -69,10 +72,11 @@ TEST(RenderDirectory, OneProgressWindowTellsWhichPhotoAndTheTimeLeft) {
   Texts folder;
   desk.progress.view = &view;
   desk.dialogs.answers = {Answer::kYes};
-  Command1_Click(desk.form, [&](const std::string&) {
-    folder.push_back(desk.progress.lblFolder);
-    desk.clock.now += 2'000'000'000;
-  });
+  Command1_Click(desk.form, {[&](const std::string&) {
+                               folder.push_back(desk.progress.lblFolder);
+                               desk.clock.now += 2'000'000'000;
+                             },
+                             [] {}});
   EXPECT_EQ(folder,
             (Texts{"Photo 1 of 3", "Photo 2 of 3, 0:04 left", "Photo 3 of 3, 0:02 left", ""}));
   EXPECT_EQ(view.shown, 1);
@@ -85,6 +89,34 @@ TEST(RenderDirectory, ListsNoMoreFailuresThanABoxHolds) {
   desk.dialogs.answers = {Answer::kYes};
   desk.Click();
   EXPECT_TRUE(desk.dialogs.Told()[0].ends_with("\rand 5 more")) << desk.dialogs.Told()[0];
+}
+
+TEST(RenderDirectory, ANumberedNameThatLeadsNowhereIsToldBeforeTheWork) {
+  DirectoryDesk desk;
+  ASSERT_TRUE(desk.files->CreateFolder(desk.folder.File("my.photos")).ok());
+  desk.app.current_file = desk.WriteBitmap("my.photos\\a.bmp", NoisyPicture(30, 20, 2));
+  int shown = 0;
+  const DirectoryFollower follower = {.shown = [&] { ++shown; }};
+  EXPECT_EQ(AdjustDirectory(desk.form, follower)->corrected, 1);
+  const auto again = AdjustDirectory(desk.form, follower);
+  EXPECT_EQ(shown, 1);
+  ASSERT_EQ(again->failures.size(), 1u);
+  EXPECT_NE(again->failures[0].find("a.jpg: is there already"), std::string::npos);
+}
+
+TEST(RenderDirectory, TheWindowIsLeftAsItWas) {
+  DirectoryDesk desk;
+  desk.WriteBitmap("z.bmp", NoisyPicture(20, 30, 4));
+  desk.form.learnt = {.similar = 3};
+  const auto swatches = desk.modules.hue.lblHue;
+  const auto container = desk.surfaces().picTContainer.picture;
+  ASSERT_TRUE(AdjustDirectory(desk.form, {}).ok());
+  EXPECT_EQ(desk.form.learnt.similar, 3);
+  EXPECT_EQ(desk.modules.hue.lblHue, swatches);
+  // A preview of the shape of the last photo draws its shadow anew.
+  Display(desk.surfaces().picSource, NoisyPicture(20, 30, 4));
+  MakeThumbnail(desk.form.buffer, desk.events);
+  EXPECT_NE(desk.surfaces().picTContainer.picture, container);
 }
 
 }  // namespace

@@ -234,5 +234,18 @@ TEST(FileSaveTest, ACorrectedThumbnailAsksWhatIsToBeSaved) {
   }
 }
 
+// The cancel of an earlier run still holds: nobody waits for a file that never comes.
+TEST(FileSaveTest, AThumbnailThatIsNotSavedAfterACancelIsTold) {
+  CorrectedWindow window;
+  window.Correct(Uniform(8, 6, 200));
+  window.app.cancel_requested = true;
+  window.dialogs.answers = {Answer::kNo};
+  EXPECT_EQ(FileSave(window.form, false).failure, Failure::kCancelled);
+  window.ExpectNothingSaved();
+  EXPECT_EQ(window.dialogs.Told(),
+            Strings{"img.bmp was not saved, because its last correction was cancelled. Correct it "
+                    "again first."});
+}
+
 }  // namespace
 }  // namespace tarnwell

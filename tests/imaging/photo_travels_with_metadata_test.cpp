@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/adjust_directory.h"
+#include "automation/adjust_directory.h"
 #include "imaging/file_open.h"
 #include "imaging/file_save.h"
 #include "imaging/jpeg_encoder.h"
@@ -99,7 +99,7 @@ TEST_F(PhotoTravelsTest, WhatIsLostIsToldOncePerPhotoAndForEveryBitmap) {
   EXPECT_EQ(window.dialogs.Told()[1], "photo.jpg: A bitmap cannot keep its EXIF data.");
 
   // In a whole folder nobody is there to be told: it is part of the outcome.
-  const auto outcome = AdjustDirectory(window.form, [](int, int, const std::string&) {});
+  const auto outcome = AdjustDirectory(window.form, {});
   ASSERT_TRUE(outcome.ok());
   ASSERT_EQ(outcome->notes.size(), 1u);
   EXPECT_EQ(window.dialogs.Told().size(), 2u);

@@ -29,7 +29,7 @@ class RecordingView : public MainView {
   void ShowStatus(const std::string& text) override { log.push_back("status " + text); }
   void ShowTipsWindow(int tip) override { log.push_back("tip " + std::to_string(tip)); }
   bool IsTipsWindowShown() const override { return tips_shown; }
-  void ShowModulesWindow() override { log.push_back("modules"); }
+  void MaximizeModules() override { log.push_back("modules"); }
   void ShowOpenMode() override {
     log.push_back("open mode");
     if (on_open_mode) on_open_mode();

@@ -63,8 +63,8 @@ class ScriptedDialogs : public Dialogs {
     shown.push_back({Kind::kOpenFile, title, filter});
     return Next(open_files, std::optional<std::string>());
   }
-  std::optional<std::string> ChooseSaveFile(const std::string& title,
-                                            const std::string& filter) override {
+  std::optional<std::string> ChooseSaveFile(const std::string& title, const std::string& filter,
+                                            TakenNames) override {
     shown.push_back({Kind::kSaveFile, title, filter});
     return Next(save_files, std::optional<std::string>());
   }

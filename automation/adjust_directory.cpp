@@ -1,4 +1,6 @@
-#include "engine/adjust_directory.h"
+#include "automation/adjust_directory.h"
+
+#include <array>
 
 #include "automation/free_name.h"
 #include "engine/adjust_photo.h"
@@ -8,6 +10,7 @@
 #include "imaging/photo_list.h"
 #include "imaging/photo_title.h"
 #include "imaging/thumbnail.h"
+#include "modules/frm_modules.h"
 #include "platform/files.h"
 #include "platform/picture_codec.h"
 #include "platform/platform.h"
@@ -30,6 +33,8 @@ class OpenPhotoKept {
         collect_note_(std::move(form.collect_note)),
         names_(form.names),
         histogram_(form.histogram),
+        learnt_(form.learnt),
+        hue_swatches_(form.modules.hue.lblHue),
         correction_ready_(form.correction_ready),
         title_(form.lblTitleCaption),
         caption_(form.caption) {}
@@ -40,11 +45,15 @@ class OpenPhotoKept {
     form_.app.learning_record = app_.learning_record;
     form_.app.suppress_learning = app_.suppress_learning;
     form_.buffer.surfaces = surfaces_;
+    form_.buffer.shadow_width = surfaces_.picThumb.width;
+    form_.buffer.shadow_height = surfaces_.picThumb.height;
     form_.metadata = metadata_;
     form_.metadata_notes_told = metadata_notes_told_;
     form_.collect_note = collect_note_;
     form_.names = names_;
     form_.histogram = histogram_;
+    form_.learnt = learnt_;
+    form_.modules.hue.lblHue = hue_swatches_;
     form_.correction_ready = correction_ready_;
     form_.lblTitleCaption = title_;
     form_.caption = caption_;
@@ -61,6 +70,8 @@ class OpenPhotoKept {
   const std::function<void(const std::string&)> collect_note_;
   const OutputNames names_;
   const PictureHistogram histogram_;
+  const LearntProposal learnt_;
+  const std::array<Rgb, 2> hue_swatches_;
   const bool correction_ready_;
   const std::string title_;
   const std::string caption_;
@@ -84,12 +95,18 @@ Status LoadPhoto(Form1& form, const std::string& path, const std::string& name) 
   return AnalyzeOpenedPhoto(form);
 }
 
-Status CorrectOne(Form1& form, const std::string& folder, const std::string& name) {
+Status CorrectOne(Form1& form, const std::string& folder, const std::string& name,
+                  const DirectoryFollower& follower) {
+  Files& files = form.platform.files;
+  const std::string target = folder + kOutputSubfolder + name.substr(0, name.rfind('.')) + ".jpg";
+  if (Status leads = NameLeadsSomewhere(files, FreeName(target, files), target); !leads.ok()) {
+    return leads;
+  }
   if (Status loaded = LoadPhoto(form, folder + name, name); !loaded.ok()) return loaded;
   if (form.app.cancel_requested) return CancelledPhoto(folder + name);
+  follower.shown();
   if (Status adjusted = AdjustPhoto(form, /*preview=*/false); !adjusted.ok()) return adjusted;
-  const std::string target = folder + kOutputSubfolder + name.substr(0, name.rfind('.')) + ".jpg";
-  form.names.output_path = FreeName(target, form.platform.files);
+  form.names.output_path = FreeName(target, files);
   return FileSave(form, /*notify=*/false);
 }
 
@@ -100,7 +117,7 @@ Status MakeOutputFolder(Files& files, const std::string& folder) {
 
 }  // namespace
 
-Result<DirectoryOutcome> AdjustDirectory(Form1& form, const PhotoBegins& photo_begins) {
+Result<DirectoryOutcome> AdjustDirectory(Form1& form, const DirectoryFollower& follower) {
   Files& files = form.platform.files;
   const std::string folder = SplitPhotoPath(files.Absolute(form.app.current_file)).folder;
   auto photos = ListPhotos(files, folder);
@@ -115,8 +132,8 @@ Result<DirectoryOutcome> AdjustDirectory(Form1& form, const PhotoBegins& photo_b
   form.collect_note = [&outcome](const std::string& note) { outcome.notes.push_back(note); };
   outcome.total = static_cast<int>(form.File1.size());
   for (int i = 0; i < outcome.total && !outcome.cancelled; ++i) {
-    photo_begins(i + 1, outcome.total, form.File1[i]);
-    const Status status = CorrectOne(form, folder, form.File1[i]);
+    follower.begins(i + 1, outcome.total, form.File1[i]);
+    const Status status = CorrectOne(form, folder, form.File1[i], follower);
     if (status.ok()) ++outcome.corrected;
     outcome.cancelled = status.failure == Failure::kCancelled || form.app.cancel_requested;
     if (!status.ok() && !outcome.cancelled) outcome.failures.push_back(status.message);

@@ -23,14 +23,20 @@ struct DirectoryOutcome {
   bool cancelled = false;             // the rest was not begun
 };
 
-// Told before each photo: its number from 1, how many there are, its name.
-using PhotoBegins = std::function<void(int number, int total, const std::string& name)>;
+// Who follows the run.
+struct DirectoryFollower {
+  // Before each photo: its number from 1, how many there are, its name.
+  std::function<void(int number, int total, const std::string& name)> begins =
+      [](int, int, const std::string&) {};
+  // The photo is in the window, and its correction begins.
+  std::function<void()> shown = [] {};
+};
 
 // Corrects every photo in the folder of form.app.current_file at full size with the settings in
 // force and saves each as a JPEG file in the folder's "TWout\", never replacing one. No question
 // comes up, nothing is learnt, and a photo that fails is skipped. Afterwards the photo that was
 // open is shown again, as it was. Fails when the folder cannot be listed or the output folder not
 // be made.
-Result<DirectoryOutcome> AdjustDirectory(Form1& form, const PhotoBegins& photo_begins);
+Result<DirectoryOutcome> AdjustDirectory(Form1& form, const DirectoryFollower& follower);
 
 }  // namespace tarnwell
