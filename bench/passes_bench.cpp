@@ -14,6 +14,7 @@
 #include "engine/histogram.h"
 #include "engine/noise_filter.h"
 #include "engine/pixel_adjustments.h"
+#include "engine/tone_vectors.h"
 #include "imaging/thumbnail.h"
 
 namespace tarnwell {
@@ -67,7 +68,7 @@ void Analysis(benchmark::State& state) {
 }
 TARNWELL_PHOTO_BENCHMARK(Analysis);
 
-void Tones(benchmark::State& state) {
+void TonesByTable(benchmark::State& state) {
   const Picture photo = Photo(state);
   const auto working = Copy(photo);
   const AdjustmentSettings settings = OrdinarySettings();
@@ -75,6 +76,18 @@ void Tones(benchmark::State& state) {
     const ToneTable table(settings);
     AdjustPiece(photo->view(), photo->view(), {0, 0, photo->width(), photo->height()}, settings,
                 &table, working->mutable_view());
+  });
+}
+TARNWELL_PHOTO_BENCHMARK(TonesByTable);
+
+void Tones(benchmark::State& state) {
+  const Picture photo = Photo(state);
+  const auto working = Copy(photo);
+  const AdjustmentSettings settings = OrdinarySettings();
+  if (!SuitToneVectors(settings)) return state.SkipWithError("the processor lacks them");
+  MeasureInFloors(state, Megapixels(state), [&] {
+    AdjustPieceInVectors(photo->view(), photo->view(), {0, 0, photo->width(), photo->height()},
+                         settings, working->mutable_view());
   });
 }
 TARNWELL_PHOTO_BENCHMARK(Tones);
@@ -100,8 +113,8 @@ void FocusDefault(benchmark::State& state) {
   settings.focus = FocusSettings{19 / 50.0, 3, 1};
   const ToneTable table(settings);
   MeasureInFloors(state, Megapixels(state), [&] {
-    const auto working = Copy(photo);
-    FocusPass focus(working->mutable_view(), working->view(), settings, &table);
+    const auto working = TryMakePixels(photo->width(), photo->height());
+    FocusPass focus(photo->view(), photo->view(), working->mutable_view(), settings, &table);
     for (int band = 0; band < focus.band_count(); ++band) focus.Read(band);
     for (int part = 0; part < focus.part_count(); ++part) focus.Adjust(part);
     for (int band = 0; band < focus.band_count(); ++band) focus.Write(band);

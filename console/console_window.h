@@ -34,6 +34,7 @@ struct ConsoleWindow {
     progress.view = view;
     form.learning = start.learning;
     form.threads = threads;
+    form.keeps_original = false;
   }
   ConsoleWindow(const ConsoleWindow&) = delete;
   ConsoleWindow& operator=(const ConsoleWindow&) = delete;

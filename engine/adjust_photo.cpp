@@ -1,6 +1,7 @@
 #include "engine/adjust_photo.h"
 
 #include <new>
+#include <utility>
 
 #include "deadpixels/repair_dead_pixels.h"
 #include "engine/adjustment_pass.h"
@@ -129,6 +130,13 @@ Status Adjust(Form1& form, bool preview, const RunParameters& run,
   return turned ? Status::Ok() : Cancelled();
 }
 
+void TakePhotoOut(Form1& form) {
+  PhotoSurfaces& surfaces = form.buffer.surfaces;
+  Display(surfaces.picOriginal, nullptr);
+  Display(surfaces.picSource, nullptr);
+  form.histogram = {};
+}
+
 Status RunCorrection(Form1& form, bool preview) {
   const PixelView original = form.buffer.surfaces.picOriginal.image->view();
   const double scale_ratio =
@@ -154,6 +162,8 @@ Status RunCorrection(Form1& form, bool preview) {
     if (Status read = ReadForPass(form, preview); !read.ok()) return read;
   }
   const AdjustmentSettings settings = SettingsFor(run, automatic, learnt, white_balance);
+  const bool takes_original = !preview && !form.keeps_original;
+  if (takes_original) TakePhotoOut(form);
   if (Status adjusted = Adjust(form, preview, run, settings); !adjusted.ok()) return adjusted;
   if (run.rotation && !RotateFinalImage(form.buffer, *run.rotation, form.threads))
     return OutOfMemory(form);
@@ -161,6 +171,8 @@ Status RunCorrection(Form1& form, bool preview) {
   ShowPercentage(form.progress, 100);
   form.platform.events.Run();
   WriteSourcePixels(form.buffer, form.platform.events);
+  if (takes_original)
+    Display(form.buffer.surfaces.picOriginal, form.buffer.surfaces.picSource.picture);
   form.app.learning_record = run.measure ? FormatLearningRecord(record) : std::string();
   form.learnt = learnt;
   return Status::Ok();
@@ -187,13 +199,14 @@ Status AdjustPhoto(Form1& form, bool preview) {
   form.progress.caption = "Progress - " + CurrentPhotoName(form);
   ProgressWindow window(form.progress, kAnalyzing);
   form.platform.events.Run();
-  const PhotoSurfaces before = form.buffer.surfaces;
+  PhotoSurfaces before;
+  if (form.keeps_original) before = form.buffer.surfaces;
   Status status = RunCorrection(form, preview);
   form.correcting = false;
   if (status.ok()) {
     form.app.photo_changed = true;
   } else {
-    form.buffer.surfaces = before;
+    form.buffer.surfaces = std::move(before);
     form.buffer.read = nullptr;
     form.buffer.working = nullptr;
   }

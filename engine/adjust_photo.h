@@ -11,8 +11,8 @@ struct Form1;
 // changed); app.learning_record is left for the save and app.photo_changed is set.
 //
 // Fails with kCancelled when the cancel flag was set in between, and with kTooLarge when memory
-// does not suffice; the pictures then stay as they were. Refused with kOther while another run is
-// under way (form.correcting).
+// does not suffice; the pictures then stay as they were, if form.keeps_original. Refused with
+// kOther while another run is under way (form.correcting).
 Status AdjustPhoto(Form1& form, bool preview);
 
 // Repairs dead pixels of picOriginal when that module is open, then measures the photo: the pass

@@ -10,6 +10,7 @@
 #include "engine/noise_filter.h"
 #include "engine/pass.h"
 #include "engine/pass_progress.h"
+#include "engine/tone_vectors.h"
 #include "shell/form1.h"
 
 namespace tarnwell {
@@ -22,16 +23,26 @@ using PartDone = std::function<bool(int done)>;
 struct Stages {
   const AdjustmentSettings& settings;
   PixelView start;  // the pixels before any step
-  // What is made of them. Holds the same pixels at first where there is a filter; every pixel of it
-  // is written anyhow.
+  // What is made of them; every pixel of it is written. Holds the same pixels at first where a
+  // filter changes them in place, and may be the same picture where none does.
   MutablePixelView working;
   int threads;
+  bool in_vectors;  // adjusts tones without a table
   std::optional<NoiseFilter> noise = {};
   std::optional<ToneTable> table = {};
   std::atomic<bool> out_of_memory = false;
 
   const ToneTable* tones() const { return table ? &*table : nullptr; }
 };
+
+// The steps after the filters, on a piece of `values`.
+void AdjustTonesOf(Stages& stages, const PixelView& values, const PicturePiece& piece) {
+  if (stages.in_vectors) {
+    AdjustPieceInVectors(values, stages.start, piece, stages.settings, stages.working);
+  } else {
+    AdjustPiece(values, stages.start, piece, stages.settings, stages.tones(), stages.working);
+  }
+}
 
 // The noise filter over `target`; right after it, while they are near, `then` with the same pixels.
 template <typename Then>
@@ -51,9 +62,7 @@ bool AdjustRows(Stages& stages, const PartDone& part_done) {
   return ForEachPart(
       stages.working.height, kLinesAtOnce, stages.threads,
       [&](int y) {
-        const PicturePiece row = {0, y, width, y + 1};
-        AdjustPiece(stages.start, stages.start, row, stages.settings, stages.tones(),
-                    stages.working);
+        AdjustTonesOf(stages, stages.start, {0, y, width, y + 1});
       },
       part_done);
 }
@@ -83,30 +92,32 @@ bool FocusInWaves(Stages& stages, FocusPass& focus, const PartDone& part_done) {
 }
 
 // The sharpening of a pixel starts from what the noise filter made of it, but compares it with
-// neighbours that are as the photo has them, or corrected. So the smooth pixels need a picture of
-// their own.
+// neighbours that are as the photo has them, or corrected. The pass with running sums reads both
+// pictures before it writes any; without it the smooth pixels need a picture of their own.
 bool SmoothThenFocus(Form1& form, Stages& stages, float minimum_step) {
+  const bool in_waves = FocusPass::Suits(*stages.settings.focus);
   std::shared_ptr<PixelArray> own;
-  if (stages.noise) {
-    own = TryCopyPixels(stages.working);
+  if (stages.noise && !in_waves) {
+    own = TryCopyPixels(stages.start);
     if (!own) throw std::bad_alloc();
   }
-  const PixelView smooth = own ? own->view() : PixelView(stages.working);
+  const MutablePixelView target = own ? own->mutable_view() : stages.working;
+  const PixelView smooth = stages.noise ? PixelView(target) : stages.start;
   std::optional<FocusPass> focus;
-  if (FocusPass::Suits(*stages.settings.focus)) {
-    focus.emplace(stages.working, smooth, stages.settings, stages.tones());
+  if (in_waves) {
+    focus.emplace(stages.start, smooth, stages.working, stages.settings, stages.tones());
   }
   const int pieces = stages.noise ? stages.noise->piece_count() : 0;
   const int parts = focus ? focus->part_count() : stages.working.width;
   PassProgress pass(form, stages.working.width, pieces + parts, minimum_step);
-  if (own) {
+  if (stages.noise) {
     const bool done = SmoothPieces(
-        stages, own->mutable_view(), [](const PicturePiece&) {},
-        [&](int part) { return pass.PartDone(part); });
+        stages, target, [](const PicturePiece&) {}, [&](int part) { return pass.PartDone(part); });
     if (!done) return false;
   }
   const auto part_done = [&](int done) { return pass.PartDone(pieces + done); };
-  return focus ? FocusInWaves(stages, *focus, part_done) : FocusColumns(stages, smooth, part_done);
+  if (focus) return FocusInWaves(stages, *focus, part_done);
+  return FocusColumns(stages, stages.noise ? smooth : PixelView(stages.working), part_done);
 }
 
 bool RunStages(Form1& form, Stages& stages, float minimum_step) {
@@ -116,8 +127,7 @@ bool RunStages(Form1& form, Stages& stages, float minimum_step) {
   const auto part_done = [&](int done) { return pass.PartDone(done); };
   if (!stages.noise) return AdjustRows(stages, part_done);
   const auto tones = [&](const PicturePiece& piece) {
-    AdjustPiece(stages.working, stages.start, piece, stages.settings, stages.tones(),
-                stages.working);
+    AdjustTonesOf(stages, stages.working, piece);
   };
   return SmoothPieces(stages, stages.working, tones, part_done);
 }
@@ -126,14 +136,17 @@ bool RunStages(Form1& form, Stages& stages, float minimum_step) {
 
 PassEnd RunAdjustmentPass(Form1& form, const AdjustmentSettings& settings, float minimum_step) {
   PixelBuffer& buffer = form.buffer;
-  const bool in_place = settings.noise || settings.focus;
+  const bool in_place = settings.noise || (settings.focus && !FocusPass::Suits(*settings.focus));
   if (!(in_place ? CopyWorkingPixels(buffer) : MakeWorkingPixels(buffer))) {
     return PassEnd::kOutOfMemory;
   }
   try {
-    Stages stages = {settings, buffer.read->view(), buffer.working->mutable_view(), form.threads};
+    Stages stages = {settings, buffer.read->view(), buffer.working->mutable_view(), form.threads,
+                     !settings.focus && SuitToneVectors(settings)};
     if (settings.noise) stages.noise.emplace(stages.start, *settings.noise);
-    if (stages.start.pixel_count() >= ToneTable::kWorthwhile) stages.table.emplace(settings);
+    if (!stages.in_vectors && stages.start.pixel_count() >= ToneTable::kWorthwhile) {
+      stages.table.emplace(settings);
+    }
     const bool done = RunStages(form, stages, minimum_step);
     if (stages.out_of_memory) return PassEnd::kOutOfMemory;
     return done ? PassEnd::kDone : PassEnd::kStopped;

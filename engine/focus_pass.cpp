@@ -74,25 +74,24 @@ bool FocusPass::Suits(const FocusSettings& settings) {
   return settings.step == 1 && settings.distance <= 1000 && std::abs(settings.amount) <= 100;
 }
 
-FocusPass::FocusPass(MutablePixelView working, const PixelView& smooth,
+FocusPass::FocusPass(const PixelView& start, const PixelView& smooth, MutablePixelView out,
                      const AdjustmentSettings& settings, const ToneTable* table,
                      Instructions instructions)
-    : working_(working),
+    : start_(start),
       smooth_(smooth),
+      out_(out),
       settings_(settings),
       table_(table),
       instructions_(instructions),
-      width_(working.width),
-      height_(working.height),
+      width_(start.width),
+      height_(start.height),
       distance_(settings.focus->distance),
       lag_(std::min(2 * distance_ + 2, height_)),
-      pixels_(std::make_unique_for_overwrite<std::uint8_t[]>(working.byte_count())),
+      pixels_(height_, width_),
       nothing_(static_cast<std::size_t>(height_) * kBytesPerPixel),
       row_sums_(height_),
       rows_done_(part_count()) {
-  if (smooth.data != working.data) {
-    smooth_pixels_ = std::make_unique_for_overwrite<std::uint8_t[]>(working.byte_count());
-  }
+  if (smooth.data != start.data) smooth_pixels_ = PixelArray(height_, width_);
 }
 
 PicturePiece FocusPass::Band(int band) const {
@@ -101,11 +100,11 @@ PicturePiece FocusPass::Band(int band) const {
 
 void FocusPass::Read(int band) {
   const PicturePiece rows = Band(band);
-  Transpose(working_, rows, {pixels_.get(), height_, width_});
-  if (smooth_pixels_) Transpose(smooth_, rows, {smooth_pixels_.get(), height_, width_});
+  Transpose(start_, rows, pixels_.mutable_view());
+  if (!smooth_pixels_.view().empty()) Transpose(smooth_, rows, smooth_pixels_.mutable_view());
   // The window of column 0 before its right end comes in.
   for (int y = rows.top; y < rows.bottom; ++y) {
-    const std::uint8_t* pixel = working_.at(0, y);
+    const std::uint8_t* pixel = start_.at(0, y);
     for (int x = 0; x < std::min(distance_, width_); ++x, pixel += kBytesPerPixel) {
       for (int i = 0; i < 4; ++i) row_sums_[y].sum[i] += pixel[i];
     }
@@ -114,7 +113,7 @@ void FocusPass::Read(int band) {
 
 void FocusPass::Write(int band) {
   const PicturePiece rows = Band(band);
-  Transpose({pixels_.get(), height_, width_}, {rows.top, 0, rows.bottom, width_}, working_);
+  Transpose(pixels_.view(), {rows.top, 0, rows.bottom, width_}, out_);
 }
 
 FocusPass::Column FocusPass::Begin(int x) {
@@ -124,8 +123,7 @@ FocusPass::Column FocusPass::Begin(int x) {
   const int left = x - 1 - distance_;
   column.entering = right < width_ ? at(right, 0) : nothing_.data();
   column.leaving = left >= 0 ? at(left, 0) : nothing_.data();
-  column.smooth =
-      smooth_pixels_ ? smooth_pixels_.get() + (column.pixels - pixels_.get()) : column.pixels;
+  column.smooth = smooth_pixels_.view().empty() ? column.pixels : smooth_pixels_.view().at(0, x);
   column.columns = std::min(right, width_ - 1) - std::max(x - distance_, 0) + 1;
   for (int y = 0; y < std::min(distance_, height_); ++y) EnterRow(column, y);
   return column;

@@ -28,14 +28,15 @@ class FocusPass {
   // Whether `settings` are within what this can do; FocusColumn can do all.
   static bool Suits(const FocusSettings& settings);
 
-  // `working` is the picture before any step, `smooth` what the noise filter made of it, or
-  // `working` itself. `table` may be null. All outlive this. `settings` have focus, and it suits.
-  // Throws std::bad_alloc.
-  FocusPass(MutablePixelView working, const PixelView& smooth, const AdjustmentSettings& settings,
-            const ToneTable* table, Instructions instructions = BestInstructions());
+  // `start` is the picture before any step, `smooth` what the noise filter made of it, or `start`
+  // itself; the result goes to `out`, which may be either. `table` may be null. All outlive this.
+  // `settings` have focus, and it suits. Throws std::bad_alloc.
+  FocusPass(const PixelView& start, const PixelView& smooth, MutablePixelView out,
+            const AdjustmentSettings& settings, const ToneTable* table,
+            Instructions instructions = BestInstructions());
 
-  // Three stages, each on any number of threads, each after the one before: read the picture, band
-  // by band; adjust it, part by part; write the bands back.
+  // Three stages, each on any number of threads, each after the one before: read the pictures, band
+  // by band; adjust, part by part; write the bands.
   static constexpr int kBandHeight = 128;
   int band_count() const { return (height_ + kBandHeight - 1) / kBandHeight; }
   void Read(int band);
@@ -72,22 +73,21 @@ class FocusPass {
   void AdjustSteps(Column* columns, int first_column, int count, int top, int bottom);
   bool WaitFor(int part, int rows) const;
 
-  std::uint8_t* at(int x, int y) const {
-    return pixels_.get() + (static_cast<std::size_t>(x) * height_ + y) * kBytesPerPixel;
-  }
+  std::uint8_t* at(int x, int y) { return pixels_.mutable_view().at(y, x); }
   PicturePiece Band(int band) const;
 
-  MutablePixelView working_;
+  PixelView start_;
   PixelView smooth_;
+  MutablePixelView out_;
   const AdjustmentSettings& settings_;
   const ToneTable* table_;
   Instructions instructions_;
   int width_;
   int height_;
   int distance_;
-  int lag_;                                        // rows from one column to the next
-  std::unique_ptr<std::uint8_t[]> pixels_;         // the picture column by column
-  std::unique_ptr<std::uint8_t[]> smooth_pixels_;  // likewise; null: the same as pixels_
+  int lag_;                            // rows from one column to the next
+  PixelArray pixels_;                  // the picture column by column
+  PixelArray smooth_pixels_;           // likewise; empty: the same as pixels_
   std::vector<std::uint8_t> nothing_;  // a column of zeros, for those outside the picture
   std::vector<RowSum> row_sums_;
   std::vector<std::atomic<int>> rows_done_;  // of the last column of each part

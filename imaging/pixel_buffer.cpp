@@ -78,7 +78,8 @@ bool CopyWorkingPixels(PixelBuffer& buffer) {
 }
 
 bool MakeWorkingPixels(PixelBuffer& buffer) {
-  buffer.working = TryMakePixels(buffer.width, buffer.height);
+  buffer.working = buffer.read.use_count() == 1 ? std::const_pointer_cast<PixelArray>(buffer.read)
+                                                : TryMakePixels(buffer.width, buffer.height);
   return buffer.working != nullptr;
 }
 

@@ -95,8 +95,9 @@ PixelView WorkingPixels(const PixelBuffer& buffer);
 // it is there already. False when memory does not suffice.
 bool CopyWorkingPixels(PixelBuffer& buffer);
 
-// Makes `working` new, for a pass that writes every pixel of it and takes them from `read`. False
-// when memory does not suffice.
+// Makes `working`, for a pass that writes every pixel of it and takes them from `read`: the memory
+// of `read` itself where nobody else holds that picture, otherwise new memory. False when it does
+// not suffice.
 bool MakeWorkingPixels(PixelBuffer& buffer);
 
 // Reads picGraphic into the graphic pixels.

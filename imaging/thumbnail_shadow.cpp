@@ -79,8 +79,10 @@ void DarkenShadow(MutablePixelView container, ThumbnailSize size) {
   const int left = (kThumbnailSide - size.width) / 2;
   const int top = (kThumbnailSide - size.height) / 2;
   const Rectangle thumb = {left, top, left + size.width, top + size.height};
-  for (int y = 0; y < container.height; ++y) {
-    for (int x = 0; x < container.width; ++x) {
+  const int first_x = std::max(thumb.left - kShallowLeft.rows, 0);
+  const int first_y = std::max(thumb.top - kShallowTop.rows, 0);
+  for (int y = first_y; y < std::min(thumb.bottom + kDeepRows, container.height); ++y) {
+    for (int x = first_x; x < std::min(thumb.right + kDeepRows, container.width); ++x) {
       if (thumb.Contains(x, y)) continue;
       const double factor = ShadowFactor(thumb, x, y);
       std::uint8_t* pixel = container.at(x, y);

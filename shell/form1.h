@@ -46,6 +46,10 @@ struct Form1 {
 
   WindowMemory memory = {};
 
+  // The photo as it was opened will be looked at again after a correction: shown, restored,
+  // corrected anew. Otherwise a correction works in its memory, and leaves no photo when it fails.
+  bool keeps_original = true;
+
   int threads = 1;  // worker threads a pass may use, the calling one included
 
   // Takes what the user is to know about a photo, while nobody sits at the window; without it the

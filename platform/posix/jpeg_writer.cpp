@@ -15,8 +15,10 @@
 namespace tarnwell {
 namespace {
 
-// Of so many rows of units one is looked at before the tables are chosen.
-constexpr int kUnitRowsPerSample = 12;
+// Of so many rows of units one is looked at before the tables are chosen; of more in a picture that
+// has few units.
+constexpr int kUnitRowsPerSample = 24;
+constexpr int kLeastUnits = 500;
 
 using Tables = std::array<FittedHuffmanTable, 4>;
 
@@ -37,8 +39,7 @@ std::optional<Tables> FitTables(const JpegRows& rows, int unit_side, JpegCoding 
   const int units_across = (rows.width + unit_side - 1) / unit_side;
   JpegRows sample = rows;
   sample.band = unit_side;
-  // A small picture is looked at whole.
-  sample.every = std::min(kUnitRowsPerSample, std::max(unit_rows / kUnitRowsPerSample, 1));
+  sample.every = std::clamp(unit_rows * units_across / kLeastUnits, 1, kUnitRowsPerSample);
   const int sampled_rows = (unit_rows + sample.every - 1) / sample.every;
   const bool last_is_sampled = (unit_rows - 1) % sample.every == 0;
   sample.height =

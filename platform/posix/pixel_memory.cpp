@@ -24,32 +24,39 @@ constexpr bool kMaps = true;
 // Smaller pictures could not fill a large page.
 bool IsMapped(std::size_t bytes) { return kMaps && bytes >= kLargePage; }
 
+// A last large page that would be half full is taken whole: touching hundreds of small ones costs
+// more than clearing the rest of it.
+std::size_t MappedBytes(std::size_t bytes) {
+  const std::size_t rest = bytes % kLargePage;
+  return rest > kLargePage / 2 ? bytes - rest + kLargePage : bytes;
+}
+
 }  // namespace
 
 std::uint8_t* TakePixelMemory(std::size_t bytes) {
   if (!IsMapped(bytes)) return static_cast<std::uint8_t*>(std::calloc(bytes, 1));
   // Large pages lie at multiples of their size: room for the first of them to be found.
-  const std::size_t room = bytes + kLargePage;
-  if (room < bytes) return nullptr;
+  const std::size_t wanted = MappedBytes(bytes), room = wanted + kLargePage;
+  if (wanted < bytes || room < wanted) return nullptr;
   void* mapped = mmap(nullptr, room, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (mapped == MAP_FAILED) return nullptr;
   const auto start = reinterpret_cast<std::uintptr_t>(mapped);
   const std::uintptr_t first = (start + kLargePage - 1) & ~(kLargePage - 1);
   if (first > start) munmap(mapped, first - start);
-  const std::uintptr_t end = first + bytes;
+  const std::uintptr_t end = first + wanted;
   const std::uintptr_t page_end = (end + 4095) & ~std::uintptr_t{4095};
   if (start + room > page_end) {
     munmap(reinterpret_cast<void*>(page_end), start + room - page_end);
   }
   // A system without large pages refuses the advice, and all works as before.
-  madvise(reinterpret_cast<void*>(first), bytes, MADV_HUGEPAGE);
+  madvise(reinterpret_cast<void*>(first), wanted, MADV_HUGEPAGE);
   return reinterpret_cast<std::uint8_t*>(first);
 }
 
 void ReturnPixelMemory(std::uint8_t* memory, std::size_t bytes) {
   if (memory == nullptr) return;
   if (IsMapped(bytes)) {
-    munmap(memory, bytes);
+    munmap(memory, MappedBytes(bytes));
   } else {
     std::free(memory);
   }

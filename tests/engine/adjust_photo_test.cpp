@@ -105,6 +105,19 @@ std::vector<float> Drawn(const RecordingView& view, const std::string& stage) {
   return drawn;
 }
 
+TEST(AdjustPhotoTest, CancelledRunInTheMemoryOfThePhotoLeavesNoHalfPhoto) {
+  TestWindow window;
+  window.form.keeps_original = false;
+  SetModules(window, {kAdjustBrightness});
+  window.modules.sliders[3].text = "50";
+  window.Show(NoisyPicture(40, 30, 1));
+  window.events.on_run = [&](int run) { window.app.cancel_requested = run > 10; };
+  EXPECT_EQ(AdjustPhoto(window.form, /*preview=*/false).failure, Failure::kCancelled);
+  EXPECT_EQ(window.surfaces().picOriginal.image, nullptr);
+  EXPECT_EQ(window.surfaces().picSource.image, nullptr);
+  EXPECT_EQ(AdjustPhoto(window.form, /*preview=*/false).failure, Failure::kNotFound);
+}
+
 TEST(AdjustPhotoTest, ProgressGoesThroughTheStages) {
   TestWindow window;
   RecordingView view;

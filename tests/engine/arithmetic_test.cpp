@@ -3,6 +3,7 @@
 
 #include "engine/pixel_adjustments.h"
 #include "engine/rounding.h"
+#include "engine/tone_vectors.h"
 #include "tests/support/pictures.h"
 
 namespace tarnwell {
@@ -71,7 +72,8 @@ TEST(AdjustTonesTest, EachStepByHand) {
   ExpectTones(With([](auto& s) { s.contrast_factor = -0.5; }), {28, 128, 228}, {-22, 128, 278});
 }
 
-TEST(ToneTableTest, GivesWhatTheStepsGive) {
+// Both fast forms, table and vectors.
+TEST(AdjustPieceTest, GivesWhatTheStepsGiveInEveryForm) {
   AdjustmentSettings tinted;
   tinted.black_level = 7;
   tinted.gain = 1.37;
@@ -81,13 +83,22 @@ TEST(ToneTableTest, GivesWhatTheStepsGive) {
   tinted.contrast_factor = -0.35;
   AdjustmentSettings plain;
   plain.gain = 1.5;
+  AdjustmentSettings ordinary;
+  ordinary.black_level = 8;
+  ordinary.gain = 1.21;
+  ordinary.saturation_multiplier = 1.5;  // ties
+  AdjustmentSettings steep = ordinary;
+  steep.black_level = -3;
+  steep.gain = -5.5;
+  steep.saturation_multiplier = 7.77;
+  steep.contrast_factor = -1.25;
   // Steps that leave 16 bits do not happen.
   AdjustmentSettings beyond = plain;
   beyond.gain = 400;
   beyond.saturation_multiplier = 300;
   beyond.contrast_factor = 700;
   const auto start = RandomPixels(61, 40, 1);
-  for (const AdjustmentSettings& settings : {tinted, plain, beyond}) {
+  for (const AdjustmentSettings& settings : {tinted, plain, beyond, ordinary, steep}) {
     const ToneTable table(settings);
     // The second time with channels that another filter has moved away from the starting sum.
     for (const auto& values : {start, RandomPixels(61, 40, 2)}) {
@@ -97,8 +108,26 @@ TEST(ToneTableTest, GivesWhatTheStepsGive) {
       AdjustPiece(values->view(), start->view(), {0, 0, 61, 40}, settings, &table,
                   actual.mutable_view());
       EXPECT_TRUE(actual == expected) << "gain " << settings.gain;
+      if (!SuitToneVectors(settings)) continue;
+      PixelArray in_vectors(61, 40);
+      AdjustPieceInVectors(values->view(), start->view(), {0, 0, 61, 40}, settings,
+                           in_vectors.mutable_view());
+      EXPECT_TRUE(in_vectors == expected) << "vectors, gain " << settings.gain;
     }
   }
+}
+
+TEST(ToneVectorsTest, AreForRunsWhoseChannelsStayWithinSixteenBits) {
+  AdjustmentSettings settings;
+  EXPECT_FALSE(SuitToneVectors(settings, Instructions::kPlain));
+  EXPECT_TRUE(SuitToneVectors(settings, Instructions::kAvx2));
+  settings.gain = 120;
+  EXPECT_TRUE(SuitToneVectors(settings, Instructions::kAvx2));
+  settings.gain = -129;
+  EXPECT_FALSE(SuitToneVectors(settings, Instructions::kAvx2));
+  settings.gain = 100;
+  settings.contrast_factor = 0.3;
+  EXPECT_FALSE(SuitToneVectors(settings, Instructions::kAvx2));
 }
 
 }  // namespace

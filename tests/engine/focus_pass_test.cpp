@@ -31,9 +31,9 @@ void ExpectSameAsColumnByColumn(const PixelArray& picture, const PixelArray* smo
     // The plain form serves every processor, the other one only some.
     const Instructions instructions = threads == 1 ? Instructions::kPlain : BestInstructions();
     for (const ToneTable* tones : {static_cast<const ToneTable*>(nullptr), &table}) {
-      PixelArray actual = picture;
-      FocusPass focus(actual.mutable_view(), smooth ? smooth->view() : actual.view(), settings,
-                      tones, instructions);
+      PixelArray actual(picture.width(), picture.height());
+      FocusPass focus(picture.view(), smooth ? smooth->view() : picture.view(),
+                      actual.mutable_view(), settings, tones, instructions);
       const auto go_on = [](int) { return true; };
       ForEachPart(
           focus.band_count(), 1, threads, [&](int i) { focus.Read(i); }, go_on);
@@ -74,7 +74,7 @@ TEST(FocusPassTest, StoppedThreadsDoNotWaitForEver) {
   const AdjustmentSettings settings = Lively(0.5, 3);
   for (int stop_at = 1; stop_at <= 30; ++stop_at) {
     PixelArray pixels = *picture;
-    FocusPass focus(pixels.mutable_view(), pixels.view(), settings, nullptr);
+    FocusPass focus(pixels.view(), pixels.view(), pixels.mutable_view(), settings, nullptr);
     EXPECT_FALSE(ForEachPart(
         focus.part_count(), 1, 5, [&](int part) { focus.Adjust(part); },
         [&](int done) {
