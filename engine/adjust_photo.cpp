@@ -54,12 +54,7 @@ Result<AutomaticCorrection> Measure(Form1& form, bool thumbnail, const RunParame
   form.histogram = PictureHistogram(form.buffer.read);
   const BrightnessHistogram& histogram = form.histogram.counts();
   const int top_level = TopLevel(histogram);
-
-  ToneLimits limits;
-  limits.white_point =
-      run.white_point.value_or(AutomaticWhitePoint(histogram, pixels.width, pixels.height));
-  limits.black_point = run.black_point;
-  limits = CheckToneLimits(limits);
+  const ToneLimits limits = LimitsOf(run, form.histogram);
 
   try {
     AnalysisPass analysis(pixels, histogram, limits, top_level);

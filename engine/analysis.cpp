@@ -6,10 +6,14 @@
 #include <cstring>
 
 #include "engine/rounding.h"
+#include "engine/run_parameters.h"
 
 namespace tarnwell {
 
-ToneLimits CheckToneLimits(ToneLimits limits) {
+ToneLimits LimitsOf(const RunParameters& run, const PictureHistogram& histogram) {
+  ToneLimits limits;
+  limits.white_point = run.white_point ? *run.white_point : AutomaticWhitePoint(histogram);
+  limits.black_point = run.black_point;
   if (limits.white_point <= 1) limits.white_point = 2;
   if (limits.black_point >= limits.white_point) limits.black_point = limits.white_point - 2;
   if (limits.black_point + 2 > limits.white_point) limits.white_point = limits.black_point + 1;

@@ -10,6 +10,8 @@
 
 namespace tarnwell {
 
+struct RunParameters;
+
 // The automatic correction aims at these. The first two are single precision by definition, so
 // their doubles differ from the decimal numbers.
 inline constexpr double kTargetMeanBrightness = 0.55f;
@@ -23,8 +25,10 @@ struct ToneLimits {
   static constexpr double kTopSum = 765;
 };
 
-// Limits that leave something to measure: a white point of at least 2, and the black point below.
-ToneLimits CheckToneLimits(ToneLimits limits);
+// The limits of a run over a picture: those set by hand, otherwise the automatic white point, and
+// black point 0. They leave something to measure: a white point of at least 2, and the black point
+// below.
+ToneLimits LimitsOf(const RunParameters& run, const PictureHistogram& histogram);
 
 // What one pass over the pixels finds.
 struct Measurements {

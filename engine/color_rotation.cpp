@@ -18,7 +18,7 @@ constexpr int Shift(Channel channel) {
 }
 
 // A turn of 0 to 359 degrees.
-struct Turn {
+struct HueTurn {
   std::int16_t sixths;   // whole ones, 0 to 5
   std::int16_t degrees;  // what remains, 0 to 59
 };
@@ -45,7 +45,7 @@ inline Lanes SixtiethsRounded(Lanes numerator) {
 // Hues are told as a sixth of the circle (0 from red to yellow, 1 from yellow to green, ...) and
 // the degrees into it times the spread, max - min: a whole number of at most 60 x 255. With a turn
 // added it still fits 16 bits.
-inline void RotateLanes(Lanes& b, Lanes& g, Lanes& r, const Turn& turn) {
+inline void RotateLanes(Lanes& b, Lanes& g, Lanes& r, const HueTurn& turn) {
   const Lanes rg_max = Select(r > g, r, g), rg_min = Select(r > g, g, r);
   const Lanes max = Select(rg_max > b, rg_max, b), min = Select(rg_min < b, rg_min, b);
   const Lanes spread = max - min;
@@ -71,7 +71,7 @@ inline void RotateLanes(Lanes& b, Lanes& g, Lanes& r, const Turn& turn) {
   b = Select((sixth == 3) | (sixth == 4), max, Select((sixth == 2) | (sixth == 5), middle, min));
 }
 
-void RotateBlock(std::uint8_t* pixels, const Turn& turn) {
+void RotateBlock(std::uint8_t* pixels, const HueTurn& turn) {
   std::uint32_t packed[kBlock];
   alignas(Lanes) std::int16_t blue[kBlock], green[kBlock], red[kBlock];
   std::memcpy(packed, pixels, sizeof(packed));
@@ -104,8 +104,8 @@ void RotateBlock(std::uint8_t* pixels, const Turn& turn) {
 void RotateHueOfRow(MutablePixelView pixels, int y, int degrees) {
   // A preset's text may ask for more than a turn; the remainder of a negative number is negative.
   const int turned = (degrees % 360 + 360) % 360;
-  const Turn turn = {static_cast<std::int16_t>(turned / 60),
-                     static_cast<std::int16_t>(turned % 60)};
+  const HueTurn turn = {static_cast<std::int16_t>(turned / 60),
+                        static_cast<std::int16_t>(turned % 60)};
   int x = 0;
   for (; x + kBlock <= pixels.width; x += kBlock) RotateBlock(pixels.at(x, y), turn);
   if (x == pixels.width) return;

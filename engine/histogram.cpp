@@ -42,11 +42,11 @@ int TopLevel(const BrightnessHistogram& histogram) {
   return top;
 }
 
-int AutomaticWhitePoint(const BrightnessHistogram& histogram, int width, int height) {
-  const double target = (width * 0.1) * (height * 0.1);
+int AutomaticWhitePoint(const PictureHistogram& histogram) {
+  const double target = (histogram.width() * 0.1) * (histogram.height() * 0.1);
   std::uint64_t passed = 0;
   for (int level = kHighestSum; level >= 0; --level) {
-    passed += histogram[level];
+    passed += histogram.counts()[level];
     if (static_cast<double>(passed) > target) return level;
   }
   return -1;

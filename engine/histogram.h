@@ -19,12 +19,17 @@ BrightnessHistogram CountBrightness(const PixelView& pixels);
 // opened photo would keep its preview waiting, for what is often replaced before anybody looks.
 class PictureHistogram {
  public:
-  PictureHistogram() = default;  // empty
-  explicit PictureHistogram(Picture picture) : picture_(std::move(picture)) {}
+  PictureHistogram() = default;  // of no picture
+  explicit PictureHistogram(Picture picture)
+      : width_(picture->width()), height_(picture->height()), picture_(std::move(picture)) {}
 
+  int width() const { return width_; }  // of the picture; 0 when there is none
+  int height() const { return height_; }
   const BrightnessHistogram& counts() const;
 
  private:
+  int width_ = 0;
+  int height_ = 0;
   mutable Picture picture_;  // null once it is counted
   mutable BrightnessHistogram counts_ = {};
 };
@@ -33,7 +38,7 @@ class PictureHistogram {
 int TopLevel(const BrightnessHistogram& histogram);
 
 // The automatic white point: the level at which, counting down from 765, more than 1 % of the
-// width x height pixels have been passed; -1 when there never are.
-int AutomaticWhitePoint(const BrightnessHistogram& histogram, int width, int height);
+// picture's pixels have been passed; -1 when there is no picture.
+int AutomaticWhitePoint(const PictureHistogram& histogram);
 
 }  // namespace tarnwell

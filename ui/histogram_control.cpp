@@ -3,9 +3,10 @@
 #include <cmath>
 #include <oleacc.h>
 
-#include "modules/frm_modules.h"
+#include "engine/run_parameters.h"
 #include "shell/form1.h"
 #include "ui/accessible.h"
+#include "ui/look/histogram_shape.h"
 
 namespace tarnwell {
 
@@ -14,11 +15,12 @@ void HistogramControl::Create(HWND parent) {
 }
 
 void HistogramControl::Update() {
-  limits_ = LimitsOf(form_.histogram.counts(), form_.modules);
-  if (limits_.known) {
-    SetAccessibleValue(handle(), L"black point " + std::to_wstring(std::lround(limits_.black / 3)) +
-                                     L", white point " +
-                                     std::to_wstring(std::lround(limits_.white / 3)));
+  limits_ = std::nullopt;
+  if (form_.histogram.width() > 0) {
+    limits_ = LimitsOf(CollectParameters(form_.modules, false, 1, false), form_.histogram);
+    SetAccessibleValue(
+        handle(), L"black point " + std::to_wstring(std::lround(limits_->black_point / 3)) +
+                      L", white point " + std::to_wstring(std::lround(limits_->white_point / 3)));
   }
   Invalidate();
 }
@@ -40,7 +42,7 @@ void HistogramControl::Paint(Painter& painter, const Box& client) {
   const Box inner = Inset(client, look().Px(12), look().Px(10));
   const Box bars = {inner.x, inner.y, inner.width, inner.height - look().Px(18)};
   painter.Fill({bars.x, bars.bottom(), bars.width, 1}, theme.track);
-  if (!limits_.known) {
+  if (!limits_) {
     painter.Text(bars, L"The brightness of the photo appears here", Face::kCaption, theme.quiet,
                  DT_CENTER);
     return;
@@ -51,8 +53,8 @@ void HistogramControl::Paint(Painter& painter, const Box& client) {
     const int height = static_cast<int>(std::lround(heights[column] * bars.height));
     painter.Fill({bars.x + column, bars.bottom() - height, 1, height}, colour);
   }
-  PaintPoint(painter, bars, limits_.black, L"Black", DT_LEFT);
-  PaintPoint(painter, bars, limits_.white, L"White", DT_RIGHT);
+  PaintPoint(painter, bars, limits_->black_point, L"Black", DT_LEFT);
+  PaintPoint(painter, bars, limits_->white_point, L"White", DT_RIGHT);
 }
 
 }  // namespace tarnwell

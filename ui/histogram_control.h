@@ -1,13 +1,16 @@
 #pragma once
 
+#include <optional>
+
+#include "engine/analysis.h"
 #include "ui/control.h"
-#include "ui/look/histogram_shape.h"
 
 namespace tarnwell {
 
 struct Form1;
 
-// The brightness histogram of the photo, with the black and the white point.
+// The brightness histogram of the photo, with the black and the white point that the next run
+// measures it between.
 class HistogramControl : public Control {
  public:
   HistogramControl(const Look& look, const Form1& form)
@@ -22,7 +25,7 @@ class HistogramControl : public Control {
   void PaintPoint(Painter& painter, const Box& bars, double level, const std::wstring& name,
                   UINT align);
   const Form1& form_;
-  ToneLimits limits_;
+  std::optional<ToneLimits> limits_;  // of a photo
 };
 
 }  // namespace tarnwell

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#include "engine/run_parameters.h"
 #include "tests/support/pictures.h"
 
 namespace tarnwell {
@@ -38,6 +39,30 @@ Measurements MeasuredPlainly(const PixelView& pixels, const ToneLimits& limits, 
     }
   }
   return found;
+}
+
+// The lines of the histogram in the window are these too.
+TEST(ToneLimitsTest, ByHandOrFromThePictureAndNeverNothingBetween) {
+  auto picture = std::make_shared<PixelArray>(10, 20);  // 200 pixels: 2 may be lighter
+  for (int y = 0; y < 17; ++y) SetPixel(picture->mutable_view(), 0, y, {100, 100, 100});
+  for (int y = 17; y < 20; ++y) SetPixel(picture->mutable_view(), 0, y, {200, 250, 200});
+  SetPixel(picture->mutable_view(), 1, 0, {255, 255, 255});
+  SetPixel(picture->mutable_view(), 1, 1, {255, 255, 254});
+  const struct {
+    std::optional<double> white_by_hand;
+    double black_by_hand;
+    double white;
+    double black;
+  } rows[] = {{{}, 0, 650, 0},     {{}, 76.5, 650, 76.5}, {535.5, 0, 535.5, 0},   {0, 0, 2, 0},
+              {{}, 650, 650, 648}, {100, 99, 100, 99},    {76.5, 765, 76.5, 74.5}};
+  for (const auto& row : rows) {
+    RunParameters run;
+    run.white_point = row.white_by_hand;
+    run.black_point = row.black_by_hand;
+    const ToneLimits limits = LimitsOf(run, PictureHistogram(picture));
+    EXPECT_EQ(limits.white_point, row.white) << row.black_by_hand;
+    EXPECT_EQ(limits.black_point, row.black) << row.black_by_hand;
+  }
 }
 
 TEST(AnalysisPassTest, AddsInTheOrderOfTheRuleToTheLastBit) {

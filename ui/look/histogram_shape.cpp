@@ -1,9 +1,6 @@
 #include "ui/look/histogram_shape.h"
 
 #include <algorithm>
-#include <numeric>
-
-#include "modules/frm_modules.h"
 
 namespace tarnwell {
 
@@ -25,26 +22,6 @@ std::vector<double> HistogramBars(const BrightnessHistogram& histogram, int widt
   if (tallest == 0) return bars;
   for (double& bar : bars) bar = std::min(1.0, bar / tallest);
   return bars;
-}
-
-ToneLimits LimitsOf(const BrightnessHistogram& histogram, const frmModules& panel) {
-  const auto total = std::accumulate(histogram.begin(), histogram.end(), std::uint64_t{0});
-  if (total == 0) return {};
-  ToneLimits limits = {.known = true};
-  const auto passed = [total](std::uint64_t count) { return count * 100 > total; };
-  std::uint64_t below = histogram[0];
-  int black = 0;
-  while (!passed(below)) below += histogram[++black];
-  std::uint64_t above = histogram[kHighestSum];
-  int white = kHighestSum;
-  while (!passed(above)) above += histogram[--white];
-  const bool by_hand = panel.IsOpen(kSmartPhotoCorrection);
-  limits.black =
-      by_hand && panel.IsChecked(kBlackLimitByHand) ? panel.Value(1).value_or(0) * 7.65 : black;
-  limits.white = by_hand && panel.IsChecked(kWhiteLimitByHand)
-                     ? (100 - panel.Value(0).value_or(0)) * 7.65
-                     : white;
-  return limits;
 }
 
 }  // namespace tarnwell
