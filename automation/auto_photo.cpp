@@ -1,6 +1,7 @@
 #include "automation/auto_photo.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "automation/free_name.h"
@@ -94,7 +95,7 @@ AutoPhotoOutcome ProcessPhoto(Form1& form, const AutoPhotoTask& task, NamePlan& 
   return outcome;
 }
 
-Status FolderTakes(Files& files, const std::string& folder, std::size_t bytes) {
+Status FolderTakes(Files& files, const std::string& folder, std::size_t bytes) try {
   const std::string path = files.TemporaryBeside(folder + "photo");
   Status taken = files.Replace(path, std::string(bytes, '\0'));
   if (taken.ok()) return files.Delete(path);
@@ -104,6 +105,8 @@ Status FolderTakes(Files& files, const std::string& folder, std::size_t bytes) {
     taken.message.replace(at, tried.size(), files.Display(folder));
   }
   return taken;
+} catch (const std::bad_alloc&) {
+  return Status::Error(Failure::kTooLarge, files.Display(folder) + ": not enough memory");
 }
 
 }  // namespace tarnwell

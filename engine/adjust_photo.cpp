@@ -47,7 +47,7 @@ Status ReadForPass(Form1& form, bool thumbnail) {
 }
 
 // The analysis pass over the working pixels: histogram, limits, measurements, and the correction
-// that follows from them. Fills columns 0 to 11 of `record`.
+// that follows from them. Fills columns 0 to 11 of `record`. Throws std::bad_alloc.
 Result<AutomaticCorrection> Measure(Form1& form, bool thumbnail, const RunParameters& run,
                                     LearningRecord& record) {
   const PixelView pixels = form.buffer.read->view();
@@ -56,17 +56,13 @@ Result<AutomaticCorrection> Measure(Form1& form, bool thumbnail, const RunParame
   const int top_level = TopLevel(histogram);
   const ToneLimits limits = LimitsOf(run, form.histogram);
 
-  try {
-    AnalysisPass analysis(pixels, histogram, limits, top_level);
-    PassProgress pass(form, pixels.width, analysis.part_count(), thumbnail ? 0.5f : 10.0f);
-    const bool finished = ForEachPart(
-        analysis.part_count(), 1, 1, [&](int part) { analysis.Measure(part); },
-        [&](int done) { return pass.PartDone(done); });
-    if (!finished) return Cancelled();
-    return DeriveCorrection(analysis.found(), limits, record);
-  } catch (const std::bad_alloc&) {
-    return OutOfMemory(form);
-  }
+  AnalysisPass analysis(pixels, histogram, limits, top_level);
+  PassProgress pass(form, pixels.width, analysis.part_count(), thumbnail ? 0.5f : 10.0f);
+  const bool finished = ForEachPart(
+      analysis.part_count(), 1, 1, [&](int part) { analysis.Measure(part); },
+      [&](int done) { return pass.PartDone(done); });
+  if (!finished) return Cancelled();
+  return DeriveCorrection(analysis.found(), limits, record);
 }
 
 AdjustmentSettings SettingsFor(const RunParameters& run, const AutomaticCorrection& automatic,
@@ -132,7 +128,7 @@ void TakePhotoOut(Form1& form) {
   form.histogram = {};
 }
 
-Status RunCorrection(Form1& form, bool preview) {
+Status RunCorrection(Form1& form, bool preview) try {
   const PixelView original = form.buffer.surfaces.picOriginal.image->view();
   const double scale_ratio =
       static_cast<double>(original.width) / ThumbnailSizeFor(original.width, original.height).width;
@@ -171,6 +167,8 @@ Status RunCorrection(Form1& form, bool preview) {
   form.app.learning_record = run.measure ? FormatLearningRecord(record) : std::string();
   form.learnt = learnt;
   return Status::Ok();
+} catch (const std::bad_alloc&) {
+  return OutOfMemory(form);
 }
 
 void MeasureOriginal(Form1& form) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -196,6 +197,16 @@ Status InNameOf(Status status, const std::string& path, const std::string& tempo
   return status;
 }
 
+// Writes the working image to the new file `path`.
+Status WriteImage(Form1& form, const std::string& path, bool as_jpeg,
+                  std::vector<std::string>& lost) try {
+  if (as_jpeg) return WriteJpeg(form, path, lost);
+  return form.platform.codec.SaveBitmap(path, form.buffer.surfaces.picSource.image->view());
+} catch (const std::bad_alloc&) {
+  return Status::Error(Failure::kTooLarge,
+                       form.platform.files.Display(path) + ": there is not enough memory to save");
+}
+
 // Writes the working image to the new file names.output_path, in the format that its extension
 // says. Whatever fails leaves no file; kExists when the name was taken meanwhile. `lost` is told
 // what of the photo's metadata could not be kept.
@@ -203,9 +214,7 @@ Status WritePhoto(Form1& form, bool as_jpeg, std::vector<std::string>& lost) {
   Files& files = form.platform.files;
   const std::string& path = form.names.output_path;
   const std::string temporary = files.TemporaryBeside(path);
-  const PictureSurface& source = form.buffer.surfaces.picSource;
-  Status status = as_jpeg ? WriteJpeg(form, temporary, lost)
-                          : form.platform.codec.SaveBitmap(temporary, source.image->view());
+  Status status = WriteImage(form, temporary, as_jpeg, lost);
   if (status.ok()) {
     status = files.Publish(temporary, path);
   } else {

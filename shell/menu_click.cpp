@@ -142,7 +142,7 @@ void RunMenuRow(MainWindow& window, int menu, int row) {
 void MenuClick(MainWindow& window, int menu, int row) {
   if (IsOccupied(window) || !IsRowEnabled(window.form, menu, row)) return;
   const Occupied occupied(window);
-  RunMenuRow(window, menu, row);
+  TellLackOfMemory(window.form, [&] { RunMenuRow(window, menu, row); });
   window.view.Refresh();
 }
 

@@ -65,7 +65,7 @@ void Timer2_Tick(MainWindow& window) {
     window.start_up_tip_due = false;
     OfferTip(window, kStartUpTip);
   }
-  OpenQueuedPhoto(window);
+  TellLackOfMemory(window.form, [&] { OpenQueuedPhoto(window); });
 }
 
 }  // namespace tarnwell

@@ -133,7 +133,7 @@ void PressToolButton(MainWindow& window, int index) {
 void picToolBtn_Click(MainWindow& window, int index) {
   if (IsOccupied(window) || !IsButtonEnabled(window.form, index)) return;
   const Occupied occupied(window);
-  PressToolButton(window, index);
+  TellLackOfMemory(window.form, [&] { PressToolButton(window, index); });
   window.view.Refresh();
 }
 

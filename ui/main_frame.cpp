@@ -126,10 +126,10 @@ void MainFrame::MakePanel() {
 }
 
 void MainFrame::RunCommand(const std::function<void()>& change, bool refresh) {
-  if (window_->occupied) return;
+  if (IsOccupied(*window_)) return;
   {
     const Occupied occupied(*window_);
-    change();
+    TellLackOfMemory(window_->form, change);
   }
   if (refresh) Refresh();
 }

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <new>
 #include <unistd.h>
 
 #include "imaging/jpeg_segments.h"
@@ -93,15 +94,17 @@ std::string PosixJpegLibrary::EncodePath(const std::string& path) {
   return ToSystemPath(path).ok() ? path : std::string();
 }
 
-Status PosixJpegLibrary::WritePicture(const std::string& path, const JpegPicture& picture) {
+Status PosixJpegLibrary::WritePicture(const std::string& path, const JpegPicture& picture) try {
   const PixelView& pixels = picture.pixels;
   const JpegRows rows = {pixels.data, static_cast<std::ptrdiff_t>(pixels.stride()), pixels.width,
                          pixels.height, kBytesPerPixel};
   const auto bytes =
       EncodeJpegPicture(rows, picture.quality, picture.half_chrominance, picture.threads);
-  if (!bytes) return PathError(Failure::kTooLarge, path, "there is not enough memory to save");
+  if (!bytes) throw std::bad_alloc();
   return WriteNewFile(path,
                       picture.segments.empty() ? *bytes : WithSegments(*bytes, picture.segments));
+} catch (const std::bad_alloc&) {
+  return PathError(Failure::kTooLarge, path, "there is not enough memory to save");
 }
 
 }  // namespace tarnwell

@@ -19,7 +19,8 @@ struct AutoModeTest : testing::Test, AutoModeHost, Tray {
   SysTray tray{*this};
   AutoMode mode;
   Lines statuses, reports, tray_log;
-  std::string full;  // nothing can be written below this path
+  std::string full;            // nothing can be written below this path
+  bool out_of_memory = false;  // what is no photo cannot be written at all
 
   AutoModeTest() {
     window.app.open_mode = 2;
@@ -29,6 +30,7 @@ struct AutoModeTest : testing::Test, AutoModeHost, Tray {
     StartAutoMode(mode);
     static_cast<FaultyFiles&>(*window.files).before_write = [this](const std::string& path) {
       if (full.empty() || !path.starts_with(full)) return Status::Ok();
+      if (out_of_memory && !path.ends_with(".jpg")) throw std::bad_alloc();
       return Status::Error(Failure::kDiskFull, window.files->Display(path) + ": disk full");
     };
   }
@@ -121,12 +123,13 @@ TEST_F(AutoModeTest, APhotoThatCannotBeReadIsNamedOnceUntilItChangesOrTheModeSta
 }
 
 TEST_F(AutoModeTest, AFullDiskKeepsTheSourcesAndIsTriedAgainLater) {
-  for (const char* trouble : {"out", "done"}) {
+  for (const std::string trouble : {"out", "done", "out without memory"}) {
     SCOPED_TRACE(trouble);
     reports.clear();
-    full = folder.File(trouble);
-    Arrive(std::string(trouble) + "1.jpg");
-    Arrive(std::string(trouble) + "2.jpg");
+    full = folder.File(trouble.substr(0, trouble.find(' ')));
+    out_of_memory = trouble.ends_with("memory");
+    Arrive(trouble + "1.jpg");
+    Arrive(trouble + "2.jpg");
     Take();
     EXPECT_EQ(reports.size(), 1u);
     EXPECT_EQ(mode.window.lblStatus, reports.front());
@@ -141,7 +144,8 @@ TEST_F(AutoModeTest, AFullDiskKeepsTheSourcesAndIsTriedAgainLater) {
     EXPECT_TRUE(mode.window.lblStatus.starts_with("Waiting...")) << mode.window.lblStatus;
   }
   // What was saved before its source could be moved is not saved once more.
-  EXPECT_EQ(folder.Names("out"), (Lines{"done1.jpg", "done2.jpg", "out1.jpg", "out2.jpg"}));
+  EXPECT_EQ(folder.Names("out"), (Lines{"done1.jpg", "done2.jpg", "out without memory1.jpg",
+                                        "out without memory2.jpg", "out1.jpg", "out2.jpg"}));
 }
 
 TEST_F(AutoModeTest, AMissingFolderIsNamedAndWaitedFor) {

@@ -30,6 +30,23 @@ void ExpectUntouched(const PhotoSurfaces& before, const PhotoSurfaces& after) {
   EXPECT_TRUE(before.picTContainer == after.picTContainer);
 }
 
+TEST(AdjustPhotoTest, ARunWithoutMemoryLeavesNothingBehind) {
+  TestWindow window;
+  window.Show(NoisyPicture(40, 30, 1));
+  ASSERT_TRUE(AnalyzeOpenedPhoto(window.form).ok());
+  const int begun = window.events.runs;
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  const int last = 2 * window.events.runs - begun;
+  const PhotoSurfaces before = window.surfaces();
+  window.events.on_run = [&](int run) {
+    if (run == last) throw std::bad_alloc();
+  };
+  EXPECT_EQ(AdjustPhoto(window.form, false).failure, Failure::kTooLarge);
+  ExpectUntouched(before, window.surfaces());
+  window.events.on_run = nullptr;
+  EXPECT_TRUE(AdjustPhoto(window.form, false).ok());
+}
+
 TEST(AdjustPhotoTest, CancelledRunLeavesNothingBehind) {
   constexpr int kWidth = 40;
   for (const bool preview : {false, true}) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -39,8 +40,9 @@ Picture Uniform(int width, int height, std::uint8_t level) {
 struct CorrectedWindow : TestWindow {
   Picture corrected = Uniform(16, 12, 200);
 
-  explicit CorrectedWindow(std::unique_ptr<Files> with_files = MakeSystemFiles())
-      : TestWindow(std::move(with_files)) {
+  explicit CorrectedWindow(std::unique_ptr<Files> with_files = MakeSystemFiles(),
+                           JpegLibrary* with_jpeg = nullptr)
+      : TestWindow(std::move(with_files), with_jpeg) {
     app.open_mode = 2;
     app.opened_path = WriteBitmap("img.bmp", Uniform(16, 12, 100));
     const Status opened = FileOpen(form, false);
@@ -187,6 +189,33 @@ TEST(FileSaveTest, AFailedWriteNamesThePhotoAndChangesNothing) {
     EXPECT_EQ(window.notifications, (std::vector<TestWindow::Notification>{
                                         {"(ERROR) Failed to saved image to: " + path, 1800}}));
   }
+}
+
+// An encoder that runs out of memory half-way.
+struct LargeJpegLibrary : JpegLibrary {
+  TempFolder* folder = nullptr;
+  int ijlInit(JPEG_CORE_PROPERTIES*) override { return 0; }
+  int ijlWrite(JPEG_CORE_PROPERTIES*, int) override { return 0; }
+  int ijlFree(JPEG_CORE_PROPERTIES*) override { return 0; }
+  std::string EncodePath(const std::string& path) override { return path; }
+  bool TakesPictures() const override { return true; }
+  Status WritePicture(const std::string& path, const JpegPicture&) override {
+    folder->Write(path.substr(folder->File("").size()), "half a photo");
+    throw std::bad_alloc();
+  }
+};
+
+TEST(FileSaveTest, ASaveWithoutMemoryLeavesNothing) {
+  LargeJpegLibrary library;
+  CorrectedWindow window(MakeSystemFiles(), &library);
+  library.folder = &window.folder;
+  window.form.names.output_path = window.folder.File("large.jpg");
+  const Status saved = FileSave(window.form, false);
+  EXPECT_EQ(saved.failure, Failure::kTooLarge);
+  EXPECT_TRUE(
+      saved.message.starts_with(window.files->Display(window.folder.File("large.jpg")) + ": "))
+      << saved.message;
+  window.ExpectNothingSaved();
 }
 
 TEST(FileSaveTest, ARecordThatCannotBeKeptDoesNotFailTheSave) {

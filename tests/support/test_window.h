@@ -49,9 +49,10 @@ struct TestWindow {
   std::vector<std::string> tips;
   std::vector<Notification> notifications;
 
-  explicit TestWindow(std::unique_ptr<Files> with_files = MakeSystemFiles())
+  explicit TestWindow(std::unique_ptr<Files> with_files = MakeSystemFiles(),
+                      JpegLibrary* with_jpeg = nullptr)
       : files(std::move(with_files)),
-        platform{*files, *codec, *jpeg, dialogs, events, clock, clipboard},
+        platform{*files, *codec, with_jpeg ? *with_jpeg : *jpeg, dialogs, events, clock, clipboard},
         form{.app = app, .platform = platform, .modules = modules, .progress = progress} {
     SetProgramFolder(app, folder.MakeFolder("program"), "TarnwellPocket");
     folder.MakeFolder("program\\Cameras\\Default\\Default");
