@@ -3,10 +3,14 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <optional>
 
 #include "imaging/jpeg_encoder.h"
 #include "imaging/jpeg_segments.h"
 #include "imaging/pixel_array.h"
+#include "platform/win32/file_handle.h"
+#include "platform/win32/wide_path.h"
+#include "platform/win32/win32_error.h"
 #include "platform/win32/win32_files.h"
 
 namespace tarnwell {
@@ -74,7 +78,10 @@ Status Win32JpegLibrary::WritePicture(const std::string& path, const JpegPicture
                         pixels.height, kBytesPerPixel};
   std::string bytes = EncodeJpeg(rows, picture.quality, picture.half_chrominance);
   if (!picture.segments.empty()) bytes = WithSegments(bytes, picture.segments);
-  return Win32Files().Replace(path, bytes);
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return StatusOfError(path, ERROR_INVALID_NAME, Subject::kNewFile);
+  const DWORD error = WriteNewFile(*wide, bytes);
+  return error == ERROR_SUCCESS ? Status::Ok() : StatusOfError(path, error, Subject::kNewFile);
 } catch (const std::bad_alloc&) {
   return Status::Error(Failure::kTooLarge, path + ": there is not enough memory to save");
 }
