@@ -9,6 +9,7 @@ namespace tarnwell {
 
 Control::~Control() {
   if (handle()) ClearAccessible(handle());
+  if (hovered_) Tooltip::Hide();
 }
 
 void Control::Create(HWND parent, const std::wstring& name, DWORD role, bool tab_stop) {
@@ -101,6 +102,7 @@ LRESULT Control::Handle(UINT message, WPARAM w, LPARAM l) {
       if (HandlePointer(message, GET_X_LPARAM(l), GET_Y_LPARAM(l))) return 0;
       break;
     case WM_MOUSELEAVE:
+    case WM_DESTROY:
       SetHovered(false);
       return 0;
     case WM_CAPTURECHANGED:
