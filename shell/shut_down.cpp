@@ -12,6 +12,16 @@
 #include "shell/tips.h"
 
 namespace tarnwell {
+namespace {
+
+Status KeepSettings(MainWindow& window) {
+  WindowMemory& memory = window.form.memory;
+  memory.tips_setting = TipsSettingText(window.tips);
+  memory.hidden_tips = HiddenTipsText(window.tips);
+  return INISave(window.form);
+}
+
+}  // namespace
 
 bool CloseMainWindow(MainWindow& window) {
   Form1& form = window.form;
@@ -24,9 +34,7 @@ bool CloseMainWindow(MainWindow& window) {
   const Occupied occupied(window);
   if (!AskToSaveChanges(form)) return false;
   window.view.ReleaseDrawing();
-  form.memory.tips_setting = TipsSettingText(window.tips);
-  form.memory.hidden_tips = HiddenTipsText(window.tips);
-  TellFailure(form, INISave(form));
+  TellFailure(form, KeepSettings(window));
 
   form.app.cancel_requested = true;
   form.app.closing = true;
@@ -35,6 +43,19 @@ bool CloseMainWindow(MainWindow& window) {
   window.view.UnloadOtherWindows();
   window.view.RemoveTrayIcon();
   return true;
+}
+
+bool MayEndSession(MainWindow& window) {
+  // The automated mode loses nothing when it is ended at any moment.
+  if (window.form.app.closing || window.pass_running) return true;
+  if (IsOccupied(window)) return false;
+  const Occupied occupied(window);
+  return AskToSaveChanges(window.form);
+}
+
+void EndSession(MainWindow& window) {
+  // Nobody is there any more to be told of a failure.
+  static_cast<void>(KeepSettings(window));
 }
 
 }  // namespace tarnwell

@@ -10,4 +10,10 @@ struct MainWindow;
 // and the close requested again at its end.
 bool CloseMainWindow(MainWindow& window);
 
+// Whether the system may end this session: asks about unsaved changes. Not while a command runs.
+bool MayEndSession(MainWindow& window);
+
+// The system ends the session, and this program with it: keeps the settings.
+void EndSession(MainWindow& window);
+
 }  // namespace tarnwell

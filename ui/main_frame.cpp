@@ -146,13 +146,21 @@ void MainFrame::Open() {
 
 // What was kept may be from a screen that is gone: then the system's choice stands.
 void MainFrame::RestorePlacement() {
-  const WindowPlacement& placement = window_->form.memory.placement;
-  const WindowBounds& bounds = placement.normal;
+  WindowPlacement& placement = window_->form.memory.placement;
+  const WindowBounds& bounds = placement.current();
   const RECT rect = {bounds.left, bounds.top, bounds.left + bounds.width,
                      bounds.top + bounds.height};
   if (bounds.width <= 0 || bounds.height <= 0) return;
-  if (!MonitorFromRect(&rect, MONITOR_DEFAULTTONULL)) return;
-  Place(ToBox(rect));
+  const HMONITOR monitor = MonitorFromRect(&rect, MONITOR_DEFAULTTONULL);
+  if (!monitor) return;
+  if (!placement.maximized) return Place(ToBox(rect));
+  // Its size at its largest is the screen's affair; what counts is on which screen that was.
+  MONITORINFO screen = {};
+  screen.cbSize = sizeof(screen);
+  RECT start = {};
+  if (!GetMonitorInfoW(monitor, &screen) || !GetWindowRect(handle(), &start)) return;
+  const Box size = ToBox(start);
+  Place({screen.rcWork.left, screen.rcWork.top, size.width, size.height});
 }
 
 void MainFrame::KeepPlacement() {
@@ -160,9 +168,11 @@ void MainFrame::KeepPlacement() {
   placement.length = sizeof(placement);
   if (!GetWindowPlacement(handle(), &placement)) return;
   WindowPlacement& kept = window_->form.memory.placement;
-  const Box normal = ToBox(placement.rcNormalPosition);
   kept.maximized = IsZoomed(handle());
-  kept.normal = {normal.x, normal.y, normal.width, normal.height};
+  RECT rect = placement.rcNormalPosition;
+  if (kept.maximized) GetWindowRect(handle(), &rect);
+  const Box box = ToBox(rect);
+  kept.current() = {box.x, box.y, box.width, box.height};
 }
 
 void MainFrame::KeyboardUsed(bool used) {
@@ -420,8 +430,12 @@ LRESULT MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       menus_.Leave();
       return 0;
     case WM_QUERYENDSESSION:
-      // The automated mode loses nothing when it is ended at any moment.
-      return !window_->occupied || window_->pass_running;
+      return MayEndSession(*window_);
+    case WM_ENDSESSION:
+      if (!w) return 0;
+      KeepPlacement();
+      EndSession(*window_);
+      return 0;
   }
   return FrameWindow::Handle(message, w, l);
 }

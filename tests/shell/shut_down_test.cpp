@@ -1,6 +1,7 @@
 #include "shell/shut_down.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,34 @@ TEST(CloseMainWindow, AsksAboutUnsavedChanges) {
     EXPECT_EQ(desk.dialogs.Asked(),
               Log{"Do you want to save the changes you made to the current image?"});
     EXPECT_EQ(desk.folder.Holds("saved.bmp"), answer == Answer::kYes);
+  }
+}
+
+TEST(EndOfSession, AsksAboutUnsavedChangesAndKeepsTheSettings) {
+  const struct {
+    bool changed, command_runs, automated_photo;
+    std::optional<Answer> answer;
+    bool may_end;
+  } rows[] = {
+      {false, false, false, {}, true},          {true, false, false, Answer::kNo, true},
+      {true, false, false, Answer::kYes, true}, {true, false, false, Answer::kCancel, false},
+      {false, true, false, {}, false},          {true, true, true, {}, true},
+  };
+  for (const auto& row : rows) {
+    MainDesk desk;
+    desk.ShowLargePhoto();
+    desk.app.photo_changed = row.changed;
+    desk.window.occupied = row.command_runs;
+    desk.window.pass_running = row.automated_photo;
+    desk.form.names.output_path = desk.folder.File("saved.bmp");
+    if (row.answer) desk.dialogs.answers = {*row.answer};
+    EXPECT_EQ(MayEndSession(desk.window), row.may_end);
+    EXPECT_EQ(desk.dialogs.Asked().size(), row.answer ? 1u : 0u);
+    EXPECT_EQ(desk.folder.Holds("saved.bmp"), row.answer == Answer::kYes);
+    EXPECT_FALSE(desk.app.closing) << "another program may keep the session";
+    EXPECT_FALSE(desk.folder.Holds("program\\TarnwellPocket.ini"));
+    EndSession(desk.window);
+    EXPECT_TRUE(desk.folder.Holds("program\\TarnwellPocket.ini"));
   }
 }
 

@@ -95,6 +95,30 @@ TEST(MainWindow, KeysOfTheMenusWork) {
   ASSERT_TRUE(WaitFor([&] { return program.Find(L"#32770") != nullptr; }));
 }
 
+TEST(MainWindow, ComesBackAtItsLargestWhereItWas) {
+  Program program(L"100");
+  std::string bounds;
+  for (int start = 0; start < 2; ++start) {
+    ASSERT_TRUE(program.Start(""));
+    ASSERT_TRUE(WaitFor([&] { return program.Find(L"TarnwellPocket") != nullptr; }));
+    const HWND window = program.Find(L"TarnwellPocket");
+    if (start == 0) ShowWindow(window, SW_MAXIMIZE);
+    ASSERT_TRUE(WaitFor([&] { return IsZoomed(window) != FALSE; }));
+    RECT rect = {};
+    GetWindowRect(window, &rect);
+    bounds = "\r\n1";
+    for (const LONG number :
+         {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top}) {
+      bounds += "\r\n" + std::to_string(number);
+    }
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    DWORD code = STILL_ACTIVE;
+    ASSERT_TRUE(WaitFor([&] { return program.Ended(code); }));
+    const std::string kept = program.folder.Read("TarnwellPocket.ini");
+    EXPECT_TRUE(kept.ends_with(bounds + "\r\n")) << bounds << " in " << kept;
+  }
+}
+
 // The slider hears its keys, and what they set is kept.
 TEST(MainWindow, ASliderIsMovedByKeys) {
   Program program(L"100");
