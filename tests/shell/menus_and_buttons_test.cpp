@@ -90,8 +90,15 @@ TEST(MenuClick, NothingBeginsWhileACommandRuns) {
   EXPECT_EQ(desk.view.log.back(), "about");
 }
 
-using Log = std::vector<std::string>;
-using Kind = ScriptedDialogs::Kind;
+TEST(MenuClick, ACommandWithoutMemoryEndsWithAMessageAndTheNextOneRuns) {
+  MainDesk desk;
+  desk.view.on_open_mode = [] { throw std::bad_alloc(); };
+  desk.view.menu_choice = 3;
+  MenuClick(desk.window, kOptionsMenu, 3);
+  picToolBtn_Click(desk.window, kOptionsButton);
+  EXPECT_EQ(desk.dialogs.Told(), Log(2, "There is not enough memory for this."));
+  EXPECT_FALSE(IsOccupied(desk.window));
+}
 
 TEST(ToolButton, WindowsComeUp) {
   MainDesk desk;
@@ -124,8 +131,6 @@ TEST(ToolButton, PresetsComeFromAndGoToTheFileThatIsChosen) {
   EXPECT_EQ(desk.modules.Value(3), 25);
   EXPECT_EQ(desk.dialogs.Told(), Log{});
 }
-
-using Log = std::vector<std::string>;
 
 TEST(ToolButton, AHelpFileOfItsOwnComesBeforeThePage) {
   MainDesk desk;
