@@ -1,5 +1,7 @@
 #include "console/console_dialogs.h"
 
+#include "imaging/file_save.h"
+
 namespace tarnwell {
 
 std::string OneLine(const std::string& text) {
@@ -20,7 +22,9 @@ Answer ConsoleDialogs::Ask(const std::string&, const std::string& text, Icon) {
   return Answer::kCancel;
 }
 
-void ConsoleDialogs::Tell(const std::string&, const std::string& text, Icon) {
+void ConsoleDialogs::Tell(const std::string& title, const std::string& text, Icon) {
+  // The command takes its next name then, or says itself that it has none.
+  if (title == kNameTakenTitle) return;
   err_ << OneLine(text) << std::endl;
 }
 

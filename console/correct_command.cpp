@@ -3,6 +3,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "console/console_dialogs.h"
 #include "console/console_host.h"
@@ -26,7 +27,8 @@ class CorrectCommand {
  private:
   Status PrepareSettings();
   Status CorrectPhoto(const std::string& photo);
-  Status CorrectOpenedPhoto(Form1& form, const std::string& output_path);
+  Status CorrectOpenedPhoto(Form1& form, const std::string& photo, const std::string& output_path);
+  Status Save(Form1& form, const std::string& photo, std::string output_path);
   std::string OutputPath(const std::string& photo);
   Result<std::string> PlanOutput(const std::string& photo);
   std::string TakenText(const std::string& path) {
@@ -81,7 +83,9 @@ std::string CorrectCommand::OutputPath(const std::string& photo) {
 Result<std::string> CorrectCommand::PlanOutput(const std::string& photo) {
   const std::string path = OutputPath(photo);
   if (files().FileExists(path) || files().FolderExists(path)) {
-    return Status::Error(Failure::kExists, TakenText(path));
+    std::string text = TakenText(path);
+    if (options_.output.empty()) text += ", and so do all names before; --output names another";
+    return Status::Error(Failure::kExists, std::move(text));
   }
   const bool elsewhere = !options_.output.empty() || !options_.output_folder.empty();
   const std::string folder = SplitPhotoPath(path).folder;
@@ -102,13 +106,14 @@ Status CorrectCommand::CorrectPhoto(const std::string& photo) {
     ConsoleWindow window(start_, system_, dialogs_, host_.interrupted, ThreadsOf(options_.settings),
                          bar ? &*bar : nullptr);
     window.app.opened_path = photo_path;
-    return CorrectOpenedPhoto(window.form, *output_path);
+    return CorrectOpenedPhoto(window.form, photo_path, *output_path);
   } catch (const std::bad_alloc&) {
     return Status::Error(Failure::kTooLarge, files().Display(photo_path) + ": not enough memory");
   }
 }
 
-Status CorrectCommand::CorrectOpenedPhoto(Form1& form, const std::string& output_path) {
+Status CorrectCommand::CorrectOpenedPhoto(Form1& form, const std::string& photo,
+                                          const std::string& output_path) {
   if (Status opened = FileOpen(form, /*show_dialog=*/false); !opened.ok()) return opened;
   if (Status adjusted = AdjustPhoto(form, options_.preview); !adjusted.ok()) return adjusted;
   const std::string record = form.app.learning_record;
@@ -117,14 +122,23 @@ Status CorrectCommand::CorrectOpenedPhoto(Form1& form, const std::string& output
     host_.err << files().Display(form.app.current_file) << ": " << learnt << std::endl;
   }
 
-  form.names.output_path = output_path;
-  Status saved = FileSave(form, /*notify=*/false);
-  // The save asks for another name only when a file of this one came up meanwhile.
-  if (saved.failure == Failure::kCancelled && !form.app.cancel_requested) {
-    return Status::Error(Failure::kExists, TakenText(output_path));
-  }
+  Status saved = Save(form, photo, output_path);
   if (saved.ok() && options_.record && !record.empty()) host_.out << record << "\n" << std::flush;
   return saved;
+}
+
+Status CorrectCommand::Save(Form1& form, const std::string& photo, std::string output_path) {
+  for (;;) {
+    form.names.output_path = output_path;
+    Status saved = FileSave(form, /*notify=*/false);
+    // The save asks for another name only when a file of this one came up meanwhile.
+    const bool taken = saved.failure == Failure::kCancelled && !form.app.cancel_requested;
+    if (!taken) return saved;
+    if (!options_.output.empty()) return Status::Error(Failure::kExists, TakenText(output_path));
+    Result<std::string> next = PlanOutput(photo);
+    if (!next.ok()) return next.status;
+    output_path = std::move(*next);
+  }
 }
 
 }  // namespace

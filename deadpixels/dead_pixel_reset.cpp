@@ -32,8 +32,8 @@ Status DeleteFilesOf(Files& files, const std::string& folder) {
 
 Status DeleteDeadPixelData(const Module1& app, Files& files) {
   const std::string folder = app.camera_folder + "~ Dead Pixels\\";
-  if (!files.FolderExists(folder)) return Status::Ok();
   const Result<std::vector<FolderEntry>> entries = files.List(folder);
+  if (entries.status.failure == Failure::kNotFound) return Status::Ok();
   if (!entries.ok()) return entries.status;
   Status outcome;
   for (const FolderEntry& entry : *entries) {

@@ -78,7 +78,7 @@ bool IsUnnamed(const std::string& path) { return path.empty() || path == kOtherP
 
 void RefuseTakenName(Form1& form) {
   const std::string& title = form.app.title;
-  form.platform.dialogs.Tell("Photo File Exists...",
+  form.platform.dialogs.Tell(kNameTakenTitle,
                              title + " has detected that a photo with the file already exists. " +
                                  title +
                                  " currently has a policy of not overwriting photos, please define "
@@ -271,7 +271,9 @@ Status FileSave(Form1& form, bool notify) {
 
   TellWhatIsLost(form, as_jpeg, std::move(lost));
   if (Status learnt = AppendLearningRecord(form); !learnt.ok()) {
-    form.platform.dialogs.Tell(form.app.title, learnt.message, Icon::kExclamation);
+    form.platform.dialogs.Tell(form.app.title,
+                               learnt.message + "; the photo is saved, but nothing was learnt",
+                               Icon::kExclamation);
   }
   if (!thumbnail_only) MakeSavedPhotoTheOriginal(form);
   // A bitmap is announced as failed although it was written: the announcement has always told of

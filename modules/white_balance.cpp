@@ -42,9 +42,12 @@ Status UseModeWhiteBalance(const Module1& app, Files& files, frmModules& panel) 
   panel.white_balance_mode = WhiteBalanceMode::kModeDefault;
   panel.white_swatch_visible = false;
   const std::string path = ModeFile(app);
-  if (!files.FileExists(path)) {
-    const Status written = WriteWhiteBalanceFile(files, path, WhiteBalanceSetting());
-    if (!written.ok()) return written;
+  Status used = UseWhiteBalanceFile(files, panel, path);
+  // Only a file that is known to be missing is made: one that cannot be looked at may be somebody's
+  // saved reference.
+  if (used.failure != Failure::kNotFound) return used;
+  if (Status made = WriteWhiteBalanceFile(files, path, WhiteBalanceSetting()); !made.ok()) {
+    return made;
   }
   return UseWhiteBalanceFile(files, panel, path);
 }

@@ -29,8 +29,8 @@ int SystemProcessorCount();
 std::uint64_t SystemMemoryBytes();
 
 // Deletes the temporary files in `folder` that programs of this machine left when they were ended
-// in the middle of writing: those of processes that no longer run, and those of an earlier process
-// that had this one's number. Called before this process writes there. Returns how many went.
+// in the middle of writing. Files does so where it writes for the first time; this is for folders
+// that are to be tidy before anything is written. Returns how many went.
 int DeleteStrayTemporaries(const std::string& folder);
 
 }  // namespace tarnwell

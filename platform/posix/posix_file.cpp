@@ -25,7 +25,11 @@ Result<PosixFile> OpenFile(const std::string& path, int flags, Subject subject,
   if (descriptor < 0) return SystemError(errno, shown, subject);
   PosixFile file(descriptor);
   struct stat found;
-  if (fstat(descriptor, &found) != 0) return SystemError(errno, shown, subject);
+  if (fstat(descriptor, &found) != 0) {
+    const int error = errno;
+    if ((flags & O_EXCL) != 0) unlink(system_path->c_str());  // made by this call
+    return SystemError(error, shown, subject);
+  }
   if (S_ISDIR(found.st_mode)) return SystemError(EISDIR, shown, subject);
   if (!S_ISREG(found.st_mode)) return PathError(Failure::kOther, shown, "is not a file");
   return file;

@@ -1,16 +1,14 @@
 #include "platform/posix/posix_files.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
-#include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
+#include <functional>
 #include <memory>
 #include <new>
 #include <optional>
 #include <sys/file.h>
-#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,9 +17,12 @@
 #include "platform/posix/posix_file.h"
 #include "platform/posix/posix_move.h"
 #include "platform/posix/posix_path.h"
+#include "platform/posix/temporary_files.h"
 
 namespace tarnwell {
 namespace {
+
+constexpr std::uint64_t kLongestRead = std::uint64_t{1} << 32;  // as where a caller names no limit
 
 bool LooksLike(const std::string& path, mode_t kind) {
   const Result<std::string> system_path = ToSystemPath(path);
@@ -92,7 +93,7 @@ bool IsNamed(const PosixFile& file, const std::string& path) {
 }
 
 // Opens a file and locks it against everybody else who adds to it or updates it, until it is
-// closed. File systems without locks are left to the atomicity of a single appending write.
+// closed. Where the file system has no locks, the last of two who come at the same time wins.
 Result<PosixFile> OpenLocked(const std::string& path, int flags, Subject subject) {
   for (;;) {
     Result<PosixFile> file = OpenFile(path, flags, subject);
@@ -104,58 +105,46 @@ Result<PosixFile> OpenLocked(const std::string& path, int flags, Subject subject
   }
 }
 
-// The last byte of an open file of `size` bytes, or nothing.
-std::string LastByte(const PosixFile& file, off_t size) {
-  char last = 0;
-  if (size < 1 || pread(file.descriptor(), &last, 1, size - 1) != 1) return {};
-  return {last};
-}
-
 // The file that a write to `path` is meant for: a link stands for what it leads to.
-std::string BehindLinks(const std::string& system_path) {
-  const std::unique_ptr<char, decltype(&free)> real(realpath(system_path.c_str(), nullptr), &free);
-  return real ? real.get() : system_path;
+Result<std::string> BehindLinks(const std::string& path) {
+  Result<std::string> system_path = ToSystemPath(path);
+  if (!system_path.ok()) return system_path;
+  const std::unique_ptr<char, decltype(&free)> real(realpath(system_path->c_str(), nullptr), &free);
+  if (real) return std::string(real.get());
+  if (errno == ENOENT) return system_path;
+  return SystemError(errno, path, Subject::kNewFile);
 }
 
-// Makes the new file `temporary`, a path of the system, hold `bytes`; failures name `shown`.
-Status WriteFlushed(const std::string& temporary, std::string_view bytes,
-                    std::optional<mode_t> rights, const std::string& shown) {
-  Result<PosixFile> file =
-      OpenFile(FromSystemPath(temporary), O_WRONLY | O_CREAT | O_EXCL, Subject::kNewFile, shown);
-  if (!file.ok()) return file.status;
-  if (rights && fchmod(file->descriptor(), *rights) != 0) {
-    return SystemError(errno, shown, Subject::kNewFile);
+// Puts a temporary file that holds `bytes`, flushed, beside `target` and hands it to `move`, which
+// gives it its name. Both are paths of the system; failures name `shown`. On failure nothing is
+// left of it.
+Status WriteAndMove(const std::string& target, std::string_view bytes, std::optional<mode_t> rights,
+                    const std::string& shown,
+                    const std::function<Status(const std::string& temporary)>& move) {
+  const std::string temporary = NewTemporaryIn(SystemFolderOf(target));
+  Status written;
+  {
+    Result<PosixFile> file =
+        OpenFile(FromSystemPath(temporary), O_WRONLY | O_CREAT | O_EXCL, Subject::kNewFile, shown);
+    if (!file.ok()) return file.status;
+    written = WriteAll(*file, bytes, shown);
+    if (rights && written.ok() && fchmod(file->descriptor(), *rights) != 0) {
+      written = SystemError(errno, shown, Subject::kNewFile);
+    }
+    if (written.ok()) written = Flush(*file, shown);
   }
-  Status written = WriteAll(*file, bytes, shown);
-  return written.ok() ? Flush(*file, shown) : written;
-}
-
-std::string TemporaryName() {
-  // The counter tells the calls of this process apart, its number the processes of this machine,
-  // and the random part those of other machines that share the folder.
-  static std::atomic<unsigned> counter = 0;
-  std::uint32_t random = 0;
-  if (getrandom(&random, sizeof random, GRND_NONBLOCK) < 0) random = 0;
-  char name[64];
-  std::snprintf(name, sizeof name, ".tarnwell-%ld-%u-%08x.tmp", static_cast<long>(getpid()),
-                counter++, random);
-  return name;
+  if (written.ok()) written = move(temporary);
+  if (!written.ok()) {
+    unlink(temporary.c_str());
+    return written;
+  }
+  // From here on the new content is in place; a disk that cannot flush the folder would at worst
+  // bring the old one back after a power cut, whole as well.
+  FlushFolderOf(FromSystemPath(target));
+  return Status::Ok();
 }
 
 }  // namespace
-
-std::optional<long> ProcessOfTemporary(const std::string& name) {
-  long process = 0;
-  unsigned counter = 0;
-  unsigned random = 0;
-  int length = 0;
-  const int read = std::sscanf(name.c_str(), ".tarnwell-%9ld-%10u-%8x.tmp%n", &process, &counter,
-                               &random, &length);
-  if (read != 3 || static_cast<std::size_t>(length) != name.size() || process < 1) {
-    return std::nullopt;
-  }
-  return process;
-}
 
 bool PosixFiles::FileExists(const std::string& path) { return LooksLike(path, S_IFREG); }
 
@@ -191,43 +180,37 @@ Status PosixFiles::CreateFolder(const std::string& folder) {
 }
 
 Status PosixFiles::Replace(const std::string& path, std::string_view bytes) {
-  Result<std::string> system_path = ToSystemPath(path);
-  if (!system_path.ok()) return system_path.status;
-  const std::string target = BehindLinks(*system_path);
+  const Result<std::string> target = BehindLinks(path);
+  if (!target.ok()) return target.status;
   struct stat old;
   std::optional<mode_t> rights;
-  if (stat(target.c_str(), &old) == 0) {
+  if (stat(target->c_str(), &old) == 0) {
     if (S_ISDIR(old.st_mode)) return SystemError(EISDIR, path, Subject::kNewFile);
     if (!S_ISREG(old.st_mode)) return PathError(Failure::kOther, path, "is not a file");
     rights = old.st_mode & 0777;
   }
-  const std::string temporary = SystemFolderOf(target) + TemporaryName();
-  Status written = WriteFlushed(temporary, bytes, rights, path);
-  if (written.ok() && rename(temporary.c_str(), target.c_str()) != 0) {
-    written = SystemError(errno, path, Subject::kNewFile);
-  }
-  if (!written.ok()) {
-    unlink(temporary.c_str());
-    return written;
-  }
-  // From here on the new content is in place; a disk that cannot flush the folder would at worst
-  // bring the old one back after a power cut, whole as well.
-  FlushFolderOf(FromSystemPath(target));
-  return Status::Ok();
+  return WriteAndMove(*target, bytes, rights, path, [&](const std::string& temporary) {
+    if (rename(temporary.c_str(), target->c_str()) == 0) return Status::Ok();
+    return SystemError(errno, path, Subject::kNewFile);
+  });
 }
 
 Status PosixFiles::Append(const std::string& path, std::string_view lines) {
-  const Result<PosixFile> file = OpenLocked(path, O_RDWR | O_APPEND | O_CREAT, Subject::kNewFile);
-  if (!file.ok()) return file.status;
-  struct stat before;
-  if (fstat(file->descriptor(), &before) != 0) return SystemError(errno, path, Subject::kFile);
-  // In one write, which other programs see whole even where locks do not hold.
-  const std::string own_lines =
-      std::string(MissingLineEnd(LastByte(*file, before.st_size))).append(lines);
-  Status appended = WriteAll(*file, own_lines, path);
-  if (appended.ok()) appended = Flush(*file, path);
-  if (!appended.ok() && ftruncate(file->descriptor(), before.st_size) != 0) {
-    appended.message += ", and part of the addition may be left in it";
+  // Somebody else may make or delete the file between the two looks at it.
+  constexpr int kMostTries = 100;
+  const auto add = [&](std::string_view old) {
+    return std::string(old).append(MissingLineEnd(old)).append(lines);
+  };
+  Status appended;
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    appended = Update(path, add, kLongestRead);
+    if (appended.failure != Failure::kNotFound) return appended;
+    const Result<std::string> target = ToSystemPath(path);
+    if (!target.ok()) return target.status;
+    appended = WriteAndMove(*target, lines, std::nullopt, path, [&](const std::string& temporary) {
+      return RenameWithoutReplacing(FromSystemPath(temporary), path, nullptr);
+    });
+    if (appended.failure != Failure::kExists) return appended;
   }
   return appended;
 }
@@ -243,9 +226,11 @@ Status PosixFiles::Update(const std::string& path, const FileChange& change,
 }
 
 std::string PosixFiles::TemporaryBeside(const std::string& path) {
-  const std::size_t backslash = path.rfind('\\');
-  const std::string folder = backslash == path.npos ? "" : path.substr(0, backslash + 1);
-  return folder + TemporaryName();
+  const std::string folder = path.substr(0, path.rfind('\\') + 1);
+  // A folder that cannot be addressed is refused by whoever writes to what is named here.
+  const Result<std::string> system_folder = ToSystemPath(folder);
+  const std::string temporary = NewTemporaryIn(system_folder.ok() ? *system_folder : "");
+  return folder + temporary.substr(temporary.rfind('/') + 1);
 }
 
 Status PosixFiles::Publish(const std::string& temporary, const std::string& path) {

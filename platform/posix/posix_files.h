@@ -4,10 +4,6 @@
 
 namespace tarnwell {
 
-// The number of the process whose temporary file (see TemporaryBeside) has this name; nothing for
-// any other name.
-std::optional<long> ProcessOfTemporary(const std::string& name);
-
 // The file system of Linux. File names may be any bytes; one that holds a backslash cannot be
 // addressed (posix_path.h): List leaves it out, and every call that is handed one refuses it with
 // kUnsupported. Pipes, sockets and devices are no files: they are not listed, opened or waited for.

@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <sched.h>
@@ -13,6 +11,7 @@
 #include "platform/posix/posix_jpeg_library.h"
 #include "platform/posix/posix_path.h"
 #include "platform/posix/posix_picture_codec.h"
+#include "platform/posix/temporary_files.h"
 #include "platform/system.h"
 
 namespace tarnwell {
@@ -22,11 +21,6 @@ namespace {
 std::string FolderFromEnvironment(const char* name) {
   const char* value = std::getenv(name);
   return value != nullptr && value[0] == '/' ? value : "";
-}
-
-// Whether another process of this number runs.
-bool RunsBeside(long process) {
-  return process != getpid() && (kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH);
 }
 
 }  // namespace
@@ -76,16 +70,8 @@ std::uint64_t SystemMemoryBytes() {
 }
 
 int DeleteStrayTemporaries(const std::string& folder) {
-  PosixFiles files;
-  const auto entries = files.List(folder);
-  if (!entries.ok()) return 0;
-  int deleted = 0;
-  for (const FolderEntry& entry : *entries) {
-    const std::optional<long> process = ProcessOfTemporary(entry.name);
-    if (entry.is_folder || !process || RunsBeside(*process)) continue;
-    if (files.Delete(folder + entry.name).ok()) ++deleted;
-  }
-  return deleted;
+  const Result<std::string> system_folder = ToSystemPath(folder);
+  return system_folder.ok() ? DeleteStraysIn(*system_folder) : 0;
 }
 
 }  // namespace tarnwell

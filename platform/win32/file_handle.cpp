@@ -8,20 +8,16 @@ namespace tarnwell {
 FileHandle FileHandle::Open(const std::wstring& path, DWORD access, DWORD share,
                             DWORD disposition) {
   HANDLE handle = INVALID_HANDLE_VALUE;
-  bool existed = false;
   const DWORD error = RetryWhileInUse([&] {
     handle = CreateFileW(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
                          nullptr);
-    existed = disposition == OPEN_EXISTING || GetLastError() == ERROR_ALREADY_EXISTS;
     return handle != INVALID_HANDLE_VALUE;
   });
-  return FileHandle(handle, error, existed);
+  return FileHandle(handle, error);
 }
 
 FileHandle::FileHandle(FileHandle&& other) noexcept
-    : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)),
-      error_(other.error_),
-      existed_(other.existed_) {}
+    : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)), error_(other.error_) {}
 
 DWORD FileHandle::Write(std::string_view bytes) {
   constexpr std::size_t kMostAtOnce = std::size_t{1} << 26;

@@ -21,8 +21,7 @@ class FileHandle {
   ~FileHandle() { Close(); }
 
   bool is_open() const { return handle_ != INVALID_HANDLE_VALUE; }
-  DWORD error() const { return error_; }       // why it is not open
-  bool was_there() const { return existed_; }  // opened, not made
+  DWORD error() const { return error_; }  // why it is not open
   HANDLE get() const { return handle_; }
 
   DWORD Write(std::string_view bytes);
@@ -30,12 +29,10 @@ class FileHandle {
   void Close();
 
  private:
-  FileHandle(HANDLE handle, DWORD error, bool existed)
-      : handle_(handle), error_(error), existed_(existed) {}
+  FileHandle(HANDLE handle, DWORD error) : handle_(handle), error_(error) {}
 
   HANDLE handle_;
   DWORD error_;
-  bool existed_;
 };
 
 // Runs `call` (true on success, otherwise GetLastError tells) again while the file is in use, in

@@ -1,8 +1,6 @@
 #include "platform/win32/win32_files.h"
 
 #include <algorithm>
-#include <atomic>
-#include <cstdio>
 #include <new>
 #include <optional>
 #include <utility>
@@ -11,6 +9,7 @@
 #include "platform/line_end.h"
 #include "platform/win32/file_handle.h"
 #include "platform/win32/file_lock.h"
+#include "platform/win32/temporary_files.h"
 #include "platform/win32/utf16.h"
 #include "platform/win32/wide_path.h"
 #include "platform/win32/win32_error.h"
@@ -19,6 +18,7 @@ namespace tarnwell {
 namespace {
 
 constexpr DWORD kNoFile = INVALID_FILE_ATTRIBUTES;
+constexpr std::uint64_t kLongestRead = std::uint64_t{1} << 32;  // as where a caller names no limit
 
 Status InvalidName(const std::string& path) {
   return StatusOfError(path, ERROR_INVALID_NAME, Subject::kFile);
@@ -99,32 +99,6 @@ DWORD MoveFileTo(const std::wstring& from, const std::wstring& to, DWORD flags) 
       [&] { return MoveFileExW(from.c_str(), to.c_str(), flags | MOVEFILE_WRITE_THROUGH); });
 }
 
-// The last byte of a file of `size` bytes, or nothing. Moves the file's pointer.
-std::string LastByte(FileHandle& file, const LARGE_INTEGER& size) {
-  LARGE_INTEGER before;
-  before.QuadPart = size.QuadPart - 1;
-  std::string last(1, '\0');
-  if (size.QuadPart < 1 || !SetFilePointerEx(file.get(), before, nullptr, FILE_BEGIN) ||
-      ReadInto(file.get(), last) != ERROR_SUCCESS) {
-    return {};
-  }
-  return last;
-}
-
-// On failure the file has its old length again.
-DWORD AppendTo(FileHandle& file, std::string_view lines) {
-  LARGE_INTEGER end;
-  if (!SetFilePointerEx(file.get(), {}, &end, FILE_END)) return GetLastError();
-  const std::string own_lines = std::string(MissingLineEnd(LastByte(file, end))).append(lines);
-  if (!SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN)) return GetLastError();
-  DWORD error = file.Write(own_lines);
-  if (error == ERROR_SUCCESS) error = file.Flush();
-  if (error != ERROR_SUCCESS && SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN)) {
-    SetEndOfFile(file.get());
-  }
-  return error;
-}
-
 void SetReadOnly(const std::wstring& path, bool read_only) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes == kNoFile) return;
@@ -133,15 +107,6 @@ void SetReadOnly(const std::wstring& path, bool read_only) {
 }
 
 }  // namespace
-
-std::optional<std::uint32_t> ProcessOfTemporary(const std::string& name) {
-  unsigned long process = 0;
-  unsigned long counter = 0;
-  int length = 0;
-  const int read = std::sscanf(name.c_str(), "~tp%10lu-%10lu.tmp%n", &process, &counter, &length);
-  if (read != 2 || static_cast<std::size_t>(length) != name.size()) return std::nullopt;
-  return static_cast<std::uint32_t>(process);
-}
 
 bool Win32Files::FileExists(const std::string& path) {
   if (path.ends_with('\\')) return false;
@@ -225,14 +190,10 @@ Status Win32Files::Append(const std::string& path, std::string_view lines) {
   if (!wide) return InvalidName(path);
   const FileLock lock(*wide);
   if (lock.error() != ERROR_SUCCESS) return FileError(path, lock.error(), Subject::kNewFile);
-  FileHandle file =
-      FileHandle::Open(*wide, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS);
-  if (!file.is_open()) return FileError(path, file.error(), Subject::kNewFile);
-  const DWORD error = AppendTo(file, lines);
-  if (error == ERROR_SUCCESS) return Status::Ok();
-  file.Close();
-  if (!file.was_there()) DeleteFileW(wide->c_str());
-  return FileError(path, error, Subject::kNewFile);
+  Result<std::string> bytes = std::string();
+  if (FileExists(path)) bytes = Read(path, kLongestRead);
+  if (!bytes.ok()) return bytes.status;
+  return Replace(path, bytes->append(MissingLineEnd(*bytes)).append(lines));
 }
 
 Status Win32Files::Update(const std::string& path, const FileChange& change,
@@ -248,15 +209,7 @@ Status Win32Files::Update(const std::string& path, const FileChange& change,
 }
 
 std::string Win32Files::TemporaryBeside(const std::string& path) {
-  static std::atomic<std::uint32_t> counter = 0;
-  const std::string folder = path.substr(0, path.find_last_of("\\/:") + 1);
-  std::string name;
-  do {
-    // A file of this name may be left from a program that crashed with the same process id.
-    name = folder + "~tp" + std::to_string(GetCurrentProcessId()) + "-" +
-           std::to_string(++counter) + ".tmp";
-  } while (AttributesOf(name) != kNoFile);
-  return name;
+  return NewTemporaryIn(path.substr(0, path.find_last_of("\\/:") + 1));
 }
 
 Status Win32Files::Publish(const std::string& temporary, const std::string& path) {

@@ -8,10 +8,6 @@
 
 namespace tarnwell {
 
-// The number of the process whose temporary file (see TemporaryBeside) has this name; nothing for
-// any other name.
-std::optional<std::uint32_t> ProcessOfTemporary(const std::string& name);
-
 class Win32Files : public Files {
  public:
   bool FileExists(const std::string& path) override;

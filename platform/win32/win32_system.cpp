@@ -6,26 +6,13 @@
 
 #include "platform/system.h"
 #include "platform/win32/external_jpeg_library.h"
+#include "platform/win32/temporary_files.h"
 #include "platform/win32/utf16.h"
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_files.h"
 #include "platform/win32/win32_picture_codec.h"
 
 namespace tarnwell {
-namespace {
-
-// Whether another process of this number runs.
-bool RunsBeside(DWORD process) {
-  if (process == GetCurrentProcessId()) return false;
-  const HANDLE opened = OpenProcess(SYNCHRONIZE, FALSE, process);
-  if (opened == nullptr) return GetLastError() != ERROR_INVALID_PARAMETER;
-  const bool runs = WaitForSingleObject(opened, 0) == WAIT_TIMEOUT;
-  CloseHandle(opened);
-  return runs;
-}
-
-}  // namespace
-
 std::unique_ptr<Files> MakeSystemFiles() { return std::make_unique<Win32Files>(); }
 
 std::unique_ptr<PictureCodec> MakeSystemPictureCodec() {
@@ -64,17 +51,6 @@ std::uint64_t SystemMemoryBytes() {
   return std::min(memory.ullTotalPhys, memory.ullTotalVirtual);
 }
 
-int DeleteStrayTemporaries(const std::string& folder) {
-  Win32Files files;
-  const auto entries = files.List(folder);
-  if (!entries.ok()) return 0;
-  int deleted = 0;
-  for (const FolderEntry& entry : *entries) {
-    const std::optional<std::uint32_t> process = ProcessOfTemporary(entry.name);
-    if (entry.is_folder || !process || RunsBeside(*process)) continue;
-    if (files.Delete(folder + entry.name).ok()) ++deleted;
-  }
-  return deleted;
-}
+int DeleteStrayTemporaries(const std::string& folder) { return DeleteStraysIn(folder); }
 
 }  // namespace tarnwell

@@ -21,7 +21,7 @@ namespace tarnwell {
 class CrowdedFile {
  public:
   static constexpr int kWriters = 8;
-  static constexpr int kLines = 200;  // of each writer
+  static constexpr int kLines = 40;  // of each writer
 
   explicit CrowdedFile(std::string path) : path_(std::move(path)) {}
 

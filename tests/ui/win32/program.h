@@ -54,13 +54,7 @@ class Program {
     folder.Write("TarnwellPocket.exe.manifest", "x");
     SetEnvironmentVariableW(L"TARNWELL_SCALE", scale);
   }
-  ~Program() {
-    if (!process_.hProcess) return;
-    TerminateProcess(process_.hProcess, 1);
-    WaitForSingleObject(process_.hProcess, INFINITE);
-    CloseHandle(process_.hThread);
-    CloseHandle(process_.hProcess);
-  }
+  ~Program() { Kill(); }
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
@@ -71,6 +65,16 @@ class Program {
     start.cb = sizeof(start);
     return CreateProcessW(nullptr, words.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                           &start, &process_);
+  }
+
+  // Ends it at once, wherever it is; it can be started again.
+  void Kill() {
+    if (!process_.hProcess) return;
+    TerminateProcess(process_.hProcess, 1);
+    WaitForSingleObject(process_.hProcess, INFINITE);
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+    process_ = {};
   }
 
   // The program's visible top-level window of this class; null while there is none.
