@@ -83,11 +83,11 @@ Status CancelledPhoto(const std::string& path) {
 
 // Takes the photo into the window. Unlike opening it by hand this leaves the settings alone.
 Status LoadPhoto(Form1& form, const std::string& path, const std::string& name) {
-  auto photo = LoadPhotoFile(form.platform, path);
+  auto photo = LoadPhotoFile(form.platform, form.modules, path);
   if (!photo.ok()) return photo.status;
   form.app.current_file = path;
   TakeAsOriginal(form, std::move(*photo));
-  Display(form.buffer.surfaces.picSource, form.buffer.surfaces.picOriginal.picture);
+  ShowOriginalAsSource(form.buffer.surfaces);
   ShowPhotoName(form, name);
   MakeThumbnail(form.buffer, form.platform.events);
   // The analysis pass clears the cancel flag: a click until now must not be lost.

@@ -93,7 +93,7 @@ Status DirectoryCommand::ListFolder() {
 bool DirectoryCommand::Begin(std::size_t index) {
   if (host_.interrupted()) return false;
   Photo& photo = photos_[index];
-  photo.memory = MemoryForPhoto(files(), photo.task.photo);
+  photo.memory = MemoryForPhoto(files(), start_.modules, photo.task.photo);
   budget_.Take(photo.memory);
   photo.status = Status::Error(Failure::kCancelled, "");
   return true;

@@ -15,11 +15,12 @@ namespace tarnwell {
 // and its file cache keep the other half.
 inline std::uint64_t BudgetOfThisMachine() { return SystemMemoryBytes() / 2; }
 
-// The photo at `path` as a task of the budget. What cannot be read fails early, and takes nothing
-// worth counting.
-inline std::uint64_t MemoryForPhoto(Files& files, const std::string& path) {
+// The photo at `path`, corrected with these settings, as a task of the budget. What cannot be read
+// fails early, and takes nothing worth counting.
+inline std::uint64_t MemoryForPhoto(Files& files, const frmModules& panel,
+                                    const std::string& path) {
   const Result<std::string> bytes = files.Read(path);
-  return MemoryToCorrect(bytes.ok() ? *bytes : std::string_view());
+  return MemoryToCorrect(bytes.ok() ? *bytes : std::string_view(), panel);
 }
 
 // The threads one of the photos may use when as many as fit are corrected side by side.

@@ -67,7 +67,7 @@ void WatchCommand::CorrectPhotos(AutoPass& pass) {
   std::vector<std::uint64_t> memory(pass.size());
   const auto begin = [&](std::size_t index) {
     if (host_.interrupted() || !pass.Begin(index)) return false;
-    memory[index] = MemoryForPhoto(*system_.files, pass.PathOf(index));
+    memory[index] = MemoryForPhoto(*system_.files, start_.modules, pass.PathOf(index));
     budget_.Take(memory[index]);
     return true;
   };

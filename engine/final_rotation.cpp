@@ -139,6 +139,7 @@ bool RotateFinalImage(PixelBuffer& buffer, int choice, int threads) {
   auto turned = TurnPixels(pixels, static_cast<Turn>(choice), threads);
   if (!turned) return false;
   ReplaceWorkingPixels(buffer, std::move(turned));
+  buffer.surfaces.picSource.turned = true;
   return true;
 }
 

@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                              : EmbeddedThumbnail{};
   });
   if (!ExifBlock::Parse(exif->content()) || exif->content().size() > 65533) std::abort();
-  if (!exif->LeavePlaceOut()) return 0;
+  if (!exif->LeaveSubjectOut() || !exif->LeavePlaceOut()) return 0;
   const auto again = ExifBlock::Parse(exif->content());
   if (!again || again->Orientation() != 1) std::abort();
   return 0;

@@ -15,8 +15,8 @@ constexpr char kElements[] =
     "<xmp:Thumbnails xmlns:xmp='http://ns.adobe.com/xap/1.0/'><rdf:Alt/></xmp:Thumbnails>"
     "<C:Directory xmlns:C=\"http://ns.google.com/photos/1.0/container/\"><rdf:Seq>"
     "<rdf:li C:Semantic='GainMap'/></rdf:Seq></C:Directory>"
-    "<M:Regions xmlns:M='http://www.metadataworkinggroup.com/schemas/regions/'><rdf:Bag/>"
-    "</M:Regions>";
+    "<R:Regions xmlns:R='http://www.metadataworkinggroup.com/schemas/regions/'><rdf:Bag/>"
+    "</R:Regions>";
 
 std::vector<std::string> ExifBlocks() {
   std::vector<std::string> blocks;
@@ -28,6 +28,7 @@ std::vector<std::string> ExifBlocks() {
                                  .width = 40,
                                  .height = 30,
                                  .place = rich,
+                                 .subject = rich,
                                  .thumbnail = rich ? kGreyJpeg : std::string()}));
     }
   }

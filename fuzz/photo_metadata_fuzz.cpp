@@ -16,13 +16,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const SharedMetadata metadata = ReadPhotoMetadata(jpeg);
   if (!metadata) std::abort();
   const PixelArray picture(8, 6);
-  for (const bool leave_place_out : {false, true}) {
-    const std::string saved = MetadataFor(*metadata, picture.view(), leave_place_out).segments;
+  for (const SaveWishes& wishes : {SaveWishes{}, SaveWishes{true, true}}) {
+    const std::string saved = MetadataFor(*metadata, picture.view(), wishes).segments;
     const SharedMetadata again = ReadPhotoMetadata("\xFF\xD8" + saved + "\xFF\xD9");
     if (saved.empty() != (again == nullptr)) std::abort();
     if (!again) continue;
     if (again->orientation != 1 || !again->notes.empty()) std::abort();
-    if (MetadataFor(*again, picture.view(), leave_place_out).segments != saved) std::abort();
+    if (MetadataFor(*again, picture.view(), wishes).segments != saved) std::abort();
   }
   return 0;
 }

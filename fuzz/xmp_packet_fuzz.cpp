@@ -14,7 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                               .width = 40,
                               .height = 30,
                               .extension_left_out = true,
-                              .leave_place_out = size % 2 == 0};
+                              .leave_place_out = size % 2 == 0,
+                              .turned = size % 3 == 0};
   const auto changed = ChangedXmp(packet, changes);
   if (changed.has_value() != TellsOfCompanions(packet).has_value()) std::abort();
   if (changed && !ChangedXmp(*changed, changes)) std::abort();

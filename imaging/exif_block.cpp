@@ -23,8 +23,11 @@ enum Tag : std::uint16_t {
   kIptcCopy = 0x83BB,
   kPhotoshopCopy = 0x8649,
   kPlaceLink = 0x8825,
+  kMakerNote = 0x927C,
+  kSubjectArea = 0x9214,
   kPixelWidth = 0xA002,
   kPixelHeight = 0xA003,
+  kSubjectLocation = 0xA214,
   kRelatedWidth = 0x1001,
   kRelatedHeight = 0x1002,
 };
@@ -157,29 +160,35 @@ bool ExifBlock::IsApart(const std::vector<ByteRange>& ranges, const ExifDirector
   return !Collide(Merged(ranges), Merged(std::move(others)));
 }
 
+const ExifEntry* ExifBlock::Find(In in, std::uint16_t tag) const {
+  if (in == In::kMain) return layout_.main.Find(tag);
+  return layout_.camera ? layout_.camera->Find(tag) : nullptr;
+}
+
 // The entries behind it move up; what they point to stays where it is.
-bool ExifBlock::RemoveEntry(std::uint16_t tag) {
+bool ExifBlock::RemoveEntry(In in, std::uint16_t tag) {
   constexpr std::size_t kEntry = 12;
-  const ByteRange table = layout_.main.table;
-  const std::size_t at = layout_.main.Find(tag)->at;
-  const auto count = static_cast<std::uint32_t>(layout_.main.entries.size() - 1);
+  const ExifDirectory& directory = in == In::kMain ? layout_.main : *layout_.camera;
+  const ByteRange table = directory.table;
+  const std::size_t at = Find(in, tag)->at;
+  const auto count = static_cast<std::uint32_t>(directory.entries.size() - 1);
   std::memmove(At(at), At(at + kEntry), table.end - at - kEntry);
   Clear({table.end - kEntry, table.end});
   layout_.numbers.Write(At(table.begin), 2, count);
   std::optional<ExifLayout> layout = ReadExifLayout(block());
   if (!layout) return false;
   layout_ = std::move(*layout);
-  return layout_.main.Find(tag) == nullptr;
+  return Find(in, tag) == nullptr;
 }
 
-bool ExifBlock::RemoveValue(std::uint16_t tag) {
-  const ExifEntry* entry = layout_.main.Find(tag);
+bool ExifBlock::RemoveValue(In in, std::uint16_t tag) {
+  const ExifEntry* entry = Find(in, tag);
   if (!entry) return true;
   if (!entry->is_inside()) {
     if (!IsApart({entry->value}, nullptr, entry)) return false;
     Clear(entry->value);
   }
-  return RemoveEntry(tag);
+  return RemoveEntry(in, tag);
 }
 
 bool ExifBlock::LeavePlaceOut() {
@@ -190,9 +199,14 @@ bool ExifBlock::LeavePlaceOut() {
     if (!IsApart(place, &*layout_.place, nullptr)) return false;
     for (const ByteRange& range : place) Clear(range);
     layout_.place.reset();
-    if (!RemoveEntry(kPlaceLink)) return false;
+    if (!RemoveEntry(In::kMain, kPlaceLink)) return false;
   }
-  return RemoveValue(kXmpCopy) && RemoveValue(kIptcCopy) && RemoveValue(kPhotoshopCopy);
+  return RemoveValue(In::kMain, kXmpCopy) && RemoveValue(In::kMain, kIptcCopy) &&
+         RemoveValue(In::kMain, kPhotoshopCopy) && RemoveValue(In::kCamera, kMakerNote);
+}
+
+bool ExifBlock::LeaveSubjectOut() {
+  return RemoveValue(In::kCamera, kSubjectArea) && RemoveValue(In::kCamera, kSubjectLocation);
 }
 
 std::optional<ByteRange> ExifBlock::ThumbnailBytes() const {

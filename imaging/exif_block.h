@@ -34,10 +34,14 @@ class ExifBlock {
   // Sets the size wherever the block tells that of the main picture.
   void SetPixelSize(int width, int height);
 
-  // Takes the place out, and with it copies of other metadata that may tell it again; the bytes
-  // that told it become 0. False, and the block is not to be used any more, when its parts lie
-  // across others, so that this would damage them, and when it tells them twice.
+  // Takes the place out, and with it copies of other metadata and the maker's note, which may tell
+  // it again; the bytes that told it become 0. False, and the block is not to be used any more,
+  // when its parts lie across others, so that this would damage them, and when it tells them twice.
   [[nodiscard]] bool LeavePlaceOut();
+
+  // Takes out where in the picture the subject is. False, and the block is not to be used any more,
+  // when its parts lie across others.
+  [[nodiscard]] bool LeaveSubjectOut();
 
   // Puts a new thumbnail in place of the present one: in its room if it fits, else at the end of
   // the block if it fits there, else the thumbnail is left out. A block without one stays without.
@@ -54,8 +58,11 @@ class ExifBlock {
   void Clear(const ByteRange& range);
   bool IsApart(const std::vector<ByteRange>& ranges, const ExifDirectory* its_own,
                const ExifEntry* itself) const;
-  bool RemoveEntry(std::uint16_t tag);
-  bool RemoveValue(std::uint16_t tag);
+  // Directories that entries are taken out of.
+  enum class In { kMain, kCamera };
+  const ExifEntry* Find(In in, std::uint16_t tag) const;
+  bool RemoveEntry(In in, std::uint16_t tag);
+  bool RemoveValue(In in, std::uint16_t tag);
   std::optional<ByteRange> ThumbnailBytes() const;
   int ThumbnailSide(const ByteRange& thumbnail) const;
   bool PutThumbnailInPlace(const ThumbnailMaker& make, const ByteRange& room, int side);

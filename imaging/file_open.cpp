@@ -70,7 +70,7 @@ Status FileOpen(Form1& form, bool show_dialog) {
 
 Status OpenPhotoFile(Form1& form, const std::string& path) {
   // Decoded before anything changes, so that a photo that cannot be read leaves the window alone.
-  Result<LoadedPhoto> photo = LoadPhotoFile(form.platform, path);
+  Result<LoadedPhoto> photo = LoadPhotoFile(form.platform, form.modules, path);
   if (!photo.ok()) return photo.status;
 
   form.app.opened_path = path;
@@ -83,6 +83,7 @@ Status OpenPhotoFile(Form1& form, const std::string& path) {
 
 void TakeAsOriginal(Form1& form, LoadedPhoto photo) {
   Display(form.buffer.surfaces.picOriginal, std::move(photo.picture));
+  form.buffer.surfaces.picOriginal.turned = false;
   form.metadata = std::move(photo.metadata);
   form.metadata_notes_told = false;
 }
@@ -100,7 +101,7 @@ void ShowOpenedPhoto(Form1& form) {
   surfaces.picReturn.visible = false;
   ShowPhotoName(form, SplitPhotoPath(app.current_file).file_name);
 
-  Display(surfaces.picSource, surfaces.picOriginal.picture);
+  ShowOriginalAsSource(surfaces);
   MakeThumbnail(form.buffer, form.platform.events);
   // The preview's mean is the photo's, and costs nothing.
   GetHueIn(form.modules.hue, surfaces.picThumb.picture->view());

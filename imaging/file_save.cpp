@@ -173,10 +173,13 @@ Status WriteJpeg(Form1& form, const std::string& path, std::vector<std::string>&
                                               ": the JPEG quality is no whole number");
   }
   const int quality = std::clamp(*value, 0, 100);
-  const PixelView pixels = form.buffer.surfaces.picSource.picture->view();
+  const PictureSurface& source = form.buffer.surfaces.picSource;
+  const PixelView pixels = source.picture->view();
   MetadataToSave kept;
   if (form.metadata) {
-    kept = MetadataFor(*form.metadata, pixels, form.modules.save_switches[kLeavePlaceOut]);
+    kept = MetadataFor(
+        *form.metadata, pixels,
+        {.leave_place_out = form.modules.save_switches[kLeavePlaceOut], .turned = source.turned});
   }
   lost = std::move(kept.notes);
   const JpegPicture picture = {.pixels = pixels,
@@ -244,6 +247,7 @@ void Notify(Form1& form, bool success) {
 void MakeSavedPhotoTheOriginal(Form1& form) {
   PhotoSurfaces& surfaces = form.buffer.surfaces;
   Display(surfaces.picOriginal, surfaces.picSource.picture);
+  surfaces.picOriginal.turned = surfaces.picSource.turned;
   ShowPhotoName(form, SplitPhotoPath(form.names.output_path).file_name);
   GetHueIn(form.modules.hue, surfaces.picThumb.picture->view());
   form.correction_ready = false;

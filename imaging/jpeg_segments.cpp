@@ -93,9 +93,10 @@ std::string WithSegments(std::string_view jpeg, std::string_view segments) {
   JpegSegment first;
   std::size_t at = kBehindStart;
   if (walk.Next(first) && first.IsApp(0)) at = jpeg.size() - walk.rest().size();
+  const bool own_header = segments.starts_with("\xFF\xE0");
   std::string joined;
   joined.reserve(jpeg.size() + segments.size());
-  joined += jpeg.substr(0, at);
+  joined += jpeg.substr(0, own_header ? kBehindStart : at);
   joined += segments;
   joined += jpeg.substr(at);
   return joined;

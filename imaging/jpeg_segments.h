@@ -59,7 +59,8 @@ bool IsFrameMarker(std::uint8_t marker);
 // Appends a segment to `out`. `content` is at most kMostSegmentContent long.
 void AddSegment(std::string& out, std::uint8_t marker, std::string_view content);
 
-// The JPEG file `jpeg` with `segments` put in behind its start marker and its JFIF header. Anything
+// The JPEG file `jpeg` with `segments` put in behind its start marker and its JFIF header, or in
+// place of that header when they begin with one. Anything
 // that does not start like a JPEG file comes back unchanged.
 std::string WithSegments(std::string_view jpeg, std::string_view segments);
 

@@ -12,11 +12,12 @@
 namespace tarnwell {
 namespace {
 
-Result<LoadedPhoto> Load(Platform& platform, const std::string& path) {
+Result<LoadedPhoto> Load(Platform& platform, const frmModules& panel, const std::string& path) {
   const std::string name = platform.files.Display(path);
   const Result<std::string> bytes = platform.files.Read(path);
   if (!bytes.ok()) return bytes.status;
-  if (Status fits = CheckMemoryFor(*bytes, SystemMemoryBytes(), name); !fits.ok()) return fits;
+  const std::uint64_t needed = MemoryToCorrect(*bytes, panel);
+  if (Status fits = CheckMemory(needed, SystemMemoryBytes(), name); !fits.ok()) return fits;
   Result<Picture> picture = platform.codec.Decode(*bytes, name);
   if (!picture.ok()) return picture.status;
   LoadedPhoto photo = {std::move(*picture), ReadPhotoMetadata(*bytes)};
@@ -29,8 +30,7 @@ std::string Megabytes(std::uint64_t bytes) { return std::to_string(bytes >> 20) 
 
 }  // namespace
 
-Status CheckMemoryFor(std::string_view file_bytes, std::uint64_t memory, const std::string& name) {
-  const std::uint64_t needed = MemoryToCorrect(file_bytes);
+Status CheckMemory(std::uint64_t needed, std::uint64_t memory, const std::string& name) {
   const std::uint64_t to_give = memory / 4 * 3;
   if (memory == 0 || needed <= to_give) return Status::Ok();
   return Status::Error(Failure::kTooLarge, name + ": the picture is too large: it needs " +
@@ -38,9 +38,10 @@ Status CheckMemoryFor(std::string_view file_bytes, std::uint64_t memory, const s
                                                Megabytes(to_give) + " for it");
 }
 
-Result<LoadedPhoto> LoadPhotoFile(Platform& platform, const std::string& path) {
+Result<LoadedPhoto> LoadPhotoFile(Platform& platform, const frmModules& panel,
+                                  const std::string& path) {
   try {
-    return Load(platform, path);
+    return Load(platform, panel, path);
   } catch (const std::bad_alloc&) {
     return Status::Error(Failure::kTooLarge, platform.files.Display(path) + ": not enough memory");
   }

@@ -9,6 +9,7 @@
 namespace tarnwell {
 
 struct Platform;
+struct frmModules;
 
 struct LoadedPhoto {
   Picture picture;  // upright
@@ -17,11 +18,13 @@ struct LoadedPhoto {
 
 // Reads a BMP, GIF or JPEG photo with its metadata, and turns it upright as that says. Fails like
 // PictureCodec::Decode and Files::Read, and with kTooLarge, before memory is taken for pixels, when
-// the machine has not enough of it for correcting and saving a photo of that size.
-Result<LoadedPhoto> LoadPhotoFile(Platform& platform, const std::string& path);
+// the machine has not enough of it for correcting a photo of that size with the settings of
+// `panel`.
+Result<LoadedPhoto> LoadPhotoFile(Platform& platform, const frmModules& panel,
+                                  const std::string& path);
 
-// Whether `memory` bytes (0: unknown, then they do) hold what correcting the photo in this file
-// takes, with room for the rest of the system. `name` is the file's in the message of the failure.
-Status CheckMemoryFor(std::string_view file_bytes, std::uint64_t memory, const std::string& name);
+// Whether `memory` bytes (0: unknown, then they do) hold `needed` bytes, with room for the rest of
+// the system. `name` is the photo's in the message of the failure.
+Status CheckMemory(std::uint64_t needed, std::uint64_t memory, const std::string& name);
 
 }  // namespace tarnwell

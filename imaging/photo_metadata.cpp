@@ -18,6 +18,12 @@ constexpr std::string_view kExtensionName("http://ns.adobe.com/xmp/extension/\0"
 // Behind its name an extension has a checksum, its whole length, and where this piece belongs.
 constexpr std::size_t kExtensionHeader = kExtensionName.size() + 32 + 4 + 4;
 
+// The header of most files: behind its name come version, unit, density across and down, and the
+// size of a thumbnail. The unit 0 is none, with a density of 1.
+constexpr std::string_view kJfifName("JFIF\0", 5);
+constexpr std::size_t kDensityAt = kJfifName.size() + 2;
+constexpr std::string_view kNoDensity("\0\0\1\0\1", 5);
+
 constexpr std::string_view kCompanionIndex("MPF\0", 4);
 constexpr std::string_view kGainMap("urn:iso:std:iso:ts:21496:-1\0", 28);
 
@@ -67,6 +73,7 @@ class MetadataReader {
  private:
   void Sort(const JpegSegment& segment);
   void SortApp(const JpegSegment& segment);
+  void TakeDensity(std::string_view jfif);
   void Keep(MetadataKind kind, const JpegSegment& segment) {
     found_.segments.push_back({kind, segment.marker, std::string(segment.content)});
   }
@@ -84,9 +91,19 @@ class MetadataReader {
   bool credentials_ = false;
 };
 
+// Only square pixels: others would have to be turned with the picture.
+void MetadataReader::TakeDensity(std::string_view jfif) {
+  if (jfif.size() < kDensityAt + kNoDensity.size()) return;
+  const std::string_view density = jfif.substr(kDensityAt, kNoDensity.size());
+  const std::string_view across = density.substr(1, 2), down = density.substr(3, 2);
+  const bool told = density[0] >= 0 && density[0] <= 2 && across != std::string_view("\0\0", 2);
+  if (told && across == down && density != kNoDensity) found_.density = density;
+}
+
 // JFIF and Adobe segments describe the file's own coding; the encoder writes what is true of its.
 void MetadataReader::SortApp(const JpegSegment& segment) {
   const std::string_view content = segment.content;
+  if (segment.IsApp(0) && content.starts_with(kJfifName)) return TakeDensity(content);
   if (segment.IsApp(0) || segment.IsApp(14)) return;
   if (segment.IsApp(1) && ExifBlock::IsExif(content)) return Keep(MetadataKind::kExif, segment);
   if (segment.IsApp(1) && content.starts_with(kXmpName)) return Keep(MetadataKind::kXmp, segment);
@@ -207,8 +224,11 @@ SharedMetadata MetadataReader::Read() {
 
 class MetadataWriter {
  public:
-  MetadataWriter(const PhotoMetadata& metadata, const PixelView& picture, bool leave_place_out)
-      : metadata_(metadata), picture_(picture), leave_place_out_(leave_place_out) {}
+  MetadataWriter(const PhotoMetadata& metadata, const PixelView& picture, const SaveWishes& wishes)
+      : metadata_(metadata),
+        picture_(picture),
+        leave_place_out_(wishes.leave_place_out),
+        turned_(wishes.turned || metadata.orientation != 1) {}
 
   MetadataToSave Write();
 
@@ -222,6 +242,7 @@ class MetadataWriter {
   const PhotoMetadata& metadata_;
   const PixelView& picture_;
   const bool leave_place_out_;
+  const bool turned_;  // against the picture in the photo's file
   bool extension_left_out_ = false;
   std::optional<std::string> photoshop_;  // while it is changed and still to be written
   bool photoshop_changed_ = false;
@@ -230,7 +251,8 @@ class MetadataWriter {
 
 void MetadataWriter::Prepare() {
   const std::string extension = ExtensionOf(metadata_);
-  extension_left_out_ = extension.empty() || (leave_place_out_ && ExtensionTellsPlace(extension));
+  extension_left_out_ = extension.empty() || (leave_place_out_ && ExtensionTellsPlace(extension)) ||
+                        (turned_ && ExtensionTellsRegions(extension));
   const std::string resources = PhotoshopResources(metadata_);
   photoshop_ = ChangedPhotoshopBlock(resources, leave_place_out_);
   photoshop_changed_ = photoshop_ != resources;
@@ -239,6 +261,7 @@ void MetadataWriter::Prepare() {
 void MetadataWriter::WriteExif(const MetadataSegment& segment) {
   auto exif = ExifBlock::Parse(segment.content);
   if (exif && leave_place_out_ && !exif->LeavePlaceOut()) exif.reset();
+  if (exif && turned_ && !exif->LeaveSubjectOut()) exif.reset();
   if (!exif) {
     made_.notes.push_back(LeftOut("EXIF data tells the place in an odd way"));
     return;
@@ -256,7 +279,8 @@ void MetadataWriter::WriteXmp(const MetadataSegment& segment) {
                               .width = picture_.width,
                               .height = picture_.height,
                               .extension_left_out = extension_left_out_,
-                              .leave_place_out = leave_place_out_};
+                              .leave_place_out = leave_place_out_,
+                              .turned = turned_};
   const auto packet =
       ChangedXmp(std::string_view(segment.content).substr(kXmpName.size()), changes);
   if (!packet || kXmpName.size() + packet->size() > kMostSegmentContent) {
@@ -303,6 +327,10 @@ void MetadataWriter::WriteOne(const MetadataSegment& segment) {
 
 MetadataToSave MetadataWriter::Write() {
   Prepare();
+  if (!metadata_.density.empty()) {
+    AddSegment(made_.segments, kFirstApp,
+               std::string(kJfifName) + "\1\1" + metadata_.density + std::string(2, '\0'));
+  }
   for (const MetadataSegment& segment : metadata_.segments) {
     if (segment.kind == MetadataKind::kExif) WriteExif(segment);
   }
@@ -315,8 +343,8 @@ MetadataToSave MetadataWriter::Write() {
 SharedMetadata ReadPhotoMetadata(std::string_view jpeg) { return MetadataReader(jpeg).Read(); }
 
 MetadataToSave MetadataFor(const PhotoMetadata& metadata, const PixelView& picture,
-                           bool leave_place_out) {
-  return MetadataWriter(metadata, picture, leave_place_out).Write();
+                           const SaveWishes& wishes) {
+  return MetadataWriter(metadata, picture, wishes).Write();
 }
 
 std::string WhatPixelsAloneLose(const PhotoMetadata& metadata) {

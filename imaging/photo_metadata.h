@@ -36,8 +36,10 @@ struct PhotoMetadata {
   bool tells_orientation = false;
   std::vector<MetadataSegment> segments;  // sound ones, in the order of the file
   std::string colour_profile;             // whole; empty for none
-  std::optional<int> jpeg_quality;        // estimated, 1 to 100
-  std::vector<std::string> notes;         // what is left out and why, a sentence each
+  std::string
+      density;  // unit, across and down of the JFIF header, 5 bytes; empty when it says none
+  std::optional<int> jpeg_quality;  // estimated, 1 to 100
+  std::vector<std::string> notes;   // what is left out and why, a sentence each
 };
 
 // Null stands for a photo that says nothing: a bitmap, a GIF file, a pasted picture.
@@ -52,8 +54,12 @@ struct MetadataToSave {
   std::string segments;            // one behind the other; empty for none
   std::vector<std::string> notes;  // what is left out on top of PhotoMetadata::notes
 };
+struct SaveWishes {
+  bool leave_place_out = false;
+  bool turned = false;  // the picture was turned or mirrored since the photo was opened
+};
 MetadataToSave MetadataFor(const PhotoMetadata& metadata, const PixelView& picture,
-                           bool leave_place_out);
+                           const SaveWishes& wishes);
 
 // What a file that holds nothing but pixels loses, in words as in "EXIF data and the colour
 // profile"; empty when it loses nothing.

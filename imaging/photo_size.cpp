@@ -4,13 +4,16 @@
 #include "imaging/bmp_header.h"
 #include "imaging/gif_structure.h"
 #include "imaging/jpeg_structure.h"
+#include "modules/frm_modules.h"
 
 namespace tarnwell {
 namespace {
 
-// An ordinary run holds the original and the working pixels at 4 bytes a pixel, one with a filter
-// or a turn up to two pictures more.
-constexpr std::uint64_t kBytesPerCorrectedPixel = 4 * 4;
+// A run holds the original and the working pixels at 4 bytes a pixel, one with a filter or a turn,
+// and the decoder of a progressive file, up to two pictures more. Noise reduction leaves smooth
+// pixels and its own tables beside all that for the sharpening to read.
+constexpr std::uint64_t kBytesPerRunPixel = 4 * 4;
+constexpr std::uint64_t kBytesPerSmoothAndSharpPixel = 4 * 5 + 1;
 
 // The thumbnail, the tables, the codec's own.
 constexpr std::uint64_t kBytesPerCorrection = 4 << 20;
@@ -33,10 +36,11 @@ PhotoSize PhotoSizeOf(std::string_view file_bytes) {
   return {};
 }
 
-std::uint64_t MemoryToCorrect(std::string_view file_bytes) {
+std::uint64_t MemoryToCorrect(std::string_view file_bytes, const frmModules& panel) {
   const PhotoSize size = PhotoSizeOf(file_bytes);
-  return kBytesPerCorrection + file_bytes.size() +
-         std::uint64_t{kBytesPerCorrectedPixel} * size.width * size.height;
+  const bool both = panel.IsOpen(kNoiseReduction) && panel.IsOpen(kAdjustFocus);
+  const std::uint64_t bytes = both ? kBytesPerSmoothAndSharpPixel : kBytesPerRunPixel;
+  return kBytesPerCorrection + file_bytes.size() + bytes * size.width * size.height;
 }
 
 }  // namespace tarnwell

@@ -5,6 +5,8 @@
 
 namespace tarnwell {
 
+struct frmModules;
+
 struct PhotoSize {
   int width = 0;  // pixels
   int height = 0;
@@ -14,8 +16,9 @@ struct PhotoSize {
 // read the file. A GIF's size is that of its screen.
 PhotoSize PhotoSizeOf(std::string_view file_bytes);
 
-// How many bytes of memory correcting the photo in this file takes at most, by its size in the
-// file's headers; only the file's own length for what is no photo, because that fails early.
-std::uint64_t MemoryToCorrect(std::string_view file_bytes);
+// How many bytes of memory correcting the photo in this file with these settings takes at most, by
+// its size in the file's headers; only the file's own length for what is no photo, because that
+// fails early.
+std::uint64_t MemoryToCorrect(std::string_view file_bytes, const frmModules& panel);
 
 }  // namespace tarnwell

@@ -17,6 +17,9 @@ constexpr std::string_view kPhotoshop = "http://ns.adobe.com/photoshop/1.0/";
 constexpr std::string_view kIptcCore = "http://iptc.org/std/Iptc4xmpCore/1.0/xmlns/";
 constexpr std::string_view kIptcExtension = "http://iptc.org/std/Iptc4xmpExt/2008-02-29/";
 
+constexpr std::string_view kRegions = "http://www.metadataworkinggroup.com/schemas/regions/";
+constexpr std::string_view kPeople = "http://ns.microsoft.com/photo/1.2/";
+
 // Vocabularies that speak of nothing but companion pictures, by how their addresses begin.
 constexpr std::array<std::string_view, 7> kCompanions = {
     "http://ns.adobe.com/hdr-gain-map/",          "http://ns.apple.com/HDRGainMap/",
@@ -45,6 +48,16 @@ bool IsPlace(const XmpName& name) {
   return false;
 }
 
+// What tells where something lies in the picture.
+bool IsRegion(const XmpName& name) {
+  if (name.vocabulary == kExif) {
+    return name.local == "SubjectArea" || name.local == "SubjectLocation";
+  }
+  return (name.vocabulary == kRegions && name.local == "Regions") ||
+         (name.vocabulary == kPeople && name.local == "RegionInfo") ||
+         (name.vocabulary == kIptcExtension && name.local == "ImageRegion");
+}
+
 XmpFate FateOf(const XmpName& name, const XmpChanges& changes) {
   const XmpFate left_out{XmpFate::kLeftOut};
   const auto changed = [](int number) {
@@ -52,6 +65,7 @@ XmpFate FateOf(const XmpName& name, const XmpChanges& changes) {
   };
   if (IsOfCompanions(name)) return left_out;
   if (changes.leave_place_out && IsPlace(name)) return left_out;
+  if (changes.turned && IsRegion(name)) return left_out;
   if (name.vocabulary == kBasic && name.local == "Thumbnails") return left_out;
   if (name.vocabulary == kNote && name.local == "HasExtendedXMP" && changes.extension_left_out) {
     return left_out;
@@ -95,6 +109,10 @@ bool ExtensionTellsPlace(std::string_view extension) {
                                                       ":Location"};
   return std::any_of(kWords.begin(), kWords.end(),
                      [&](std::string_view word) { return extension.find(word) != extension.npos; });
+}
+
+bool ExtensionTellsRegions(std::string_view extension) {
+  return extension.find(kRegions) != extension.npos || extension.find(kPeople) != extension.npos;
 }
 
 }  // namespace tarnwell

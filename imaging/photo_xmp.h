@@ -13,11 +13,13 @@ struct XmpChanges {
   int height = 0;
   bool extension_left_out = false;  // the part that did not fit into the first segment
   bool leave_place_out = false;
+  bool turned = false;  // the picture was turned or mirrored: what lies where in it is untrue
 };
 
-// The packet with orientation and size as they are now, without thumbnails, and without what
-// belongs to companion pictures (high dynamic range, depth, motion). Everything else is the same,
-// byte for byte. Nothing when the packet is damaged.
+// The packet with orientation and size as they are now, without thumbnails, without what belongs to
+// companion pictures (high dynamic range, depth, motion), and of a turned picture without the
+// places of faces and of the subject. Everything else is the same, byte for byte. Nothing when the
+// packet is damaged.
 std::optional<std::string> ChangedXmp(std::string_view packet, const XmpChanges& changes);
 
 // Whether the packet speaks of companion pictures; nothing when it is damaged.
@@ -27,5 +29,6 @@ std::optional<bool> TellsOfCompanions(std::string_view packet);
 // the packet holds a checksum of it, so these look for the words alone.
 bool ExtensionTellsOfCompanions(std::string_view extension);
 bool ExtensionTellsPlace(std::string_view extension);
+bool ExtensionTellsRegions(std::string_view extension);
 
 }  // namespace tarnwell

@@ -51,6 +51,11 @@ BitmapHeader HeaderFor(int width, int height) {
   return header;
 }
 
+void ShowOriginalAsSource(PhotoSurfaces& surfaces) {
+  Display(surfaces.picSource, surfaces.picOriginal.picture);
+  surfaces.picSource.turned = surfaces.picOriginal.turned;
+}
+
 bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source) {
   PhotoSurfaces& surfaces = buffer.surfaces;
   const Picture image = SurfaceOf(surfaces, source).image;
@@ -58,7 +63,10 @@ bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source) {
 
   if (source == PixelSource::kThumbnail) surfaces.picThumb.picture = image;
   if (source == PixelSource::kOriginal) surfaces.picOriginal.picture = image;
-  if (source != PixelSource::kSourceAsItStands) Display(surfaces.picSource, image);
+  if (source != PixelSource::kSourceAsItStands) {
+    Display(surfaces.picSource, image);
+    surfaces.picSource.turned = surfaces.picOriginal.turned;
+  }
   buffer.width = image->width();
   buffer.height = image->height();
   DescribeTransfer(buffer, buffer.width, buffer.height);

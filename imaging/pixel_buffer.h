@@ -20,6 +20,7 @@ struct PictureSurface {
   double top = 0;
   int width = 0;  // pixels
   int height = 0;
+  bool turned = false;  // by a run since the photo was opened; kept for picOriginal and picSource
 };
 
 // Gives `surface` the displayed picture `picture`, which is drawn at once, and takes its size.
@@ -34,6 +35,9 @@ struct PhotoSurfaces {
   PictureSurface picGraphic;     // a fixed graphic
   PictureSurface picReturn;      // the return surface
 };
+
+// Makes the photo as opened the working image.
+void ShowOriginalAsSource(PhotoSurfaces& surfaces);
 
 // The bitmap header of a transfer; fields in record order.
 struct BitmapHeader {

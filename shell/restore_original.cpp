@@ -11,7 +11,7 @@ namespace tarnwell {
 void RestoreOriginalImage(Form1& form) {
   PhotoSurfaces& surfaces = form.buffer.surfaces;
   if (!surfaces.picOriginal.picture) return;
-  Display(surfaces.picSource, surfaces.picOriginal.picture);
+  ShowOriginalAsSource(surfaces);
   MakeThumbnail(form.buffer, form.platform.events);
   form.app.photo_changed = false;
   form.app.learning_record.clear();

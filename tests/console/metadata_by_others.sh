@@ -50,7 +50,8 @@ for orientation in {1..8}; do
   done
   exiftool -q -overwrite_original -n "-IFD0:Orientation=$orientation" -Make=Maker -Model=Phone \
     -DateTimeOriginal="2024:05:06 07:08:09" -GPSLatitude=50.7 -GPSLatitudeRef=N -GPSAltitude=60 \
-    -ExifImageWidth=1 -ExifImageHeight=1 "-ThumbnailImage<=thumbnail" \
+    -ExifImageWidth=1 -ExifImageHeight=1 -SubjectArea="3 4 5 6" -XMP-exif:SubjectLocation=3 \
+    -JFIF:XResolution=300 -JFIF:YResolution=300 -JFIF:ResolutionUnit=inches "-ThumbnailImage<=thumbnail" \
     -XMP-dc:Title="A title" -XMP-exif:GPSLatitude=50.7 -XMP-photoshop:City=Bonn \
     -IPTC:Keywords=one -IPTC:Keywords=two -IPTC:City=Bonn -Comment="A comment" \
     photos/*-"$orientation.jpg"
@@ -71,7 +72,9 @@ fi
 
 # What it finds, less what must change.
 found() {
-  grep -vE '^\[(ExifTool|System|File|JFIF|Composite)\]|Orientation|ExifImage|IFD1|IPTCDigest|ThumbnailImage' "$1"
+  local turned='(nothing)'
+  if [[ $1 != *-1?(A).txt ]]; then turned=Subject; fi
+  grep -vE "^\[(ExifTool|System|File|Composite)\]|Orientation|ExifImage|IFD1|IPTCDigest|ThumbnailImage|$turned" "$1"
 }
 has() { grep -qE "^\[$2\] +$3 +: $4\$" "saved/$1A.txt" || fail "$1: $3 is not $4"; }
 
@@ -83,6 +86,9 @@ for photo in photos/*.jpg; do
   has "$name" IFD0 Orientation 1
   has "$name" ExifIFD ExifImageWidth "${size%x*}"
   has "$name" ExifIFD ExifImageHeight "${size#*x}"
+  if [[ $name != *-1 ]] && grep Subject "saved/${name}A.txt"; then
+    fail "$name: tells where the subject was before the turn"
+  fi
   djpeg "saved/${name}A.thumbnail" >/dev/null || fail "$name: thumbnail"
   width=${size%x*} height=${size#*x}
   djpeg -grayscale "saved/${name}A.jpg" | tail -c $((width * height)) >pixels

@@ -11,13 +11,14 @@ namespace tarnwell {
 namespace {
 
 // What is saved with a picture of 40 x 30 of a photo with these segments.
-std::string Saved(const SharedMetadata& metadata, bool leave_place_out = false) {
-  return MetadataFor(*metadata, PixelArray(40, 30).view(), leave_place_out).segments;
+std::string Saved(const SharedMetadata& metadata, const SaveWishes& wishes = {}) {
+  return MetadataFor(*metadata, PixelArray(40, 30).view(), wishes).segments;
 }
 
 TEST(PhotoMetadata, WhatStaysTrueStaysByteForByte) {
   const std::string profile = Profile();
   const std::vector<Piece> pieces = {
+      {0, std::string("JFIF\0\1\1\1\0\x48\0\x48\0\0", 14)},  // 72 pixels an inch
       {1, MakeExif({.width = 40, .height = 30, .place = true})},
       {1, Packet(" tiff:Make='A'", "<exif:UserComment>&lt;hello&gt;</exif:UserComment><!-- > -->")},
       {2, Icc(2, 2, profile.substr(150))},  // out of order is allowed
@@ -48,7 +49,7 @@ TEST(PhotoMetadata, LeavesThePlaceOutEverywhere) {
                      Resource(0x0404, Field(5, "Title") + Field(90, "Bonn") + Field(7, "x")) +
                      Resource(0x0422, "EXIF copy")}}));
   EXPECT_EQ(
-      Saved(metadata, true),
+      Saved(metadata, {.leave_place_out = true}),
       Segments({{1,
                  [&] {
                    auto exif = ExifBlock::Parse(MakeExif({.place = true}));
@@ -76,6 +77,38 @@ TEST(PhotoMetadata, WhatTheChangeMakesUntrueIsPutRight) {
                       {1, Packet(" tiff:Orientation=\"1\" exif:PixelXDimension='40'",
                                  "<tiff:ImageLength>30</tiff:ImageLength>")},
                       {13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title"))}}));
+}
+
+// Turned by a run, by the orientation that the file tells, or not at all.
+TEST(PhotoMetadata, WhatLiesWhereIsLeftOutOfATurnedPicture) {
+  const std::string regions =
+      "<R:Regions "
+      "xmlns:R=\"http://www.metadataworkinggroup.com/schemas/regions/\">face</R:Regions>";
+  const struct {
+    int orientation;
+    bool by_run;
+    bool kept;
+  } kCases[] = {{1, false, true}, {1, true, false}, {6, false, false}};
+  for (const auto& [orientation, by_run, kept] : kCases) {
+    const auto photo = [&](int told, bool with_subject) {
+      return std::vector<Piece>{
+          {1, MakeExif({.orientation = told, .width = 40, .height = 30, .subject = with_subject})},
+          {1, Packet(with_subject ? " exif:SubjectArea='3'" : "", with_subject ? regions : "")}};
+    };
+    const SharedMetadata metadata = ReadPhotoMetadata(Jpeg(photo(orientation, true)));
+    const std::string saved = Saved(metadata, {.turned = by_run});
+    if (kept) {
+      EXPECT_EQ(saved, Segments(photo(1, true)));
+      continue;
+    }
+    EXPECT_EQ(saved.find("face"), saved.npos);
+    EXPECT_EQ(saved.find("SubjectArea"), saved.npos);
+    EXPECT_EQ(saved.find(kSubjectArea), saved.npos);
+    EXPECT_NE(saved.find(kMakerNote), saved.npos) << "stays where it was";
+    const SharedMetadata again = ReadPhotoMetadata(Jpeg({}).insert(2, saved));
+    EXPECT_TRUE(again->notes.empty());
+    EXPECT_EQ(again->orientation, 1);
+  }
 }
 
 TEST(PhotoMetadata, CompanionPicturesAndTheirTagsAreLeftOutAndTold) {
@@ -147,7 +180,7 @@ TEST(PhotoMetadata, HugeHeadersTakeNoLongerThanTheyAreLong) {
   many.resize(130000, {1, kXmpExtension + std::string(60, ' ') + ":GPS"});
   const SharedMetadata crowd = ReadPhotoMetadata(Jpeg(many));
   EXPECT_EQ(crowd->segments.size(), 130000u);
-  EXPECT_FALSE(Saved(crowd, true).empty());
+  EXPECT_FALSE(Saved(crowd, {.leave_place_out = true}).empty());
 
   std::string nested;
   for (int i = 0; i < 6000; ++i) nested += "<a b='c'>";

@@ -8,6 +8,7 @@
 #include "imaging/jpeg_encoder.h"
 #include "imaging/jpeg_quality.h"
 #include "imaging/load_photo.h"
+#include "imaging/photo_size.h"
 #include "imaging/upright.h"
 #include "tests/support/bmp_builder.h"
 #include "tests/support/exif_builder.h"
@@ -157,17 +158,23 @@ TEST_F(PhotoTravelsTest, QualityAndChrominanceFollowTheChoice) {
 
 TEST(LoadPhoto, RefusesByArithmeticWhatMemoryDoesNotHold) {
   constexpr std::uint64_t kEightGigabytes = std::uint64_t{8} << 30;
-  const auto check = [](int width, int height) {
-    return CheckMemoryFor(BuildBmp({.width = width, .height = height}), kEightGigabytes,
-                          "photo.bmp");
+  frmModules panel = FirstStartPanel();
+  const auto check = [&](int width, int height) {
+    const std::string file = BuildBmp({.width = width, .height = height});
+    return CheckMemory(MemoryToCorrect(file, panel), kEightGigabytes, "photo.bmp");
   };
   EXPECT_TRUE(check(16320, 12240).ok()) << "200 megapixels";
+  EXPECT_TRUE(check(20000, 17500).ok()) << "350 megapixels, 16 bytes each";
   const Status refused = check(30000, 20000);
   EXPECT_EQ(refused.failure, Failure::kTooLarge);
   EXPECT_EQ(
       refused.message,
       "photo.bmp: the picture is too large: it needs 9159 MB of memory, and there are 6144 MB "
       "for it");
+
+  panel.open[kNoiseReduction] = panel.open[kAdjustFocus] = 1;
+  EXPECT_TRUE(check(16320, 12240).ok());
+  EXPECT_FALSE(check(20000, 17500).ok()) << "21 bytes each";
 }
 
 }  // namespace

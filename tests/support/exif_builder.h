@@ -14,11 +14,13 @@ struct ExifRecipe {
   int width = 0;
   int height = 0;
   bool place = false;
+  bool subject = false;        // tells where in the picture it is
   std::string thumbnail = {};  // a JPEG file; empty for none
   std::string behind = {};     // bytes behind all that
 };
 
 inline constexpr char kMakerNote[] = "MAKER \1\2\3\4 note with offsets of its own";
+inline constexpr char kSubjectArea[] = "SUBJECT!";  // four numbers of two bytes
 inline constexpr char kPlaceText[] = "WGS-84 somewhere secret";
 
 class ExifBuilder {
@@ -74,10 +76,16 @@ class ExifBuilder {
   }
   void PutCamera(std::size_t main) {
     Entry(main, 2, 0x8769, 4, 1, static_cast<std::uint32_t>(out_.size()));
-    const std::size_t camera = Directory(3);
-    Text(camera, 0, 0x927C, kMakerNote, 7);
-    Entry(camera, 1, 0xA002, 4, 1, static_cast<std::uint32_t>(recipe_.width));
-    Entry(camera, 2, 0xA003, 3, 1, static_cast<std::uint32_t>(recipe_.height));
+    const std::size_t camera = Directory(recipe_.subject ? 4 : 3);
+    std::size_t next = 0;
+    if (recipe_.subject) {
+      Entry(camera, next++, 0x9214, 3, 4, 0);
+      Set(camera + 8, static_cast<std::uint32_t>(out_.size()), 4);
+      out_ += kSubjectArea;
+    }
+    Text(camera, next++, 0x927C, kMakerNote, 7);
+    Entry(camera, next++, 0xA002, 4, 1, static_cast<std::uint32_t>(recipe_.width));
+    Entry(camera, next++, 0xA003, 3, 1, static_cast<std::uint32_t>(recipe_.height));
   }
   void PutPlace(std::size_t main) {
     Entry(main, 3, 0x8825, 4, 1, static_cast<std::uint32_t>(out_.size()));
