@@ -1,12 +1,11 @@
 #include "automation/adjust_directory.h"
 
-#include <array>
-
 #include "automation/free_name.h"
 #include "engine/adjust_photo.h"
 #include "imaging/file_open.h"
 #include "imaging/file_save.h"
 #include "imaging/load_photo.h"
+#include "imaging/open_photo_kept.h"
 #include "imaging/photo_list.h"
 #include "imaging/photo_title.h"
 #include "imaging/thumbnail.h"
@@ -20,70 +19,13 @@
 namespace tarnwell {
 namespace {
 
-// What the window shows of the open photo, put back at the end of the scope. Pictures are shared,
-// so keeping them costs nothing.
-class OpenPhotoKept {
- public:
-  explicit OpenPhotoKept(Form1& form)
-      : form_(form),
-        app_(form.app),
-        surfaces_(form.buffer.surfaces),
-        metadata_(form.metadata),
-        metadata_notes_told_(form.metadata_notes_told),
-        collect_note_(std::move(form.collect_note)),
-        names_(form.names),
-        histogram_(form.histogram),
-        learnt_(form.learnt),
-        hue_swatches_(form.modules.hue.lblHue),
-        correction_ready_(form.correction_ready),
-        title_(form.lblTitleCaption),
-        caption_(form.caption) {}
-  ~OpenPhotoKept() {
-    form_.app.current_file = app_.current_file;
-    form_.app.opened_path = app_.opened_path;
-    form_.app.photo_changed = app_.photo_changed;
-    form_.app.learning_record = app_.learning_record;
-    form_.app.suppress_learning = app_.suppress_learning;
-    form_.buffer.surfaces = surfaces_;
-    form_.buffer.shadow_width = surfaces_.picThumb.width;
-    form_.buffer.shadow_height = surfaces_.picThumb.height;
-    form_.metadata = metadata_;
-    form_.metadata_notes_told = metadata_notes_told_;
-    form_.collect_note = collect_note_;
-    form_.names = names_;
-    form_.histogram = histogram_;
-    form_.learnt = learnt_;
-    form_.modules.hue.lblHue = hue_swatches_;
-    form_.correction_ready = correction_ready_;
-    form_.lblTitleCaption = title_;
-    form_.caption = caption_;
-  }
-  OpenPhotoKept(const OpenPhotoKept&) = delete;
-  OpenPhotoKept& operator=(const OpenPhotoKept&) = delete;
-
- private:
-  Form1& form_;
-  const Module1 app_;
-  const PhotoSurfaces surfaces_;
-  const SharedMetadata metadata_;
-  const bool metadata_notes_told_;
-  const std::function<void(const std::string&)> collect_note_;
-  const OutputNames names_;
-  const PictureHistogram histogram_;
-  const LearntProposal learnt_;
-  const std::array<Rgb, 2> hue_swatches_;
-  const bool correction_ready_;
-  const std::string title_;
-  const std::string caption_;
-};
-
 Status CancelledPhoto(const std::string& path) {
   return Status::Error(Failure::kCancelled, path + ": was not corrected");
 }
 
 // Takes the photo into the window. Unlike opening it by hand this leaves the settings alone.
 Status LoadPhoto(Form1& form, const std::string& path, const std::string& name) {
-  auto photo = LoadPhotoFile(form.platform, form.modules, path);
+  auto photo = LoadPhotoFile(form, path);
   if (!photo.ok()) return photo.status;
   form.app.current_file = path;
   TakeAsOriginal(form, std::move(*photo));

@@ -33,11 +33,17 @@ void ProgressBar::ShowText(const std::string& lblJob) {
   Draw();
 }
 
+void ProgressBar::ShowTimeLeft(const std::string& time_left) {
+  time_left_ = time_left;
+  Draw();
+}
+
 void ProgressBar::Draw() {
   if (!shown_) return;
   const int filled = percent_ * kBarWidth / 100;
   terminal_ << kWipeLine << "[" << std::string(filled, '#') << std::string(kBarWidth - filled, '.')
-            << "] " << std::setw(3) << percent_ << " %  " << text_ << std::flush;
+            << "] " << std::setw(3) << percent_ << " %  " << text_
+            << (time_left_.empty() ? "" : " " + time_left_) << std::flush;
 }
 
 }  // namespace tarnwell

@@ -18,12 +18,14 @@ class ProgressBar : public ProgressView {
   void HideWindow() override;
   void DrawBar(float percentage) override;
   void ShowText(const std::string& lblJob) override;
+  void ShowTimeLeft(const std::string& time_left) override;
 
  private:
   void Draw();
 
   std::ostream& terminal_;
   std::string text_;
+  std::string time_left_;
   int percent_ = 0;
   bool shown_ = false;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/pixel_array.h"
+#include "platform/status.h"
 
 namespace tarnwell {
 
@@ -15,7 +16,7 @@ void RepairDeadPixels(MutablePixelView pixels, const PixelView& map, int thresho
 
 // Repairs the working pixels from the map of the current camera and the photo's resolution and
 // makes them the new picOriginal. Without a map (or one of another size) the photo stays as it is
-// and a tip is offered.
-void RepairOpenedPhoto(Form1& form);
+// and a tip is offered. Events run meanwhile; fails with kCancelled only.
+Status RepairOpenedPhoto(Form1& form);
 
 }  // namespace tarnwell

@@ -10,6 +10,8 @@
 #include "platform/picture_codec.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
+#include "shell/frm_progress.h"
+#include "shell/long_work.h"
 #include "shell/module1.h"
 
 namespace tarnwell {
@@ -39,44 +41,69 @@ std::string FindMap(Files& files, const std::string& camera_folder, int width, i
   return {};
 }
 
-// The map that fits the photo, or null: then the user has been told why. Maps are of the sensor: a
-// photo that was turned when it was opened takes the map for its size before, turned alike.
-Picture LoadMap(Form1& form, const PixelView& photo) {
-  const int orientation = form.metadata ? form.metadata->orientation : 1;
-  const bool exchanged = ExchangesSides(orientation);
-  const int width = exchanged ? photo.height : photo.width;
-  const int height = exchanged ? photo.width : photo.height;
-  const std::string path = FindMap(form.platform.files, form.app.camera_folder, width, height);
-  if (path.empty()) {
+// The map that fits the photo, or why there is none (kNotFound: one of another size). Maps are of
+// the sensor: a photo that was turned when it was opened takes the map for its size before, turned
+// alike.
+struct MapOfSensor {
+  std::string path;
+  int orientation = 1;
+  int width = 0;
+  int height = 0;
+
+  MapOfSensor(Form1& form, const PixelView& photo) {
+    if (form.metadata) orientation = form.metadata->orientation;
+    const bool exchanged = ExchangesSides(orientation);
+    width = exchanged ? photo.height : photo.width;
+    height = exchanged ? photo.width : photo.height;
+    path = FindMap(form.platform.files, form.app.camera_folder, width, height);
+  }
+
+  Result<Picture> Load(PictureCodec& codec, const GoOn& go_on) const {
+    Result<Picture> map = codec.Load(path, go_on);
+    if (!map.ok()) return map;
+    if ((*map)->width() != width || (*map)->height() != height) {
+      return Status::Error(Failure::kNotFound, path);
+    }
+    return TurnUpright(*map, orientation, go_on);
+  }
+};
+
+// The photo repaired, as much as memory allows; null when it does not.
+Result<Picture> Repaired(const Picture& photo, const Result<Picture>& map, int threshold) {
+  if (!map.ok()) return map.status;
+  const std::shared_ptr<PixelArray> repaired = TryCopyPixels(photo->view());
+  if (repaired && *map) RepairDeadPixels(repaired->mutable_view(), (*map)->view(), threshold);
+  return Picture(*map ? repaired : nullptr);
+}
+
+void TellWhyNot(Form1& form, const Status& status) {
+  if (status.failure == Failure::kNotFound) {
     form.ShowTips(kNoMapTip);
-    return nullptr;
+  } else {
+    form.platform.dialogs.Tell(form.app.title, status.message, Icon::kExclamation);
   }
-  auto map = form.platform.codec.Load(path);
-  if (!map.ok()) {
-    form.platform.dialogs.Tell(form.app.title, map.status.message, Icon::kExclamation);
-    return nullptr;
-  }
-  if ((*map)->width() != width || (*map)->height() != height) {
-    form.ShowTips(kNoMapTip);
-    return nullptr;
-  }
-  return TurnUpright(*map, orientation);
 }
 
 }  // namespace
 
-void RepairOpenedPhoto(Form1& form) {
+Status RepairOpenedPhoto(Form1& form) {
   const Picture photo = form.buffer.surfaces.picOriginal.image;
-  const Picture map = LoadMap(form, photo->view());
+  const MapOfSensor map(form, photo->view());
   const auto threshold = form.modules.Value(9);
-  if (!map || !threshold) return;
+  if (map.path.empty()) form.ShowTips(kNoMapTip);
+  if (map.path.empty() || !threshold) return Status::Ok();
 
-  const std::shared_ptr<PixelArray> repaired = TryCopyPixels(photo->view());
-  if (!repaired) return;
-  RepairDeadPixels(repaired->mutable_view(), map->view(), *threshold);
-  Display(form.buffer.surfaces.picOriginal, repaired);
-  Display(form.buffer.surfaces.picSource, repaired);
+  Result<Picture> repaired = Picture();
+  const bool finished = DoBesideEvents(form, kCollectingText, [&](const GoOn& go_on) {
+    repaired = Repaired(photo, map.Load(form.platform.codec, go_on), *threshold);
+  });
+  if (!finished) return Status::Cancelled(form.platform.files.Display(form.app.current_file));
+  if (!repaired.ok()) TellWhyNot(form, repaired.status);
+  if (!repaired.ok() || !*repaired) return Status::Ok();
+  Display(form.buffer.surfaces.picOriginal, *repaired);
+  Display(form.buffer.surfaces.picSource, *repaired);
   MakeThumbnail(form.buffer, form.platform.events);
+  return Status::Ok();
 }
 
 }  // namespace tarnwell

@@ -156,8 +156,10 @@ Status RunCorrection(Form1& form, bool preview) try {
   const bool takes_original = !preview && !form.keeps_original;
   if (takes_original) TakePhotoOut(form);
   if (Status adjusted = Adjust(form, preview, run, settings); !adjusted.ok()) return adjusted;
-  if (run.rotation && !RotateFinalImage(form.buffer, *run.rotation, form.threads))
-    return OutOfMemory(form);
+  const auto go_on = [&form](double) { return LetEventsIn(form); };
+  if (run.rotation && !RotateFinalImage(form.buffer, *run.rotation, form.threads, go_on)) {
+    return form.app.cancel_requested ? Cancelled() : OutOfMemory(form);
+  }
 
   ShowPercentage(form.progress, 100);
   form.platform.events.Run();
@@ -209,7 +211,9 @@ Status AdjustPhoto(Form1& form, bool preview) {
 Status AnalyzeOpenedPhoto(Form1& form) {
   form.app.cancel_requested = false;
   ShowStage(form.progress, kCollecting);
-  if (form.modules.IsOpen(kDeadPixelCorrection)) RepairOpenedPhoto(form);
+  if (form.modules.IsOpen(kDeadPixelCorrection)) {
+    if (Status repaired = RepairOpenedPhoto(form); !repaired.ok()) return repaired;
+  }
   MeasureOriginal(form);
   return Status::Ok();
 }

@@ -1,6 +1,9 @@
 #include "engine/adjustment_pass.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cstddef>
+#include <cstring>
 #include <functional>
 #include <memory>
 #include <new>
@@ -44,6 +47,20 @@ void AdjustTonesOf(Stages& stages, const PixelView& values, const PicturePiece& 
   }
 }
 
+// A copy of all pixels, in bands that may be stopped between. False when it was.
+bool CopyPixels(Form1& form, const PixelView& from, MutablePixelView to) {
+  constexpr int kBandHeight = 128;
+  const int bands = (from.height + kBandHeight - 1) / kBandHeight;
+  return ForEachPart(
+      bands, 1, form.threads,
+      [&](int band) {
+        const int top = band * kBandHeight;
+        const std::size_t rows = std::min(kBandHeight, from.height - top);
+        std::memcpy(to.at(0, top), from.at(0, top), rows * from.stride());
+      },
+      [&](int) { return LetEventsIn(form); });
+}
+
 // The noise filter over `target`; right after it, while they are near, `then` with the same pixels.
 template <typename Then>
 bool SmoothPieces(Stages& stages, MutablePixelView target, Then then, const PartDone& part_done) {
@@ -74,11 +91,12 @@ bool FocusColumns(Stages& stages, const PixelView& smooth, const PartDone& part_
       [&](int x) { FocusColumn(stages.working, smooth, x, stages.settings); }, part_done);
 }
 
-// Focus with running sums.
-bool FocusInWaves(Stages& stages, FocusPass& focus, const PartDone& part_done) {
-  const auto go_on = [](int) { return true; };
-  ForEachPart(
+// Focus with running sums. `go_on` is asked where no part is done.
+bool FocusInWaves(Stages& stages, FocusPass& focus, const PartDone& part_done,
+                  const PartDone& go_on) {
+  const bool read = ForEachPart(
       focus.band_count(), 1, stages.threads, [&](int band) { focus.Read(band); }, go_on);
+  if (!read) return false;
   const bool adjusted = ForEachPart(
       focus.part_count(), 1, stages.threads, [&](int part) { focus.Adjust(part); },
       [&](int done) {
@@ -98,8 +116,9 @@ bool SmoothThenFocus(Form1& form, Stages& stages, float minimum_step) {
   const bool in_waves = FocusPass::Suits(*stages.settings.focus);
   std::shared_ptr<PixelArray> own;
   if (stages.noise && !in_waves) {
-    own = TryCopyPixels(stages.start);
+    own = TryMakePixels(stages.start.width, stages.start.height);
     if (!own) throw std::bad_alloc();
+    if (!CopyPixels(form, stages.start, own->mutable_view())) return false;
   }
   const MutablePixelView target = own ? own->mutable_view() : stages.working;
   const PixelView smooth = stages.noise ? PixelView(target) : stages.start;
@@ -109,14 +128,16 @@ bool SmoothThenFocus(Form1& form, Stages& stages, float minimum_step) {
   }
   const int pieces = stages.noise ? stages.noise->piece_count() : 0;
   const int parts = focus ? focus->part_count() : stages.working.width;
-  PassProgress pass(form, stages.working.width, pieces + parts, minimum_step);
+  PassProgress pass(form, stages.working.width, pieces + parts, minimum_step,
+                    stages.noise ? pieces : parts);
   if (stages.noise) {
     const bool done = SmoothPieces(
         stages, target, [](const PicturePiece&) {}, [&](int part) { return pass.PartDone(part); });
     if (!done) return false;
   }
   const auto part_done = [&](int done) { return pass.PartDone(pieces + done); };
-  if (focus) return FocusInWaves(stages, *focus, part_done);
+  const auto go_on = [&](int) { return LetEventsIn(form); };
+  if (focus) return FocusInWaves(stages, *focus, part_done, go_on);
   return FocusColumns(stages, stages.noise ? smooth : PixelView(stages.working), part_done);
 }
 
@@ -137,12 +158,13 @@ bool RunStages(Form1& form, Stages& stages, float minimum_step) {
 PassEnd RunAdjustmentPass(Form1& form, const AdjustmentSettings& settings, float minimum_step) {
   PixelBuffer& buffer = form.buffer;
   const bool in_place = settings.noise || (settings.focus && !FocusPass::Suits(*settings.focus));
-  if (!(in_place ? CopyWorkingPixels(buffer) : MakeWorkingPixels(buffer))) {
+  if (!(in_place ? MakeNewWorkingPixels(buffer) : MakeWorkingPixels(buffer))) {
     return PassEnd::kOutOfMemory;
   }
   try {
     Stages stages = {settings, buffer.read->view(), buffer.working->mutable_view(), form.threads,
                      !settings.focus && SuitToneVectors(settings)};
+    if (in_place && !CopyPixels(form, stages.start, stages.working)) return PassEnd::kStopped;
     if (settings.noise) stages.noise.emplace(stages.start, *settings.noise);
     if (!stages.in_vectors && stages.start.pixel_count() >= ToneTable::kWorthwhile) {
       stages.table.emplace(settings);

@@ -23,6 +23,10 @@ std::uint32_t Colours(const std::uint8_t* pixel) {
 // which is then written from end to end and never touched again.
 constexpr int kBand = 16;
 
+// Rows of a quarter turn's target that are worked on at once. One band over all rows would touch
+// every page of the target's memory, and the first one would wait for the system to provide them.
+constexpr int kTargetRows = 512;
+
 // Four pixels as one vector; lanes are compared to nothing, only moved.
 typedef std::uint32_t FourPixels __attribute__((vector_size(16)));
 
@@ -58,18 +62,19 @@ struct Quarter {
   bool rows_from_right;
   bool columns_from_below;
 
-  // Target columns first_column to first_column + kBand - 1, as far as there are that many.
-  void TurnBand(int first_column) const {
+  // Target columns first_column to first_column + kBand - 1, as far as there are that many, of what
+  // comes from the source columns first_x to end_x - 1.
+  void TurnBand(int first_column, int first_x, int end_x) const {
     const std::ptrdiff_t step =
         static_cast<std::ptrdiff_t>(source.stride()) * (columns_from_below ? -1 : 1);
     const int first_row = columns_from_below ? source.height - 1 - first_column : first_column;
     const std::uint8_t* from = source.at(0, first_row);
-    int x = 0;
+    int x = first_x;
     if (target.width - first_column >= kBand) {
-      for (; x + 4 <= source.width; x += 4) TurnFourColumns(from, step, x, first_column);
+      for (; x + 4 <= end_x; x += 4) TurnFourColumns(from, step, x, first_column);
     }
     const int columns = std::min(kBand, target.width - first_column);
-    for (; x < source.width; ++x) {
+    for (; x < end_x; ++x) {
       std::uint8_t* to = target.at(first_column, TargetRow(x));
       for (int i = 0; i < columns; ++i, to += kBytesPerPixel) {
         const std::uint32_t pixel = Colours(from + i * step + std::ptrdiff_t{x} * kBytesPerPixel);
@@ -103,40 +108,53 @@ void CopyRow(const std::uint8_t* from, int width, bool from_right, std::uint8_t*
   }
 }
 
-void TurnQuarter(const PixelView& pixels, Turn turn, int threads, MutablePixelView target) {
+bool TurnQuarter(const PixelView& pixels, Turn turn, int threads, const GoOn& go_on,
+                 MutablePixelView target) {
   const Quarter quarter = {pixels, target, turn == Turn::kAnticlockwise, turn == Turn::kClockwise};
-  ForEachPart((target.width + kBand - 1) / kBand, 1, threads,
-              [&](int band) { quarter.TurnBand(band * kBand); }, [](int) { return true; });
+  constexpr int kBandsAtOnce = 8;
+  const int bands = (target.width + kBand - 1) / kBand;
+  const int parts = (pixels.width + kTargetRows - 1) / kTargetRows * bands;
+  return ForEachPart(
+      parts, kBandsAtOnce, threads,
+      [&](int part) {
+        const int first_x = part / bands * kTargetRows;
+        quarter.TurnBand(part % bands * kBand, first_x,
+                         std::min(first_x + kTargetRows, pixels.width));
+      },
+      [&](int done) { return go_on(1.0 * done / parts); });
 }
 
-void TurnRows(const PixelView& pixels, Turn turn, int threads, MutablePixelView target) {
+bool TurnRows(const PixelView& pixels, Turn turn, int threads, const GoOn& go_on,
+              MutablePixelView target) {
   const bool from_below = turn != Turn::kLeftRight;
   const bool from_right = turn != Turn::kUpsideDown;
-  ForEachPart(
+  return ForEachPart(
       pixels.height, kLinesAtOnce, threads,
       [&](int y) {
         CopyRow(pixels.at(0, from_below ? pixels.height - 1 - y : y), pixels.width, from_right,
                 target.at(0, y));
       },
-      [](int) { return true; });
+      [&](int done) { return go_on(1.0 * done / pixels.height); });
 }
 
 }  // namespace
 
-std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn, int threads) {
+std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn, int threads,
+                                       const GoOn& go_on) {
   const bool is_quarter = turn == Turn::kAnticlockwise || turn == Turn::kClockwise;
   auto turned = is_quarter ? TryMakePixels(pixels.height, pixels.width)
                            : TryMakePixels(pixels.width, pixels.height);
   if (!turned) return nullptr;
-  (is_quarter ? TurnQuarter : TurnRows)(pixels, turn, threads, turned->mutable_view());
+  const auto turn_all = is_quarter ? TurnQuarter : TurnRows;
+  if (!turn_all(pixels, turn, threads, go_on, turned->mutable_view())) return nullptr;
   return turned;
 }
 
-bool RotateFinalImage(PixelBuffer& buffer, int choice, int threads) {
+bool RotateFinalImage(PixelBuffer& buffer, int choice, int threads, const GoOn& go_on) {
   if (choice < 0 || choice >= kTurnCount) return false;
   const PixelView pixels = WorkingPixels(buffer);
   if (pixels.empty()) return false;
-  auto turned = TurnPixels(pixels, static_cast<Turn>(choice), threads);
+  auto turned = TurnPixels(pixels, static_cast<Turn>(choice), threads, go_on);
   if (!turned) return false;
   ReplaceWorkingPixels(buffer, std::move(turned));
   buffer.surfaces.picSource.turned = true;

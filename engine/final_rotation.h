@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "imaging/pixel_array.h"
+#include "platform/events.h"
 
 namespace tarnwell {
 
@@ -19,11 +20,13 @@ enum class Turn : int {
 inline constexpr int kTurnCount = 5;
 
 // A new array holding `pixels` turned, by up to `threads` threads; its unused channel is 0. Null
-// when memory does not suffice.
-std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn, int threads);
+// when memory does not suffice or `go_on`, asked on the calling thread, ends it.
+std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn, int threads,
+                                       const GoOn& go_on = ToTheEnd);
 
 // Turns the buffer's working pixels by rotation choice `choice` (0 to 4) and rebuilds its header.
-// False, with the buffer as it was, for another choice or when memory does not suffice.
-bool RotateFinalImage(PixelBuffer& buffer, int choice, int threads);
+// False, with the buffer as it was, for another choice, when memory does not suffice or `go_on`
+// ends it.
+bool RotateFinalImage(PixelBuffer& buffer, int choice, int threads, const GoOn& go_on = ToTheEnd);
 
 }  // namespace tarnwell

@@ -14,7 +14,7 @@ Status BreaksOff() {
 }
 
 // The messages are still without the file's name.
-Result<Picture> DecodeUnnamed(std::string_view bytes) {
+Result<Picture> DecodeUnnamed(std::string_view bytes, const GoOn& go_on) {
   if (!IsBmp(bytes)) return Status::Error(Failure::kUnsupported, "this is not a bitmap");
   Result<BmpHeader> header = ParseBmpHeader(bytes);
   if (!header.ok()) return header.status;
@@ -27,11 +27,10 @@ Result<Picture> DecodeUnnamed(std::string_view bytes) {
   if (!pixels) {
     return Status::Error(Failure::kTooLarge, "there is not enough memory for this picture");
   }
-  if (plain) {
-    ReadPlainPixels(bytes, *header, pixels->mutable_view());
-  } else if (!ReadRlePixels(bytes, *header, pixels->mutable_view())) {
-    return BreaksOff();
-  }
+  const bool whole = plain ? ReadPlainPixels(bytes, *header, pixels->mutable_view(), go_on)
+                           : ReadRlePixels(bytes, *header, pixels->mutable_view(), go_on);
+  if (!go_on(1)) return Status::Error(Failure::kCancelled, "was cancelled");
+  if (!whole) return BreaksOff();
   return Picture(std::move(pixels));
 }
 
@@ -39,8 +38,8 @@ Result<Picture> DecodeUnnamed(std::string_view bytes) {
 
 bool IsBmp(std::string_view bytes) { return bytes.substr(0, 2) == "BM"; }
 
-Result<Picture> DecodeBmp(std::string_view bytes, const std::string& name) {
-  Result<Picture> decoded = DecodeUnnamed(bytes);
+Result<Picture> DecodeBmp(std::string_view bytes, const std::string& name, const GoOn& go_on) {
+  Result<Picture> decoded = DecodeUnnamed(bytes, go_on);
   if (!decoded.ok()) decoded.status.message = name + ": " + decoded.status.message;
   return decoded;
 }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "imaging/pixel_array.h"
+#include "platform/events.h"
 #include "platform/status.h"
 
 namespace tarnwell {
@@ -22,11 +23,13 @@ bool IsBmp(std::string_view bytes);
 // Fails with kDamaged (the file breaks off before the last pixel, or contradicts itself),
 // kUnsupported (another header, depth or compression) or kTooLarge (a side above kMaxSide, or more
 // than memory holds). All of these are found before memory is taken for the pixels, except for RLE
-// data that breaks off.
-Result<Picture> DecodeBmp(std::string_view bytes, const std::string& name);
+// data that breaks off. Ends with kCancelled when `go_on` says so.
+Result<Picture> DecodeBmp(std::string_view bytes, const std::string& name,
+                          const GoOn& go_on = ToTheEnd);
 
 // The content of a bitmap file of 24 bits per pixel with a header of 40 bytes, rows stored bottom
-// to top and padded to 4 bytes. Empty when `picture` is empty or memory does not suffice.
-std::string EncodeBmp24(const PixelView& picture);
+// to top and padded to 4 bytes. Empty when `picture` is empty, memory does not suffice or `go_on`
+// says so.
+std::string EncodeBmp24(const PixelView& picture, const GoOn& go_on = ToTheEnd);
 
 }  // namespace tarnwell

@@ -81,11 +81,13 @@ bool HasAllPlainPixels(std::string_view bytes, const BmpHeader& header) {
   return header.pixel_offset <= bytes.size() && needed <= bytes.size() - header.pixel_offset;
 }
 
-void ReadPlainPixels(std::string_view bytes, const BmpHeader& header, MutablePixelView pixels) {
+bool ReadPlainPixels(std::string_view bytes, const BmpHeader& header, MutablePixelView pixels,
+                     const GoOn& go_on) {
   const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data()) + header.pixel_offset;
   const PixelScales scales = {ChannelScale(header.blue), ChannelScale(header.green),
                               ChannelScale(header.red)};
   for (int y = 0; y < header.height; ++y) {
+    if (!go_on(1.0 * y / header.height)) return false;
     const std::uint8_t* stored = data + StoredRowBytes(header) * y;
     std::uint8_t* row = pixels.at(0, header.PictureRow(y));
     if (header.bits_per_pixel <= 8) {
@@ -96,6 +98,7 @@ void ReadPlainPixels(std::string_view bytes, const BmpHeader& header, MutablePix
       ReadMaskedRow(stored, header, scales, row);
     }
   }
+  return true;
 }
 
 }  // namespace tarnwell

@@ -4,6 +4,7 @@
 
 #include "imaging/bmp_header.h"
 #include "imaging/pixel_array.h"
+#include "platform/events.h"
 
 namespace tarnwell {
 
@@ -11,7 +12,9 @@ namespace tarnwell {
 // be missing.
 bool HasAllPlainPixels(std::string_view bytes, const BmpHeader& header);
 
-// Fills `pixels`, of the header's size, from an uncompressed bitmap that has all its pixels.
-void ReadPlainPixels(std::string_view bytes, const BmpHeader& header, MutablePixelView pixels);
+// Fills `pixels`, of the header's size, from an uncompressed bitmap that has all its pixels. False
+// when `go_on` ended it.
+bool ReadPlainPixels(std::string_view bytes, const BmpHeader& header, MutablePixelView pixels,
+                     const GoOn& go_on);
 
 }  // namespace tarnwell

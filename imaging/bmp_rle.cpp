@@ -12,6 +12,9 @@ constexpr std::uint64_t kMostPixelsPerCode = 255;
 constexpr std::uint64_t kBytesPerCode = 2;
 constexpr std::uint64_t kAlwaysPlausible = 1 << 20;
 
+// Codes that are read between two questions whether to go on.
+constexpr int kCodesAtOnce = 4096;
+
 // The second byte of a code whose first byte, the count, is 0. From 3 on it is the length of an
 // absolute run.
 enum Escape { kEndOfLine = 0, kEndOfBitmap = 1, kDelta = 2 };
@@ -38,6 +41,7 @@ class Pen {
     row_ += rows;
   }
 
+  double share_done() const { return std::min(1.0 * row_ / header_.height, 1.0); }
   bool past_last_row() const { return row_ >= header_.height; }
   bool complete() const {
     return past_last_row() || (row_ == header_.height - 1 && column_ == header_.width);
@@ -89,11 +93,13 @@ bool IsPlausibleRle(std::string_view bytes, const BmpHeader& header) {
   return pixels <= std::max(kAlwaysPlausible, codes * kMostPixelsPerCode);
 }
 
-bool ReadRlePixels(std::string_view bytes, const BmpHeader& header, MutablePixelView pixels) {
+bool ReadRlePixels(std::string_view bytes, const BmpHeader& header, MutablePixelView pixels,
+                   const GoOn& go_on) {
   FillWithColour0(header, pixels);
   Pen pen(header, pixels);
   ByteReader in(bytes, header.pixel_offset);
-  while (!pen.past_last_row()) {
+  for (int codes = 0; !pen.past_last_row(); codes = (codes + 1) % kCodesAtOnce) {
+    if (codes == 0 && !go_on(pen.share_done())) return false;
     const std::uint8_t count = in.U8();
     const std::uint8_t second = in.U8();
     if (!in.ok()) break;

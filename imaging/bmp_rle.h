@@ -4,6 +4,7 @@
 
 #include "imaging/bmp_header.h"
 #include "imaging/pixel_array.h"
+#include "platform/events.h"
 
 namespace tarnwell {
 
@@ -14,7 +15,9 @@ bool IsPlausibleRle(std::string_view bytes, const BmpHeader& header);
 
 // Fills `pixels`, of the header's size, from RLE4 or RLE8 data. Pixels that the data leaves out get
 // colour 0; what reaches past the end of a row is dropped. False when the data breaks off before
-// the picture is complete and without the code for its end; `pixels` is then filled in part.
-bool ReadRlePixels(std::string_view bytes, const BmpHeader& header, MutablePixelView pixels);
+// the picture is complete and without the code for its end, or when `go_on` ended it; `pixels` is
+// then filled in part.
+bool ReadRlePixels(std::string_view bytes, const BmpHeader& header, MutablePixelView pixels,
+                   const GoOn& go_on);
 
 }  // namespace tarnwell

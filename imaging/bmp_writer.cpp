@@ -42,7 +42,7 @@ void AppendRow(std::string& out, const PixelView& picture, int y, std::uint64_t 
 
 }  // namespace
 
-std::string EncodeBmp24(const PixelView& picture) {
+std::string EncodeBmp24(const PixelView& picture, const GoOn& go_on) {
   std::string out;
   if (picture.empty()) return out;
   const std::uint64_t row_bytes = static_cast<std::uint64_t>(picture.width) * 3;
@@ -55,7 +55,10 @@ std::string EncodeBmp24(const PixelView& picture) {
     return out;
   }
   AppendHeaders(out, picture, pixel_bytes);
-  for (int y = picture.height - 1; y >= 0; --y) AppendRow(out, picture, y, padding);
+  for (int y = picture.height - 1; y >= 0; --y) {
+    if (!go_on(1 - (y + 1.0) / picture.height)) return {};
+    AppendRow(out, picture, y, padding);
+  }
   return out;
 }
 

@@ -6,6 +6,7 @@
 #include "engine/adjust_photo.h"
 #include "imaging/file_save.h"
 #include "imaging/load_photo.h"
+#include "imaging/open_photo_kept.h"
 #include "imaging/output_names.h"
 #include "imaging/photo_title.h"
 #include "imaging/thumbnail.h"
@@ -68,15 +69,30 @@ Status FileOpen(Form1& form, bool show_dialog) {
   return OpenPhotoFile(form, path);
 }
 
-Status OpenPhotoFile(Form1& form, const std::string& path) {
-  // Decoded before anything changes, so that a photo that cannot be read leaves the window alone.
-  Result<LoadedPhoto> photo = LoadPhotoFile(form.platform, form.modules, path);
-  if (!photo.ok()) return photo.status;
+namespace {
 
+Status TakeIn(Form1& form, const std::string& path, LoadedPhoto photo) {
+  OpenPhotoKept before(form);
   form.app.opened_path = path;
   form.app.current_file = path;
-  TakeAsOriginal(form, std::move(*photo));
-  ShowOpenedPhoto(form);
+  TakeAsOriginal(form, std::move(photo));
+  Status shown = ShowOpenedPhoto(form);
+  if (shown.ok()) before.Forget();
+  return shown;
+}
+
+}  // namespace
+
+Status OpenPhotoFile(Form1& form, const std::string& path) {
+  // Decoded before anything changes, so that a photo that cannot be read leaves the window alone.
+  const bool cancel_requested = form.app.cancel_requested;
+  Result<LoadedPhoto> photo = LoadPhotoFile(form, path);
+  Status opened = photo.ok() ? TakeIn(form, path, std::move(*photo)) : photo.status;
+  if (!opened.ok()) {
+    // What was cancelled is the opening, no correction.
+    form.app.cancel_requested = cancel_requested;
+    return opened;
+  }
   if (form.app.auto_preview) TellUnlessCancelled(form, AdjustPhoto(form, /*preview=*/true));
   return Status::Ok();
 }
@@ -88,7 +104,7 @@ void TakeAsOriginal(Form1& form, LoadedPhoto photo) {
   form.metadata_notes_told = false;
 }
 
-void ShowOpenedPhoto(Form1& form) {
+Status ShowOpenedPhoto(Form1& form) {
   Module1& app = form.app;
   PhotoSurfaces& surfaces = form.buffer.surfaces;
 
@@ -108,7 +124,7 @@ void ShowOpenedPhoto(Form1& form) {
   ResetAll(app, form.platform, form.modules);
   surfaces.picThumb.visible = true;
   BuildOutputNames(form.names, app.current_file, form.platform.files);
-  TellUnlessCancelled(form, AnalyzeOpenedPhoto(form));
+  return AnalyzeOpenedPhoto(form);
 }
 
 }  // namespace tarnwell

@@ -18,21 +18,22 @@ bool AskToSaveChanges(Form1& form);
 // the output names, repairs dead pixels and measures the photo, and runs the automatic preview if
 // that is on.
 //
-// Fails with kCancelled when the user backs out, and with the loader's reason when the file cannot
-// be read; the photo that was open then stays as it was, and the user has been told by nobody:
-// that is the caller's part. A failed measurement or preview does not fail the open: the user is
-// told, and the next run measures again.
+// Events run while the file is read. Fails with kCancelled when the user backs out, and with the
+// loader's reason when the file cannot be read; the photo that was open then stays as it was, and
+// the user has been told by nobody: that is the caller's part. A preview that fails does not fail
+// the open: the user is told.
 Status FileOpen(Form1& form, bool show_dialog);
 
 // The part of FileOpen behind the question and the dialog, for callers that have asked already.
-// Fails with the loader's reason.
+// Fails with kCancelled and with the loader's reason.
 Status OpenPhotoFile(Form1& form, const std::string& path);
 
 // Makes `photo` the window's original, with its metadata.
 void TakeAsOriginal(Form1& form, LoadedPhoto photo);
 
 // The part of FileOpen that takes the photo which picOriginal displays into the rest of the window;
-// also for pasted photos. form.app.current_file is set before (empty for a pasted one).
-void ShowOpenedPhoto(Form1& form);
+// also for pasted photos. form.app.current_file is set before (empty for a pasted one). kCancelled
+// when the user did not wait for the repair of dead pixels.
+Status ShowOpenedPhoto(Form1& form);
 
 }  // namespace tarnwell

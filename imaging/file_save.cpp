@@ -25,6 +25,7 @@
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/letter_case.h"
+#include "shell/long_work.h"
 #include "shell/module1.h"
 
 namespace tarnwell {
@@ -144,52 +145,58 @@ std::optional<int> SavedQuality(const Form1& form) {
   return form.modules.Value(kJpegQualitySlider);
 }
 
+// What is written, and how: all that the writing needs, so that it can look away from the form.
+struct PhotoToWrite {
+  Picture picture;
+  bool as_jpeg = false;
+  int quality = 0;       // of a JPEG file
+  std::string segments;  // likewise
+};
+
+Status NoMemoryToSave(Files& files, const std::string& path) {
+  return Status::Error(Failure::kTooLarge,
+                       files.Display(path) + ": there is not enough memory to save");
+}
+
 // Through a section of 24 bits and without segments: what the external library knows. The segments
 // come in afterwards.
-Status WriteJpegSection(Form1& form, const std::string& path, const JpegPicture& picture) {
+Status WriteJpegSection(Form1& form, const std::string& path, const PhotoToWrite& photo) {
   Files& files = form.platform.files;
   const std::string shown_path = files.Display(path);
   cDIBSection section;
-  section.CreateFromPicture(picture.pixels);
-  if (section.DIBSectionBitsPtr() == nullptr) {
-    return Status::Error(Failure::kTooLarge, shown_path + ": there is not enough memory to save");
-  }
-  const bool written = SaveJpegFile(section, path, picture.quality, form.platform.jpeg,
+  section.CreateFromPicture(photo.picture->view());
+  if (section.DIBSectionBitsPtr() == nullptr) return NoMemoryToSave(files, path);
+  const bool written = SaveJpegFile(section, path, photo.quality, form.platform.jpeg,
                                     form.platform.dialogs, form.app.title);
   if (!written) {
     return Status::Error(Failure::kOther, shown_path + ": the JPEG file could not be written");
   }
-  if (picture.segments.empty()) return Status::Ok();
+  if (photo.segments.empty()) return Status::Ok();
   const Result<std::string> plain = files.Read(path);
   if (!plain.ok()) return plain.status;
-  return files.Replace(path, WithSegments(*plain, picture.segments));
+  return files.Replace(path, WithSegments(*plain, photo.segments));
 }
 
-// `lost` is told what of the photo's metadata could not be kept.
-Status WriteJpeg(Form1& form, const std::string& path, std::vector<std::string>& lost) {
-  const std::optional<int> value = SavedQuality(form);
-  if (!value) {
-    return Status::Error(Failure::kOther, form.platform.files.Display(path) +
+// `lost` is told what of the photo's metadata cannot be kept.
+Result<PhotoToWrite> PrepareToWrite(Form1& form, bool as_jpeg, std::vector<std::string>& lost) {
+  const PictureSurface& source = form.buffer.surfaces.picSource;
+  PhotoToWrite photo;
+  photo.picture = as_jpeg ? source.picture : source.image;
+  photo.as_jpeg = as_jpeg;
+  if (!as_jpeg) return photo;
+  const std::optional<int> quality = SavedQuality(form);
+  if (!quality) {
+    return Status::Error(Failure::kOther, form.platform.files.Display(form.names.output_path) +
                                               ": the JPEG quality is no whole number");
   }
-  const int quality = std::clamp(*value, 0, 100);
-  const PictureSurface& source = form.buffer.surfaces.picSource;
-  const PixelView pixels = source.picture->view();
-  MetadataToSave kept;
-  if (form.metadata) {
-    kept = MetadataFor(
-        *form.metadata, pixels,
-        {.leave_place_out = form.modules.save_switches[kLeavePlaceOut], .turned = source.turned});
-  }
+  photo.quality = std::clamp(*quality, 0, 100);
+  if (!form.metadata) return photo;
+  MetadataToSave kept = MetadataFor(
+      *form.metadata, photo.picture->view(),
+      {.leave_place_out = form.modules.save_switches[kLeavePlaceOut], .turned = source.turned});
   lost = std::move(kept.notes);
-  const JpegPicture picture = {.pixels = pixels,
-                               .quality = quality,
-                               .half_chrominance = HalvesChrominance(quality),
-                               .threads = form.threads,
-                               .segments = kept.segments};
-  JpegLibrary& library = form.platform.jpeg;
-  return library.TakesPictures() ? library.WritePicture(path, picture)
-                                 : WriteJpegSection(form, path, picture);
+  photo.segments = std::move(kept.segments);
+  return photo;
 }
 
 // The user chose `path` and never heard of the temporary file beside it.
@@ -200,31 +207,55 @@ Status InNameOf(Status status, const std::string& path, const std::string& tempo
   return status;
 }
 
-// Writes the working image to the new file `path`.
-Status WriteImage(Form1& form, const std::string& path, bool as_jpeg,
-                  std::vector<std::string>& lost) try {
-  if (as_jpeg) return WriteJpeg(form, path, lost);
-  return form.platform.codec.SaveBitmap(path, form.buffer.surfaces.picSource.image->view());
+// Gives the written `temporary` its name `path`; when the writing failed or was cancelled it goes.
+Status Publish(Files& files, Status written, const std::string& temporary,
+               const std::string& path) {
+  if (written.ok()) return files.Publish(temporary, path);
+  // Most often there is no file; how the clean-up goes changes nothing for the user.
+  static_cast<void>(files.Delete(temporary));
+  return written;
+}
+
+Status WriteImage(const Platform& platform, const PhotoToWrite& photo, int threads,
+                  const std::string& path, const GoOn& go_on) try {
+  const PixelView pixels = photo.picture->view();
+  if (!photo.as_jpeg) return platform.codec.SaveBitmap(path, pixels, go_on);
+  return platform.jpeg.WritePicture(path, {pixels, photo.quality, HalvesChrominance(photo.quality),
+                                           threads, photo.segments, go_on});
 } catch (const std::bad_alloc&) {
-  return Status::Error(Failure::kTooLarge,
-                       form.platform.files.Display(path) + ": there is not enough memory to save");
+  return NoMemoryToSave(platform.files, path);
+}
+
+// Writes and publishes `photo` while events run.
+Status WriteBesideEvents(Form1& form, const PhotoToWrite& photo, const std::string& temporary,
+                         const std::string& path) {
+  const Platform& platform = form.platform;
+  const int threads = form.threads;
+  Status status;
+  DoBesideEvents(form, "Saving Photo...", [&](const GoOn& go_on) {
+    status = Publish(platform.files, WriteImage(platform, photo, threads, temporary, go_on),
+                     temporary, path);
+  });
+  return status;
 }
 
 // Writes the working image to the new file names.output_path, in the format that its extension
 // says. Whatever fails leaves no file; kExists when the name was taken meanwhile. `lost` is told
 // what of the photo's metadata could not be kept.
-Status WritePhoto(Form1& form, bool as_jpeg, std::vector<std::string>& lost) {
+Status WritePhoto(Form1& form, bool as_jpeg, std::vector<std::string>& lost) try {
   Files& files = form.platform.files;
-  const std::string& path = form.names.output_path;
+  const std::string path = form.names.output_path;
   const std::string temporary = files.TemporaryBeside(path);
-  Status status = WriteImage(form, temporary, as_jpeg, lost);
-  if (status.ok()) {
-    status = files.Publish(temporary, path);
-  } else {
-    // Most often there is no file; how the clean-up goes changes nothing for the user.
-    static_cast<void>(files.Delete(temporary));
-  }
+  const Result<PhotoToWrite> photo = PrepareToWrite(form, as_jpeg, lost);
+  if (!photo.ok()) return photo.status;
+  // The external library's calls may bring up message boxes, which belong to this thread.
+  const bool beside_events = !as_jpeg || form.platform.jpeg.TakesPictures();
+  Status status = beside_events
+                      ? WriteBesideEvents(form, *photo, temporary, path)
+                      : Publish(files, WriteJpegSection(form, temporary, *photo), temporary, path);
   return InNameOf(std::move(status), files.Display(path), files.Display(temporary));
+} catch (const std::bad_alloc&) {
+  return NoMemoryToSave(form.platform.files, form.names.output_path);
 }
 
 // A name can be taken between the look at it and the end of the writing; that counts as taken, too.

@@ -189,14 +189,16 @@ Block Halved(const std::array<float, 256>& plane) {
   return block;
 }
 
-void WriteScan(const BgrRows& rows, const Steps& luminance, const Steps& chrominance,
-               bool half_chrominance, std::string& file) {
+// False when `go_on` ended it.
+bool WriteScan(const BgrRows& rows, const Steps& luminance, const Steps& chrominance,
+               bool half_chrominance, const GoOn& go_on, std::string& file) {
   BitWriter out(file);
   ComponentWriter y(luminance, kHuffmanTables[0], kHuffmanTables[1]);
   ComponentWriter cb(chrominance, kHuffmanTables[2], kHuffmanTables[3]);
   ComponentWriter cr = cb;
   Unit unit{.side = half_chrominance ? 2 * kBlock : kBlock, .y = {}, .cb = {}, .cr = {}};
   for (int top = 0; top < rows.height; top += unit.side) {
+    if (!go_on(1.0 * top / rows.height)) return false;
     for (int left = 0; left < rows.width; left += unit.side) {
       ReadUnit(rows, left, top, unit);
       for (int j = 0; j < unit.side; j += kBlock) {
@@ -207,6 +209,7 @@ void WriteScan(const BgrRows& rows, const Steps& luminance, const Steps& chromin
     }
   }
   out.Finish();
+  return true;
 }
 
 void AddWord(std::string& file, int value) {
@@ -238,7 +241,7 @@ void AddHuffman(std::string& file, const HuffmanTable& table) {
 
 }  // namespace
 
-std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance) {
+std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance, const GoOn& go_on) {
   const Steps luminance = ScaledSteps(kLuminanceSteps, quality);
   const Steps chrominance = ScaledSteps(kChrominanceSteps, quality);
   // Start, then the header that names the colours: "JFIF", version 1.1, square pixels, no preview.
@@ -248,7 +251,7 @@ std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance) 
   AddFrame(file, rows, half_chrominance);
   for (const HuffmanTable& table : kHuffmanTables) AddHuffman(file, table);
   file.append("\xFF\xDA\0\x0C\3\1\0\2\x11\3\x11\0\x3F\0", 14);
-  WriteScan(rows, luminance, chrominance, half_chrominance, file);
+  if (!WriteScan(rows, luminance, chrominance, half_chrominance, go_on, file)) return {};
   return file + "\xFF\xD9";
 }
 

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/events.h"
+
 namespace tarnwell {
 
 // Rows of blue, green, red bytes, and perhaps a fourth that does not matter; `step` leads from a
@@ -18,7 +20,8 @@ struct BgrRows {
 
 // The content of a baseline JPEG file of the picture, YCbCr, at `quality` 0 to 100, the chrominance
 // at half the resolution both ways where `half_chrominance`. Every platform gives the same bytes.
-// Throws std::bad_alloc when memory does not suffice.
-std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance);
+// Empty when `go_on` ends it. Throws std::bad_alloc when memory does not suffice.
+std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance,
+                       const GoOn& go_on = ToTheEnd);
 
 }  // namespace tarnwell

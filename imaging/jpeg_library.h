@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "imaging/pixel_array.h"
+#include "platform/events.h"
 #include "platform/status.h"
 
 namespace tarnwell {
@@ -53,6 +54,7 @@ struct JpegPicture {
   bool half_chrominance = true;    // chrominance of half resolution in both directions, or of full
   int threads = 1;                 // that may be used; the file is the same for any number
   std::string_view segments = {};  // that come behind the header: AddSegment
+  GoOn go_on = ToTheEnd;           // asked every few megapixels at least
 };
 
 // The three calls of the JPEG library that the program makes. 0 means success, anything else is an
@@ -73,8 +75,8 @@ class JpegLibrary {
   // Whether WritePicture may be called: on the program's own encoders.
   virtual bool TakesPictures() const { return false; }
 
-  // Writes `picture` to the file `path` (UTF-8, in the program's spelling). On failure no new file
-  // is left.
+  // Writes `picture` to the new file `path` (UTF-8, in the program's spelling); kCancelled when
+  // picture.go_on ends it. On failure no file is left.
   virtual Status WritePicture(const std::string& path, const JpegPicture& picture);
 };
 

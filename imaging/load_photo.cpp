@@ -8,20 +8,25 @@
 #include "platform/picture_codec.h"
 #include "platform/platform.h"
 #include "platform/system.h"
+#include "shell/form1.h"
+#include "shell/frm_progress.h"
+#include "shell/long_work.h"
 
 namespace tarnwell {
 namespace {
 
-Result<LoadedPhoto> Load(Platform& platform, const frmModules& panel, const std::string& path) {
+Result<LoadedPhoto> Load(Platform& platform, const frmModules& panel, const std::string& path,
+                         const GoOn& go_on) {
   const std::string name = platform.files.Display(path);
   const Result<std::string> bytes = platform.files.Read(path);
   if (!bytes.ok()) return bytes.status;
   const std::uint64_t needed = MemoryToCorrect(*bytes, panel);
   if (Status fits = CheckMemory(needed, SystemMemoryBytes(), name); !fits.ok()) return fits;
-  Result<Picture> picture = platform.codec.Decode(*bytes, name);
+  Result<Picture> picture = platform.codec.Decode(*bytes, name, go_on);
   if (!picture.ok()) return picture.status;
   LoadedPhoto photo = {std::move(*picture), ReadPhotoMetadata(*bytes)};
-  if (photo.metadata) photo.picture = TurnUpright(photo.picture, photo.metadata->orientation);
+  if (photo.metadata)
+    photo.picture = TurnUpright(photo.picture, photo.metadata->orientation, go_on);
   if (!photo.picture) return Status::Error(Failure::kTooLarge, name + ": not enough memory");
   return photo;
 }
@@ -38,12 +43,17 @@ Status CheckMemory(std::uint64_t needed, std::uint64_t memory, const std::string
                                                Megabytes(to_give) + " for it");
 }
 
-Result<LoadedPhoto> LoadPhotoFile(Platform& platform, const frmModules& panel,
-                                  const std::string& path) {
+Result<LoadedPhoto> LoadPhotoFile(Form1& form, const std::string& path) {
+  const std::string name = form.platform.files.Display(path);
   try {
-    return Load(platform, panel, path);
+    Result<LoadedPhoto> photo = Status::Cancelled(name);
+    const bool finished = DoBesideEvents(form, kCollectingText, [&](const GoOn& go_on) {
+      photo = Load(form.platform, form.modules, path, go_on);
+    });
+    if (!finished) return Status::Cancelled(name);
+    return photo;
   } catch (const std::bad_alloc&) {
-    return Status::Error(Failure::kTooLarge, platform.files.Display(path) + ": not enough memory");
+    return Status::Error(Failure::kTooLarge, name + ": not enough memory");
   }
 }
 

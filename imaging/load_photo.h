@@ -8,20 +8,18 @@
 
 namespace tarnwell {
 
-struct Platform;
-struct frmModules;
+struct Form1;
 
 struct LoadedPhoto {
   Picture picture;  // upright
   SharedMetadata metadata;
 };
 
-// Reads a BMP, GIF or JPEG photo with its metadata, and turns it upright as that says. Fails like
-// PictureCodec::Decode and Files::Read, and with kTooLarge, before memory is taken for pixels, when
-// the machine has not enough of it for correcting a photo of that size with the settings of
-// `panel`.
-Result<LoadedPhoto> LoadPhotoFile(Platform& platform, const frmModules& panel,
-                                  const std::string& path);
+// Reads a BMP, GIF or JPEG photo with its metadata, and turns it upright as that says. Events run
+// meanwhile; the form's data stays as it is. Fails like PictureCodec::Decode and Files::Read, with
+// kCancelled, and with kTooLarge, before memory is taken for pixels, when the machine has not
+// enough of it for correcting and saving a photo of that size with the settings of the panel.
+Result<LoadedPhoto> LoadPhotoFile(Form1& form, const std::string& path);
 
 // Whether `memory` bytes (0: unknown, then they do) hold `needed` bytes, with room for the rest of
 // the system. `name` is the photo's in the message of the failure.

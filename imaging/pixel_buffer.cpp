@@ -80,8 +80,8 @@ PixelView WorkingPixels(const PixelBuffer& buffer) {
   return buffer.read ? buffer.read->view() : PixelView();
 }
 
-bool CopyWorkingPixels(PixelBuffer& buffer) {
-  if (!buffer.working && buffer.read) buffer.working = TryCopyPixels(buffer.read->view());
+bool MakeNewWorkingPixels(PixelBuffer& buffer) {
+  buffer.working = TryMakePixels(buffer.width, buffer.height);
   return buffer.working != nullptr;
 }
 

@@ -95,9 +95,9 @@ bool ReadSourcePixels(PixelBuffer& buffer, PixelSource source);
 // The working pixels as they stand; empty before the first read.
 PixelView WorkingPixels(const PixelBuffer& buffer);
 
-// Makes `working`, for changes in place, as a copy of the pixels that were read; does nothing when
-// it is there already. False when memory does not suffice.
-bool CopyWorkingPixels(PixelBuffer& buffer);
+// Makes `working` new memory beside `read`, for a pass that fills and then changes it. False when
+// memory does not suffice.
+bool MakeNewWorkingPixels(PixelBuffer& buffer);
 
 // Makes `working`, for a pass that writes every pixel of it and takes them from `read`: the memory
 // of `read` itself where nobody else holds that picture, otherwise new memory. False when it does

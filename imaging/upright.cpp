@@ -47,7 +47,7 @@ void CopySquare(const Source& source, MutablePixelView upright, int left, int to
 
 bool ExchangesSides(int orientation) { return orientation >= 5 && orientation <= 8; }
 
-Picture TurnUpright(const Picture& picture, int orientation) {
+Picture TurnUpright(const Picture& picture, int orientation, const GoOn& go_on) {
   if (orientation <= 1 || orientation > 8) return picture;
   const PixelView stored = picture->view();
   const bool exchanged = ExchangesSides(orientation);
@@ -56,6 +56,7 @@ Picture TurnUpright(const Picture& picture, int orientation) {
   if (!upright) return nullptr;
   const Source source = SourceFor(stored, orientation);
   for (int top = 0; top < upright->height(); top += kSquare) {
+    if (!go_on(1.0 * top / upright->height())) return nullptr;
     for (int left = 0; left < upright->width(); left += kSquare) {
       CopySquare(source, upright->mutable_view(), left, top);
     }

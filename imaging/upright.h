@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/pixel_array.h"
+#include "platform/events.h"
 
 namespace tarnwell {
 
@@ -11,8 +12,8 @@ namespace tarnwell {
 //   3 half a turn         7 mirrored along the other diagonal
 //   4 top and bottom      8 a quarter turn anticlockwise
 //
-// Gives `picture` itself for 1, and null when memory does not suffice.
-Picture TurnUpright(const Picture& picture, int orientation);
+// Gives `picture` itself for 1, and null when memory does not suffice or `go_on` says so.
+Picture TurnUpright(const Picture& picture, int orientation, const GoOn& go_on = ToTheEnd);
 
 // Whether this orientation exchanges width and height.
 bool ExchangesSides(int orientation);

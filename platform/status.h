@@ -33,6 +33,10 @@ struct [[nodiscard]] Status {
   static Status Error(Failure failure, std::string message) {
     return {failure, std::move(message)};
   }
+  // The user stopped the work on the file of this name.
+  static Status Cancelled(const std::string& name) {
+    return Error(Failure::kCancelled, name + ": was cancelled");
+  }
 };
 
 // A value, or the failure that kept it from being made. `value` is set exactly when `status.ok()`.

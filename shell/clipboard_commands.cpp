@@ -44,7 +44,7 @@ void PasteSource(Form1& form) {
   form.app.opened_path.clear();
   form.app.current_file.clear();
   TakeAsOriginal(form, {pasted, nullptr});
-  ShowOpenedPhoto(form);
+  TellFailure(form, ShowOpenedPhoto(form));
   if (form.app.auto_preview) TellFailure(form, AdjustPhoto(form, /*preview=*/true));
 }
 

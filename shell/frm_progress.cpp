@@ -9,7 +9,7 @@ namespace {
 const char* TextOf(int stage) {
   switch (stage) {
     case kCollecting:
-      return "Collecting Information...";
+      return kCollectingText;
     case kAnalyzing:
       return "Analyzing...";
     case kAdjusting:
@@ -31,6 +31,17 @@ void ShowStage(frmProgress& progress, int stage) {
   if (const char* text = TextOf(shown)) progress.lblJob = text;
   progress.previous_stage = shown;
   if (progress.view) progress.view->ShowText(progress.lblJob);
+}
+
+void ShowJob(frmProgress& progress, const std::string& job) {
+  progress.lblJob = job;
+  if (progress.view) progress.view->ShowText(progress.lblJob);
+}
+
+void ShowTimeLeft(frmProgress& progress, const std::string& time_left) {
+  if (progress.time_left == time_left) return;
+  progress.time_left = time_left;
+  if (progress.view) progress.view->ShowTimeLeft(time_left);
 }
 
 void ShowPercentage(frmProgress& progress, float percentage) {

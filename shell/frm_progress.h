@@ -15,6 +15,7 @@ class ProgressView {
   virtual void HideWindow() = 0;
   virtual void DrawBar(float percentage) = 0;
   virtual void ShowText(const std::string& lblJob) = 0;
+  virtual void ShowTimeLeft(const std::string&) {}
 };
 
 enum Stage : int {
@@ -33,14 +34,23 @@ struct frmProgress {
   std::string caption;
   std::string lblJob;
   std::string lblFolder;         // which photo of how many; empty when there is only one
+  std::string time_left;         // of a job that takes long, in words; empty otherwise
   int windows = 0;               // how many scopes keep the window up
   bool cancel_pressed = false;   // picCancel is drawn pressed
   int timer_interval = 20;       // Timer1, milliseconds
   ProgressView* view = nullptr;  // not owned; null when nobody looks
 };
 
+inline constexpr char kCollectingText[] = "Collecting Information...";
+
 // Sets lblJob from the stage; a number without a text leaves it. The previous stage follows.
 void ShowStage(frmProgress& progress, int stage);
+
+// Sets lblJob to a text of a job that is no stage. The stage stays.
+void ShowJob(frmProgress& progress, const std::string& job);
+
+// Shows how long the job will still take, empty for not.
+void ShowTimeLeft(frmProgress& progress, const std::string& time_left);
 
 // Redraws the bar at `percentage`.
 void ShowPercentage(frmProgress& progress, float percentage);

@@ -14,4 +14,9 @@ std::string ShownDuration(std::int64_t seconds);
 std::string ShownPosition(std::size_t number, std::size_t total, std::size_t done,
                           std::int64_t elapsed_nanos);
 
+// How long a job will still take of which `share_done` (0 to 1) took `elapsed_nanos`, in calm
+// words: "about 20 seconds left", "about 4 minutes left", "about 1 hour 20 minutes left". Empty for
+// ten seconds and less, and in the first seconds of a job, which tell little.
+std::string AboutTimeLeft(double share_done, std::int64_t elapsed_nanos);
+
 }  // namespace tarnwell

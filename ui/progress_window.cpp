@@ -80,9 +80,17 @@ void ProgressBox::DrawBar(float) {
 void ProgressBox::ShowText(const std::string& lblJob) {
   SetText(Wide(progress_.caption));
   lblJob_.SetText(Wide(lblJob));
-  lblFolder_.SetText(Wide(progress_.lblFolder));
-  lblFolder_.Show(!progress_.lblFolder.empty());
   UpdateWindow(lblJob_.handle());
+  ShowNote();
+}
+
+void ProgressBox::ShowTimeLeft(const std::string&) { ShowNote(); }
+
+// Where a directory is worked through, its line tells the time that is left for all of it.
+void ProgressBox::ShowNote() {
+  const std::string& note = progress_.lblFolder.empty() ? progress_.time_left : progress_.lblFolder;
+  lblFolder_.SetText(Wide(note));
+  lblFolder_.Show(!note.empty());
   UpdateWindow(lblFolder_.handle());
 }
 

@@ -18,6 +18,7 @@ class ProgressBox : public FrameWindow, public ProgressView {
   void HideWindow() override;
   void DrawBar(float percentage) override;
   void ShowText(const std::string& lblJob) override;
+  void ShowTimeLeft(const std::string& time_left) override;
 
  protected:
   void LayOut(const Box& client) override;
@@ -27,6 +28,7 @@ class ProgressBox : public FrameWindow, public ProgressView {
 
  private:
   Box BarBox() const;
+  void ShowNote();
   void Cancel();
   void Animate();
 

@@ -83,12 +83,15 @@ void DrawRow(const GifImageDesc& frame, const ColorMapObject& colours, int trans
   }
 }
 
+// False when the data ends or `go_on` ends it.
 bool DrawFrame(GifFileType* gif, const ColorMapObject& colours, int transparent,
-               MutablePixelView screen) {
+               MutablePixelView screen, const GoOn& go_on) {
   const GifImageDesc& frame = gif->Image;
   std::vector<GifPixelType> row(static_cast<std::size_t>(frame.Width));
+  int rows_done = 0;
   const auto draw_run = [&](Run run) {
-    for (int y = run.first; y < frame.Height; y += run.step) {
+    for (int y = run.first; y < frame.Height; y += run.step, ++rows_done) {
+      if (!go_on(1.0 * rows_done / frame.Height)) return false;
       if (DGifGetLine(gif, row.data(), frame.Width) == GIF_ERROR) return false;
       DrawRow(frame, colours, transparent, y, row, screen);
     }
@@ -107,7 +110,7 @@ void FillWhite(MutablePixelView picture) {
 
 }  // namespace
 
-Result<Picture> DecodeGif(std::string_view bytes, const std::string& name) {
+Result<Picture> DecodeGif(std::string_view bytes, const std::string& name, const GoOn& go_on) {
   const Result<GifFirstFrame> place = FindGifFirstFrame(bytes, name);
   if (!place.ok()) return place.status;
   if (!MemoryHoldsPicture(place->screen_width, place->screen_height)) {
@@ -126,9 +129,9 @@ Result<Picture> DecodeGif(std::string_view bytes, const std::string& name) {
   const auto pixels = TryMakePixels(place->screen_width, place->screen_height);
   if (!pixels) return Status::Error(Failure::kTooLarge, name + ": not enough memory");
   FillWhite(pixels->mutable_view());
-  if (!DrawFrame(gif.get(), *colours, transparent, pixels->mutable_view())) {
-    return Damaged(name, *gif);
-  }
+  const bool drawn = DrawFrame(gif.get(), *colours, transparent, pixels->mutable_view(), go_on);
+  if (!go_on(1)) return Status::Cancelled(name);
+  if (!drawn) return Damaged(name, *gif);
   return Picture(pixels);
 }
 

@@ -20,6 +20,8 @@ Status ProblemStatus(const JpegErrors& errors, const std::string& name) {
     case JpegProblem::kUnsupported:
       return Status::Error(Failure::kUnsupported,
                            name + ": a kind of JPEG that cannot be read (" + errors.text + ")");
+    case JpegProblem::kCancelled:
+      return Status::Cancelled(name);
     case JpegProblem::kTooLarge:
       return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
     default:
@@ -60,13 +62,13 @@ void InksToLight(MutablePixelView picture, bool inverted) {
 
 }  // namespace
 
-Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name,
+Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name, const GoOn& go_on,
                            double most_scanned_pixels) {
   const Result<PictureSize> checked = CheckJpeg(bytes, name);
   if (checked.status.failure == Failure::kTooLarge) return checked.status;
   const std::unique_ptr<JpegDecoder, Closer> decoder(new JpegDecoder{});
   if (!ReadJpegHeader(decoder.get(), reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                      bytes.size(), most_scanned_pixels)) {
+                      bytes.size(), {most_scanned_pixels, &go_on})) {
     return ProblemStatus(decoder->errors, name);
   }
   const jpeg_decompress_struct& info = decoder->info;

@@ -13,6 +13,7 @@
 #include <jpeglib.h>
 
 #include "imaging/jpeg_huffman.h"
+#include "platform/events.h"
 
 namespace tarnwell {
 
@@ -21,6 +22,7 @@ enum class JpegProblem {
   kDamaged,      // data is missing or contradicts itself
   kUnsupported,  // a kind of JPEG that the library does not decode
   kTooLarge,     // more memory or more work than a photo may need
+  kCancelled,
 };
 
 struct JpegErrors {
@@ -31,18 +33,24 @@ struct JpegErrors {
   char text[JMSG_LENGTH_MAX];  // libjpeg's own words
 };
 
+// What ends the decoding before its time.
+struct JpegBounds {
+  double most_scanned_pixels = 0;  // the scans of a picture times its pixels
+  const GoOn* go_on = nullptr;
+};
+
 struct JpegDecoder {
   jpeg_decompress_struct info;
   JpegErrors errors;
   jpeg_progress_mgr progress;
-  double most_scanned_pixels;
+  JpegBounds bounds;
 };
 
-// Reads up to the first scan. `bytes` must outlive the decoder. `most_scanned_pixels` bounds the
-// work: the scans of a picture times its pixels. CloseJpeg is due afterwards in any case. False on
-// failure, as in the functions that follow; errors.problem then tells why.
+// Reads up to the first scan. `bytes` and what `bounds` points at must outlive the decoder.
+// CloseJpeg is due afterwards in any case. False on failure, as in the functions that follow;
+// errors.problem then tells why.
 bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size,
-                    double most_scanned_pixels);
+                    const JpegBounds& bounds);
 
 // Decodes into rows of 4 bytes per pixel: blue, green, red and 0, or cyan,
 // magenta, yellow and black for a picture of four inks. Reads on to the end marker.

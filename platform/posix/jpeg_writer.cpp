@@ -57,7 +57,8 @@ std::optional<Tables> FitTables(const JpegRows& rows, int unit_side, JpegCoding 
 }  // namespace
 
 std::optional<std::string> EncodeJpegPicture(const JpegRows& rows, int quality,
-                                             bool half_chrominance, int threads) try {
+                                             bool half_chrominance, int threads,
+                                             const GoOn& go_on) try {
   const int unit_side = half_chrominance ? 16 : 8;
   const JpegStripes stripes = JpegStripesOf(rows.width, rows.height, unit_side);
   JpegCoding coding = {quality, half_chrominance, stripes.restart_interval};
@@ -76,8 +77,10 @@ std::optional<std::string> EncodeJpegPicture(const JpegRows& rows, int quality,
     }
     if (files[number].empty()) failed = true;
   };
-  ForEachPart(stripes.count, 1, threads, encode, [&](int) { return !failed; });
-  if (failed) return std::nullopt;
+  const bool all = ForEachPart(stripes.count, 1, threads, encode, [&](int done) {
+    return !failed && go_on(1.0 * done / stripes.count);
+  });
+  if (!all || failed) return std::nullopt;
   if (stripes.count == 1) return std::move(files.front());
   return JoinJpegStripes(files, rows.height);
 } catch (const std::bad_alloc&) {

@@ -45,10 +45,16 @@ Status WriteAll(const PosixFile& file, std::string_view bytes, const std::string
   return Status::Ok();
 }
 
-Status WriteNewFile(const std::string& path, std::string_view bytes) {
+Status WriteNewFile(const std::string& path, std::string_view bytes, const GoOn& go_on) {
+  constexpr std::size_t kPieceBytes = std::size_t{1} << 22;
   Result<PosixFile> file = OpenFile(path, O_WRONLY | O_CREAT | O_EXCL, Subject::kNewFile);
   if (!file.ok()) return file.status;
-  Status written = WriteAll(*file, bytes, path);
+  Status written;
+  while (written.ok() && !bytes.empty()) {
+    const std::string_view piece = bytes.substr(0, kPieceBytes);
+    written = go_on(1) ? WriteAll(*file, piece, path) : Status::Cancelled(DisplayPath(path));
+    bytes.remove_prefix(piece.size());
+  }
   // Some disks tell only here that they had no room.
   if (close(file->Release()) != 0 && written.ok()) {
     written = SystemError(errno, path, Subject::kNewFile);

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/events.h"
 #include "platform/posix/posix_error.h"
 #include "platform/status.h"
 
@@ -43,8 +44,8 @@ inline Result<PosixFile> OpenFile(const std::string& path, int flags, Subject su
 Status WriteAll(const PosixFile& file, std::string_view bytes, const std::string& shown);
 
 // Makes the new file `path` hold `bytes`; kExists when the name is taken. On failure no file is
-// left. Not flushed.
-Status WriteNewFile(const std::string& path, std::string_view bytes);
+// left. Not flushed. Ends with kCancelled when `go_on` says so.
+Status WriteNewFile(const std::string& path, std::string_view bytes, const GoOn& go_on = ToTheEnd);
 
 // Waits until the file's content is on the disk. A failure names `shown`.
 Status Flush(const PosixFile& file, const std::string& shown);

@@ -98,11 +98,13 @@ Status PosixJpegLibrary::WritePicture(const std::string& path, const JpegPicture
   const PixelView& pixels = picture.pixels;
   const JpegRows rows = {pixels.data, static_cast<std::ptrdiff_t>(pixels.stride()), pixels.width,
                          pixels.height, kBytesPerPixel};
-  const auto bytes =
-      EncodeJpegPicture(rows, picture.quality, picture.half_chrominance, picture.threads);
+  const auto bytes = EncodeJpegPicture(rows, picture.quality, picture.half_chrominance,
+                                       picture.threads, picture.go_on);
+  if (!picture.go_on(1)) return Status::Cancelled(DisplayPath(path));
   if (!bytes) throw std::bad_alloc();
   return WriteNewFile(path,
-                      picture.segments.empty() ? *bytes : WithSegments(*bytes, picture.segments));
+                      picture.segments.empty() ? *bytes : WithSegments(*bytes, picture.segments),
+                      picture.go_on);
 } catch (const std::bad_alloc&) {
   return PathError(Failure::kTooLarge, path, "there is not enough memory to save");
 }

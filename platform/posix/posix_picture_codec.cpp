@@ -12,26 +12,29 @@
 
 namespace tarnwell {
 
-Result<Picture> PosixPictureCodec::Decode(std::string_view bytes, const std::string& name) {
-  if (IsJpeg(bytes)) return DecodeJpeg(bytes, name);
-  if (IsGif(bytes)) return DecodeGif(bytes, name);
-  if (IsBmp(bytes)) return DecodeBmp(bytes, name);
+Result<Picture> PosixPictureCodec::Decode(std::string_view bytes, const std::string& name,
+                                          const GoOn& go_on) {
+  if (IsJpeg(bytes)) return DecodeJpeg(bytes, name, go_on);
+  if (IsGif(bytes)) return DecodeGif(bytes, name, go_on);
+  if (IsBmp(bytes)) return DecodeBmp(bytes, name, go_on);
   return Status::Error(Failure::kUnsupported, name + ": not a BMP, GIF or JPEG picture");
 }
 
-Result<Picture> PosixPictureCodec::Load(const std::string& path) {
+Result<Picture> PosixPictureCodec::Load(const std::string& path, const GoOn& go_on) {
   // No longer than the largest bitmap.
   constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 33;
   const Result<std::string> bytes = PosixFiles().Read(path, kMostBytes);
   if (!bytes.ok()) return bytes.status;
-  return Decode(*bytes, DisplayPath(path));
+  return Decode(*bytes, DisplayPath(path), go_on);
 }
 
-Status PosixPictureCodec::SaveBitmap(const std::string& path, const PixelView& picture) {
+Status PosixPictureCodec::SaveBitmap(const std::string& path, const PixelView& picture,
+                                     const GoOn& go_on) {
   if (picture.empty()) return PathError(Failure::kUnsupported, path, "there is no picture to save");
-  const std::string bytes = EncodeBmp24(picture);
+  const std::string bytes = EncodeBmp24(picture, go_on);
+  if (!go_on(1)) return Status::Cancelled(DisplayPath(path));
   if (bytes.empty()) return PathError(Failure::kTooLarge, path, "not enough memory");
-  return WriteNewFile(path, bytes);
+  return WriteNewFile(path, bytes, go_on);
 }
 
 }  // namespace tarnwell

@@ -38,10 +38,16 @@ void FileHandle::Close() {
   handle_ = INVALID_HANDLE_VALUE;
 }
 
-DWORD WriteNewFile(const std::wstring& path, std::string_view bytes) {
+DWORD WriteNewFile(const std::wstring& path, std::string_view bytes, const GoOn& go_on) {
+  constexpr std::size_t kPieceBytes = std::size_t{1} << 22;
   FileHandle file = FileHandle::Open(path, GENERIC_WRITE, 0, CREATE_NEW);
   if (!file.is_open()) return file.error();
-  DWORD error = file.Write(bytes);
+  DWORD error = ERROR_SUCCESS;
+  while (error == ERROR_SUCCESS && !bytes.empty()) {
+    const std::string_view piece = bytes.substr(0, kPieceBytes);
+    error = go_on(1) ? file.Write(piece) : ERROR_CANCELLED;
+    bytes.remove_prefix(piece.size());
+  }
   if (error == ERROR_SUCCESS) error = file.Flush();
   file.Close();
   if (error != ERROR_SUCCESS) DeleteFileW(path.c_str());

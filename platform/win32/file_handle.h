@@ -5,6 +5,8 @@
 #include <string_view>
 #include <windows.h>
 
+#include "platform/events.h"
+
 namespace tarnwell {
 
 // An open file, closed at the end. The calls return the error code of the system, ERROR_SUCCESS
@@ -51,7 +53,7 @@ DWORD RetryWhileInUse(Call call) {
 }
 
 // Makes the file `path`, which must not exist, hold `bytes`, flushed. Returns the error code of the
-// system; no file is left then.
-DWORD WriteNewFile(const std::wstring& path, std::string_view bytes);
+// system, ERROR_CANCELLED when `go_on` ended it; no file is left then.
+DWORD WriteNewFile(const std::wstring& path, std::string_view bytes, const GoOn& go_on = ToTheEnd);
 
 }  // namespace tarnwell

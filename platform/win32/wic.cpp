@@ -9,6 +9,8 @@ HRESULT MakeImagingFactory(ComPtr<IWICImagingFactory>& factory) {
 
 Status StatusOfImagingError(const std::string& path, HRESULT error) {
   switch (error) {
+    case E_ABORT:
+      return Status::Cancelled(path);
     case E_OUTOFMEMORY:
       return Status::Error(Failure::kTooLarge, path + ": not enough memory");
     case WINCODEC_ERR_COMPONENTNOTFOUND:

@@ -41,13 +41,14 @@ HRESULT OpenFirstFrame(IWICImagingFactory& factory, REFGUID format, std::string_
 }
 
 // Calls take(y, row) for each row of `source`, which has `width` x `height` pixels of
-// `bytes_per_pixel`.
+// `bytes_per_pixel`. E_ABORT when `go_on` ends it.
 template <typename Take>
 HRESULT ForEachRow(IWICBitmapSource& source, int width, int height, int bytes_per_pixel,
-                   Take take) {
+                   const GoOn& go_on, Take take) {
   const std::size_t stride = static_cast<std::size_t>(width) * bytes_per_pixel;
   std::vector<BYTE> band(stride * std::min(height, kBandRows));
   for (int top = 0; top < height; top += kBandRows) {
+    if (!go_on(1.0 * top / height)) return E_ABORT;
     const int rows = std::min(kBandRows, height - top);
     const WICRect area = {0, top, width, rows};
     const HRESULT result = source.CopyPixels(&area, static_cast<UINT>(stride),
@@ -63,8 +64,8 @@ std::uint8_t Multiply(int light, int black) {
 }
 
 // By hand: what the converters make of CMYK depends on the system's colour profiles.
-HRESULT CopyCmyk(IWICBitmapSource& source, MutablePixelView pixels) {
-  return ForEachRow(source, pixels.width, pixels.height, 4, [&](int y, const BYTE* row) {
+HRESULT CopyCmyk(IWICBitmapSource& source, MutablePixelView pixels, const GoOn& go_on) {
+  return ForEachRow(source, pixels.width, pixels.height, 4, go_on, [&](int y, const BYTE* row) {
     for (int x = 0; x < pixels.width; ++x, row += 4) {
       std::uint8_t* pixel = pixels.at(x, y);
       const int light = 255 - row[3];
@@ -76,22 +77,23 @@ HRESULT CopyCmyk(IWICBitmapSource& source, MutablePixelView pixels) {
 }
 
 HRESULT CopyConverted(IWICImagingFactory& factory, IWICBitmapSource& source,
-                      MutablePixelView pixels) {
+                      MutablePixelView pixels, const GoOn& go_on) {
   ComPtr<IWICFormatConverter> converter;
   HRESULT result = factory.CreateFormatConverter(&converter);
   if (FAILED(result)) return result;
   result = converter->Initialize(&source, GUID_WICPixelFormat32bppBGR, WICBitmapDitherTypeNone,
                                  nullptr, 0, WICBitmapPaletteTypeCustom);
   if (FAILED(result)) return result;
-  return ForEachRow(
-      *converter.Get(), pixels.width, pixels.height, kBytesPerPixel, [&](int y, const BYTE* row) {
-        std::uint8_t* pixel = pixels.at(0, y);
-        for (int x = 0; x < pixels.width; ++x, row += kBytesPerPixel, pixel += kBytesPerPixel) {
-          pixel[kBlue] = row[kBlue];
-          pixel[kGreen] = row[kGreen];
-          pixel[kRed] = row[kRed];
-        }
-      });
+  return ForEachRow(*converter.Get(), pixels.width, pixels.height, kBytesPerPixel, go_on,
+                    [&](int y, const BYTE* row) {
+                      std::uint8_t* pixel = pixels.at(0, y);
+                      for (int x = 0; x < pixels.width;
+                           ++x, row += kBytesPerPixel, pixel += kBytesPerPixel) {
+                        pixel[kBlue] = row[kBlue];
+                        pixel[kGreen] = row[kGreen];
+                        pixel[kRed] = row[kRed];
+                      }
+                    });
 }
 
 // The colours of `frame` by index; transparent behind the end of its palette.
@@ -108,7 +110,7 @@ HRESULT ReadPalette(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
 
 // Places the frame on the screen; a pixel that is transparent leaves what is there.
 HRESULT PlaceGifFrame(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
-                      const GifFirstFrame& place, MutablePixelView screen) {
+                      const GifFirstFrame& place, MutablePixelView screen, const GoOn& go_on) {
   WICPixelFormatGUID format;
   HRESULT result = frame.GetPixelFormat(&format);
   if (FAILED(result)) return result;
@@ -116,7 +118,7 @@ HRESULT PlaceGifFrame(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
   std::array<WICColor, 256> colours;
   result = ReadPalette(factory, frame, colours);
   if (FAILED(result)) return result;
-  return ForEachRow(frame, place.width, place.height, 1, [&](int y, const BYTE* row) {
+  return ForEachRow(frame, place.width, place.height, 1, go_on, [&](int y, const BYTE* row) {
     for (int x = 0; x < place.width; ++x) {
       const WICColor colour = colours[row[x]];
       if (colour >> 24 == 0 || !screen.Contains(place.left + x, place.top + y)) continue;
@@ -146,7 +148,8 @@ HRESULT SizeOf(IWICBitmapSource& source, int& width, int& height) {
 
 }  // namespace
 
-Result<Picture> DecodeJpegWithWic(std::string_view bytes, const std::string& path) {
+Result<Picture> DecodeJpegWithWic(std::string_view bytes, const std::string& path,
+                                  const GoOn& go_on) {
   if (bytes.size() > std::numeric_limits<DWORD>::max()) return TooLarge(path);
   const Result<PictureSize> size = CheckJpeg(bytes, path);
   if (!size.ok()) return size.status;
@@ -166,13 +169,14 @@ Result<Picture> DecodeJpegWithWic(std::string_view bytes, const std::string& pat
   const std::shared_ptr<PixelArray> pixels = TryMakePixels(width, height);
   if (!pixels) return TooLarge(path);
   result = format == GUID_WICPixelFormat32bppCMYK
-               ? CopyCmyk(*frame.Get(), pixels->mutable_view())
-               : CopyConverted(*factory.Get(), *frame.Get(), pixels->mutable_view());
+               ? CopyCmyk(*frame.Get(), pixels->mutable_view(), go_on)
+               : CopyConverted(*factory.Get(), *frame.Get(), pixels->mutable_view(), go_on);
   if (FAILED(result)) return StatusOfImagingError(path, result);
   return Picture(pixels);
 }
 
-Result<Picture> DecodeGifWithWic(std::string_view bytes, const std::string& path) {
+Result<Picture> DecodeGifWithWic(std::string_view bytes, const std::string& path,
+                                 const GoOn& go_on) {
   const Result<GifFirstFrame> place = FindGifFirstFrame(bytes, path);
   if (!place.ok()) return place.status;
   if (!MemoryHoldsPicture(place->screen_width, place->screen_height)) return TooLarge(path);
@@ -197,7 +201,7 @@ Result<Picture> DecodeGifWithWic(std::string_view bytes, const std::string& path
       TryMakePixels(place->screen_width, place->screen_height);
   if (!pixels) return TooLarge(path);
   FillWhite(pixels->mutable_view());
-  result = PlaceGifFrame(*factory.Get(), *frame.Get(), *place, pixels->mutable_view());
+  result = PlaceGifFrame(*factory.Get(), *frame.Get(), *place, pixels->mutable_view(), go_on);
   if (FAILED(result)) return StatusOfImagingError(path, result);
   return Picture(pixels);
 }

@@ -54,6 +54,7 @@ std::string SystemText(DWORD code) {
 }  // namespace
 
 Status StatusOfError(const std::string& path, std::uint32_t code, Subject subject) {
+  if (code == ERROR_CANCELLED) return Status::Cancelled(path);
   for (const Reason& reason : kReasons) {
     if (reason.code == code) return FileStatus(reason.reason, path, subject);
   }

@@ -170,6 +170,13 @@ Status Win32Files::CreateFolder(const std::string& folder) {
   return StatusOfError(folder, GetLastError(), Subject::kNewFolder);
 }
 
+Status WriteNewFile(const std::string& path, std::string_view bytes, const GoOn& go_on) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return StatusOfError(path, ERROR_INVALID_NAME, Subject::kNewFile);
+  const DWORD error = WriteNewFile(*wide, bytes, go_on);
+  return error == ERROR_SUCCESS ? Status::Ok() : FileError(path, error, Subject::kNewFile);
+}
+
 Status Win32Files::Replace(const std::string& path, std::string_view bytes) {
   const std::string temporary = TemporaryBeside(path);
   const std::optional<std::wstring> target = WidePath(path);

@@ -4,9 +4,14 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/events.h"
 #include "platform/files.h"
 
 namespace tarnwell {
+
+// Makes the new file `path` hold `bytes`, flushed; kExists when the name is taken, kCancelled when
+// `go_on` ends it. On failure no file is left.
+Status WriteNewFile(const std::string& path, std::string_view bytes, const GoOn& go_on);
 
 class Win32Files : public Files {
  public:

@@ -76,12 +76,10 @@ Status Win32JpegLibrary::WritePicture(const std::string& path, const JpegPicture
   const PixelView& pixels = picture.pixels;
   const BgrRows rows = {pixels.data, static_cast<std::ptrdiff_t>(pixels.stride()), pixels.width,
                         pixels.height, kBytesPerPixel};
-  std::string bytes = EncodeJpeg(rows, picture.quality, picture.half_chrominance);
+  std::string bytes = EncodeJpeg(rows, picture.quality, picture.half_chrominance, picture.go_on);
+  if (!picture.go_on(1)) return Status::Cancelled(path);
   if (!picture.segments.empty()) bytes = WithSegments(bytes, picture.segments);
-  const std::optional<std::wstring> wide = WidePath(path);
-  if (!wide) return StatusOfError(path, ERROR_INVALID_NAME, Subject::kNewFile);
-  const DWORD error = WriteNewFile(*wide, bytes);
-  return error == ERROR_SUCCESS ? Status::Ok() : StatusOfError(path, error, Subject::kNewFile);
+  return WriteNewFile(path, bytes, picture.go_on);
 } catch (const std::bad_alloc&) {
   return Status::Error(Failure::kTooLarge, path + ": there is not enough memory to save");
 }

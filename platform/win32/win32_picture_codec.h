@@ -10,9 +10,10 @@ namespace tarnwell {
 // components. May be called from any thread.
 class Win32PictureCodec : public PictureCodec {
  public:
-  Result<Picture> Decode(std::string_view bytes, const std::string& name) override;
-  Result<Picture> Load(const std::string& path) override;
-  Status SaveBitmap(const std::string& path, const PixelView& picture) override;
+  Result<Picture> Decode(std::string_view bytes, const std::string& name,
+                         const GoOn& go_on) override;
+  Result<Picture> Load(const std::string& path, const GoOn& go_on) override;
+  Status SaveBitmap(const std::string& path, const PixelView& picture, const GoOn& go_on) override;
 };
 
 }  // namespace tarnwell

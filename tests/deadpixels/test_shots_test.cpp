@@ -115,7 +115,7 @@ TEST(AssessTestShotsTest, ItsMapRepairsPhotos) {
 
   const Picture photo = window.camera.Shot(true);
   window.Show(photo);
-  RepairOpenedPhoto(window.form);
+  EXPECT_TRUE(RepairOpenedPhoto(window.form).ok());
   EXPECT_EQ(window.tips, Names{});
   const PixelView repaired = window.surfaces().picOriginal.image->view();
   for (int y = 0; y < 128; ++y) {

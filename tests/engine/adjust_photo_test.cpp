@@ -47,46 +47,55 @@ TEST(AdjustPhotoTest, ARunWithoutMemoryLeavesNothingBehind) {
   EXPECT_TRUE(AdjustPhoto(window.form, false).ok());
 }
 
+// Cancel is pressed at every time in turn at which events are let in.
 TEST(AdjustPhotoTest, CancelledRunLeavesNothingBehind) {
   constexpr int kWidth = 40;
-  for (const bool preview : {false, true}) {
-    for (const int threads : {1, 3}) {
-      // Events are let in once at the start, then after every column of the three passes: analysis,
-      // adjustment, colour rotation.
-      for (int pass = 0; pass < 3; ++pass) {
-        for (const int column : {1, kWidth / 2, kWidth}) {
-          SCOPED_TRACE(testing::Message() << (preview ? "preview, " : "full, ") << threads
-                                          << " threads, pass " << pass << ", column " << column);
-          TestWindow window;
-          window.form.threads = threads;
-          SetModules(window, {kSmartPhotoCorrection, kNoiseReduction, kRotation, kColorRotation});
-          window.modules.sliders[12].text = "77";
-          window.Show(NoisyPicture(kWidth, 30, 1));
-          ASSERT_TRUE(AnalyzeOpenedPhoto(window.form).ok());
-          window.app.learning_record = "of the last run";
-          const PhotoSurfaces before = window.surfaces();
+  const struct {
+    std::initializer_list<int> modules;
+    int least;  // times that events are let in on a full run: columns of passes, bands, pieces
+  } kRuns[] = {
+      {{kSmartPhotoCorrection, kNoiseReduction, kRotation, kColorRotation}, 3 * kWidth + 12},
+      {{kNoiseReduction, kAdjustFocus, kRotation}, kWidth + 15},
+  };
+  for (const auto& run : kRuns) {
+    for (const bool preview : {false, true}) {
+      for (const int threads : {1, 3}) {
+        SCOPED_TRACE(testing::Message() << run.least << (preview ? ", preview, " : ", full, ")
+                                        << threads << " threads");
+        TestWindow window;
+        window.form.threads = threads;
+        SetModules(window, run.modules);
+        window.modules.sliders[12].text = "77";
+        window.Show(NoisyPicture(kWidth, 160, 1));
+        ASSERT_TRUE(AnalyzeOpenedPhoto(window.form).ok());
+        window.app.learning_record = "of the last run";
+        const PhotoSurfaces before = window.surfaces();
 
-          const int cancel_at = window.events.runs + 1 + pass * kWidth + column;
-          window.events.on_run = [&](int run) {
-            if (run == cancel_at)
+        // The last two times all is done: before the result is shown, and after.
+        for (int cancel_at = 1;; ++cancel_at) {
+          const int first = window.events.runs;
+          window.events.on_run = [&](int at) {
+            if (at == first + cancel_at) {
               CancelClicked(window.progress, window.app.cancel_requested, window.events);
+            }
           };
-          EXPECT_EQ(AdjustPhoto(window.form, preview).failure, Failure::kCancelled);
-          ExpectUntouched(before, window.surfaces());
-          EXPECT_FALSE(window.app.photo_changed);
-          EXPECT_EQ(window.app.learning_record, "of the last run");
-
+          const Status status = AdjustPhoto(window.form, preview);
           window.events.on_run = nullptr;
-          ASSERT_TRUE(AdjustPhoto(window.form, preview).ok());
-          EXPECT_TRUE(window.app.photo_changed);
-          EXPECT_NE(window.app.learning_record, "of the last run");
-          TestWindow undisturbed;
-          undisturbed.modules.open = window.modules.open;
-          undisturbed.modules.sliders[12].text = "77";
-          undisturbed.Show(NoisyPicture(kWidth, 30, 1));
-          ASSERT_TRUE(AdjustPhoto(undisturbed.form, preview).ok());
-          EXPECT_EQ(Result(window), Result(undisturbed));
+          if (status.ok()) {
+            EXPECT_GE(cancel_at, run.least);
+            EXPECT_LE(window.events.runs - first, cancel_at + 1 + 2);
+            break;
+          }
+          ASSERT_EQ(status.failure, Failure::kCancelled);
+          ExpectUntouched(before, window.surfaces());
+          ASSERT_FALSE(window.app.photo_changed);
+          ASSERT_EQ(window.app.learning_record, "of the last run");
         }
+        TestWindow undisturbed;
+        undisturbed.modules = window.modules;
+        undisturbed.Show(NoisyPicture(kWidth, 160, 1));
+        ASSERT_TRUE(AdjustPhoto(undisturbed.form, preview).ok());
+        EXPECT_EQ(Result(window), Result(undisturbed));
       }
     }
   }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "modules/module_table.h"
 #include "tests/support/pictures.h"
 #include "tests/support/test_window.h"
 #include "tests/support/tiny_pictures.h"
@@ -65,6 +66,43 @@ TEST(FileOpenTest, ThePathComesFromTheDialog) {
   EXPECT_EQ(window.dialogs.shown[0],
             (ScriptedDialogs::Shown{ScriptedDialogs::Kind::kOpenFile, "Open Photo",
                                     "Image Files (*.bmp; *.gif; *.jpg)|*.bmp;*.gif;*.jpg"}));
+}
+
+// Cancel is pressed while the file is read, or while dead pixels are repaired.
+TEST(FileOpenTest, ACancelledOpenLeavesTheWindowAlone) {
+  for (const bool in_repair : {false, true}) {
+    SCOPED_TRACE(in_repair);
+    OpenedWindow window;
+    const std::string other = window.WriteBitmap("other.bmp", NoisyPicture(30, 20, 2));
+    window.folder.MakeFolder("program\\Cameras\\Default\\~ Dead Pixels\\30x20");
+    window.WriteBitmap("program\\Cameras\\Default\\~ Dead Pixels\\30x20\\map.bmp",
+                       NoisyPicture(30, 20, 3));
+    window.modules.open[kDeadPixelCorrection] = 1;
+    SetSliderValue(window.modules, 3, 40);
+    window.app.open_mode = 1;
+    window.app.photo_changed = true;
+    window.app.learning_record = "record";
+    const PhotoSurfaces before = window.surfaces();
+
+    window.events.on_run = [&](int) {
+      if (!in_repair || window.app.current_file == other) window.app.cancel_requested = true;
+    };
+    EXPECT_EQ(OpenPhotoFile(window.form, other).failure, Failure::kCancelled);
+    EXPECT_EQ(window.surfaces().picOriginal.picture, before.picOriginal.picture);
+    EXPECT_EQ(window.surfaces().picThumb.picture, before.picThumb.picture);
+    EXPECT_EQ(window.app.current_file, window.folder.File("img.bmp"));
+    EXPECT_EQ(window.form.caption, "img.bmp - Tarnwell Pocket");
+    EXPECT_EQ(window.form.names.output_path, window.folder.File("imgA.bmp"));
+    EXPECT_EQ(window.modules.Value(3), 40);
+    EXPECT_EQ(window.app.learning_record, "record");
+    EXPECT_TRUE(window.app.photo_changed);
+    EXPECT_FALSE(window.app.cancel_requested) << "no correction was cancelled";
+    EXPECT_TRUE(window.dialogs.Told().empty());
+
+    window.events.on_run = nullptr;
+    EXPECT_TRUE(OpenPhotoFile(window.form, other).ok());
+    EXPECT_EQ(window.app.current_file, other);
+  }
 }
 
 TEST(FileOpenTest, APhotoThatCannotBeReadLeavesTheWindowAlone) {

@@ -1,10 +1,12 @@
 #include "imaging/file_save.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <memory>
 #include <new>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -41,8 +43,8 @@ struct CorrectedWindow : TestWindow {
   Picture corrected = Uniform(16, 12, 200);
 
   explicit CorrectedWindow(std::unique_ptr<Files> with_files = MakeSystemFiles(),
-                           JpegLibrary* with_jpeg = nullptr)
-      : TestWindow(std::move(with_files), with_jpeg) {
+                           std::unique_ptr<JpegLibrary> with_jpeg = MakeSystemJpegLibrary())
+      : TestWindow(std::move(with_files), std::move(with_jpeg)) {
     app.open_mode = 2;
     app.opened_path = WriteBitmap("img.bmp", Uniform(16, 12, 100));
     const Status opened = FileOpen(form, false);
@@ -171,6 +173,46 @@ TEST(FileSaveTest, AFileThatAppearsMeanwhileIsKept) {
             (std::vector<TestWindow::Notification>{{window.folder.File("second.jpg"), 1800}}));
 }
 
+// The system's encoder, which does not begin before `begin` lets it, and hears of a stop first.
+class LateJpeg : public JpegLibrary {
+ public:
+  std::atomic<bool> begin = false;
+
+  int ijlInit(JPEG_CORE_PROPERTIES* record) override { return target_->ijlInit(record); }
+  int ijlWrite(JPEG_CORE_PROPERTIES* record, int mode) override {
+    return target_->ijlWrite(record, mode);
+  }
+  int ijlFree(JPEG_CORE_PROPERTIES* record) override { return target_->ijlFree(record); }
+  std::string EncodePath(const std::string& path) override { return target_->EncodePath(path); }
+  bool TakesPictures() const override { return true; }
+  Status WritePicture(const std::string& path, const JpegPicture& picture) override {
+    while (!begin && picture.go_on(0)) std::this_thread::yield();
+    return target_->WritePicture(path, picture);
+  }
+
+ private:
+  std::unique_ptr<JpegLibrary> target_ = MakeSystemJpegLibrary();
+};
+
+TEST(FileSaveTest, ACancelledSaveLeavesNoFileAndCanBeRepeated) {
+  auto own_jpeg = std::make_unique<LateJpeg>();
+  LateJpeg& jpeg = *own_jpeg;
+  CorrectedWindow window(MakeSystemFiles(), std::move(own_jpeg));
+  const Picture original = window.surfaces().picOriginal.picture;
+  window.form.names.output_path = window.folder.File("imgA.jpg");
+  window.events.on_run = [&](int) { window.app.cancel_requested = true; };
+  EXPECT_EQ(FileSave(window.form, false).failure, Failure::kCancelled);
+  EXPECT_EQ(window.Saved(), std::vector<std::string>());
+  EXPECT_EQ(window.surfaces().picOriginal.picture, original);
+  EXPECT_TRUE(window.app.photo_changed);
+  EXPECT_TRUE(window.dialogs.Told().empty());
+
+  window.events.on_run = nullptr;
+  jpeg.begin = true;
+  EXPECT_TRUE(FileSave(window.form, false).ok());
+  EXPECT_EQ(window.Saved(), std::vector<std::string>{"imgA.jpg"});
+}
+
 TEST(FileSaveTest, AFailedWriteNamesThePhotoAndChangesNothing) {
   for (const char* name : {"full.jpg", "full.bmp", "no folder\\out.jpg", "no folder\\out.bmp"}) {
     SCOPED_TRACE(name);
@@ -206,9 +248,10 @@ struct LargeJpegLibrary : JpegLibrary {
 };
 
 TEST(FileSaveTest, ASaveWithoutMemoryLeavesNothing) {
-  LargeJpegLibrary library;
-  CorrectedWindow window(MakeSystemFiles(), &library);
-  library.folder = &window.folder;
+  auto library = std::make_unique<LargeJpegLibrary>();
+  LargeJpegLibrary& large = *library;
+  CorrectedWindow window(MakeSystemFiles(), std::move(library));
+  large.folder = &window.folder;
   window.form.names.output_path = window.folder.File("large.jpg");
   const Status saved = FileSave(window.form, false);
   EXPECT_EQ(saved.failure, Failure::kTooLarge);

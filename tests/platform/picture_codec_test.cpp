@@ -1,9 +1,12 @@
 #include "platform/picture_codec.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 
+#include "imaging/jpeg_library.h"
 #include "platform/files.h"
 #include "platform/system.h"
 #include "tests/support/gif_builder.h"
@@ -93,6 +96,71 @@ TEST_F(PictureCodecTest, ReadsInterlacedGifRowsInTheirPlaces) {
   EXPECT_EQ(*interlaced, *plain);
   EXPECT_EQ(PixelAt(plain->view(), 0, 8), (TestPixel{0, 0, 200}));
   EXPECT_EQ(PixelAt(plain->view(), 0, 9), (TestPixel{200, 0, 0}));
+}
+
+// Counts the questions whether to go on; the one of this number is answered with no.
+struct CountedGoOn {
+  int asked = 0;
+  int last = 0;  // 0: none
+
+  GoOn Ask() {
+    return [this](double done) {
+      EXPECT_GE(done, 0);
+      EXPECT_LE(done, 1);
+      return ++asked < last || last == 0;
+    };
+  }
+};
+
+// Long enough for many questions; a cancel at any of them ends the work with nothing made.
+TEST_F(PictureCodecTest, CanBeCancelledEveryFewRows) {
+  constexpr int kWidth = 40, kHeight = 1500, kLeastQuestions = kHeight / 100;
+  const auto picture = NoisyPicture(kWidth, kHeight, 1);
+  const std::unique_ptr<JpegLibrary> jpeg = MakeSystemJpegLibrary();
+  GifFrame frame{.width = kWidth, .height = kHeight, .indices = {}};
+  frame.indices.resize(kWidth * kHeight, 1);
+  const std::string gif = GifBuilder(kWidth, kHeight, kFourColours).Add(frame).Bytes();
+  ASSERT_TRUE(codec->SaveBitmap(folder.File("a.bmp"), picture->view()).ok());
+  ASSERT_TRUE(jpeg->WritePicture(folder.File("a.jpg"), {picture->view(), 80}).ok());
+
+  const struct {
+    const char* name;
+    std::function<Status(const GoOn&)> work;
+    int least;  // questions
+  } kRows[] = {
+      {"read a bitmap",
+       [&](auto& go_on) { return codec->Load(folder.File("a.bmp"), go_on).status; },
+       kLeastQuestions},
+      {"read a JPEG file",
+       [&](auto& go_on) { return codec->Load(folder.File("a.jpg"), go_on).status; },
+       kLeastQuestions},
+      {"read a GIF file", [&](auto& go_on) { return codec->Decode(gif, "a.gif", go_on).status; },
+       kLeastQuestions},
+      {"write a bitmap",
+       [&](auto& go_on) {
+         return codec->SaveBitmap(folder.File("new.bmp"), picture->view(), go_on);
+       },
+       kLeastQuestions},
+      {"write a JPEG file",
+       [&](auto& go_on) {
+         return jpeg->WritePicture(folder.File("new.jpg"),
+                                   {picture->view(), 80, true, 2, {}, go_on});
+       },
+       1},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    CountedGoOn all;
+    EXPECT_TRUE(row.work(all.Ask()).ok());
+    EXPECT_GE(all.asked, row.least);
+    static_cast<void>(MakeSystemFiles()->Delete(folder.File("new.bmp")));
+    static_cast<void>(MakeSystemFiles()->Delete(folder.File("new.jpg")));
+    for (const int last : {1, all.asked / 2, all.asked}) {
+      CountedGoOn some = {0, std::max(last, 1)};
+      EXPECT_EQ(row.work(some.Ask()).failure, Failure::kCancelled) << last << " of " << all.asked;
+      EXPECT_FALSE(folder.Holds("new.bmp") || folder.Holds("new.jpg"));
+    }
+  }
 }
 
 std::string CutInHalf(const std::string& bytes) { return bytes.substr(0, bytes.size() / 2); }

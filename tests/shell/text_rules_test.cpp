@@ -5,6 +5,7 @@
 #include "shell/lenient_number.h"
 #include "shell/letter_case.h"
 #include "shell/line_reader.h"
+#include "shell/time_left.h"
 
 namespace tarnwell {
 namespace {
@@ -37,6 +38,35 @@ TEST(LenientNumberTest, WholeNumbersStayWithin16Bits) {
   for (const char* text : {"32767.5", "32768", "-32769", "-32768.6", "1e300", "65536"}) {
     EXPECT_EQ(ParseLenientInt16(text), std::nullopt) << text;
     EXPECT_NE(ParseLenientNumber(text), std::nullopt) << text;
+  }
+}
+
+TEST(AboutTimeLeftTest, SaysItCalmlyAndOnlyWhenItIsLong) {
+  const struct {
+    double share, elapsed;  // seconds
+    const char* text;
+  } kRows[] = {
+      {0, 100, ""},      // nothing is known
+      {0.001, 2.9, ""},  // too early
+      {0.5, 10, ""},
+      {0.5, 10.5, "about 20 seconds left"},
+      {0.25, 10, "about 30 seconds left"},
+      {0.5, 50, "about 50 seconds left"},
+      {0.5, 51, "about 1 minute left"},
+      {0.5, 89, "about 1 minute left"},
+      {0.5, 91, "about 2 minutes left"},
+      {0.01, 18, "about 30 minutes left"},
+      {0.5, 59.4 * 60, "about 59 minutes left"},
+      {0.5, 59.6 * 60, "about 1 hour left"},
+      {0.5, 76 * 60, "about 1 hour 20 minutes left"},
+      {0.5, 600 * 60, "about 10 hours left"},
+      {1e-9, 10, ""},  // months: no
+      {1, 1000, ""},
+      {1.5, 1000, ""},
+  };
+  for (const auto& row : kRows) {
+    EXPECT_EQ(AboutTimeLeft(row.share, static_cast<std::int64_t>(row.elapsed * 1e9)), row.text)
+        << row.share << " in " << row.elapsed << " s";
   }
 }
 

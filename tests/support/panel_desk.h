@@ -20,13 +20,13 @@ namespace tarnwell {
 // The panel is as at first start.
 struct PanelDesk {
   class NoCodec final : public PictureCodec {
-    Result<Picture> Decode(std::string_view, const std::string& name) override {
+    Result<Picture> Decode(std::string_view, const std::string& name, const GoOn&) override {
       return Status::Error(Failure::kUnsupported, name + ": no pictures here");
     }
-    Result<Picture> Load(const std::string& path) override {
+    Result<Picture> Load(const std::string& path, const GoOn&) override {
       return Status::Error(Failure::kUnsupported, path + ": no pictures here");
     }
-    Status SaveBitmap(const std::string& path, const PixelView&) override {
+    Status SaveBitmap(const std::string& path, const PixelView&, const GoOn&) override {
       return Status::Error(Failure::kUnsupported, path + ": no pictures here");
     }
   };

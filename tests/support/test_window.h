@@ -36,7 +36,7 @@ struct TestWindow {
   TempFolder folder;  // for photos; the program folder is "program" in it
   std::unique_ptr<Files> files;
   std::unique_ptr<PictureCodec> codec = MakeSystemPictureCodec();
-  std::unique_ptr<JpegLibrary> jpeg = MakeSystemJpegLibrary();
+  std::unique_ptr<JpegLibrary> jpeg;
   ScriptedDialogs dialogs;
   RecordingEvents events;
   FakeClock clock;
@@ -50,9 +50,10 @@ struct TestWindow {
   std::vector<Notification> notifications;
 
   explicit TestWindow(std::unique_ptr<Files> with_files = MakeSystemFiles(),
-                      JpegLibrary* with_jpeg = nullptr)
+                      std::unique_ptr<JpegLibrary> with_jpeg = MakeSystemJpegLibrary())
       : files(std::move(with_files)),
-        platform{*files, *codec, with_jpeg ? *with_jpeg : *jpeg, dialogs, events, clock, clipboard},
+        jpeg(std::move(with_jpeg)),
+        platform{*files, *codec, *jpeg, dialogs, events, clock, clipboard},
         form{.app = app, .platform = platform, .modules = modules, .progress = progress} {
     SetProgramFolder(app, folder.MakeFolder("program"), "TarnwellPocket");
     folder.MakeFolder("program\\Cameras\\Default\\Default");

@@ -126,8 +126,8 @@ TEST(JpegReaderTest, MoreScansThanTheWorkAllowsAreRefused) {
   // libjpeg writes colour in ten scans. A scan of 64 x 64 pixels counts 4096 and as many again for
   // setting it up.
   const std::string bytes = Noise(true);
-  EXPECT_TRUE(DecodeJpeg(bytes, "a", 10 * 8192).ok());
-  EXPECT_EQ(DecodeJpeg(bytes, "a", 9 * 8192).status.failure, Failure::kTooLarge);
+  EXPECT_TRUE(DecodeJpeg(bytes, "a", ToTheEnd, 10 * 8192).ok());
+  EXPECT_EQ(DecodeJpeg(bytes, "a", ToTheEnd, 9 * 8192).status.failure, Failure::kTooLarge);
 }
 
 }  // namespace

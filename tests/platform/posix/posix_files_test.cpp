@@ -43,7 +43,7 @@ TEST_F(PosixFilesTest, NamesWithABackslashAreRefusedWithTheNameAsTheUserKnowsIt)
   for (const Status& status :
        {files.Read(path).status, files.Replace(path, "x"), files.Append(path, "x"),
         files.Delete(path), files.Move(path, folder.File("c")), files.Publish(path, path),
-        files.CreateFolder(path), PosixPictureCodec().Load(path).status}) {
+        files.CreateFolder(path), MakeSystemPictureCodec()->Load(path).status}) {
     EXPECT_EQ(status.failure, Failure::kUnsupported);
     EXPECT_EQ(status.message,
               word + ": names that contain a backslash cannot be used; rename it first");
@@ -70,7 +70,7 @@ TEST_F(PosixFilesTest, PipesAreNeitherFilesNorWaitedFor) {
   EXPECT_FALSE(files.Read(pipe).ok());
   EXPECT_FALSE(files.Append(pipe, "x").ok());
   EXPECT_FALSE(files.Replace(pipe, "x").ok());
-  EXPECT_FALSE(PosixPictureCodec().Load(pipe).ok());
+  EXPECT_FALSE(MakeSystemPictureCodec()->Load(pipe).ok());
   EXPECT_EQ(files.Read("\\dev\\zero").status.message, "/dev/zero: is not a file");
   EXPECT_TRUE(files.List(folder.path())->empty());
   EXPECT_TRUE(folder.Holds("pipe.jpg"));
@@ -119,7 +119,7 @@ TEST_F(PosixFilesTest, AWriteThatFailsHalfwayLeavesTheOldContent) {
     FullDisk full(4096);
     appended = files.Append(path, much);
     replaced = files.Replace(path, much);
-    saved = PosixPictureCodec().SaveBitmap(folder.File("a.bmp"), pixels.view());
+    saved = MakeSystemPictureCodec()->SaveBitmap(folder.File("a.bmp"), pixels.view());
   }
   for (const Status& status : {appended, replaced}) {
     EXPECT_FALSE(status.ok());
