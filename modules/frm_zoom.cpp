@@ -62,6 +62,16 @@ void OpenZoom(frmZoom& zoom, ZoomMode mode, Picture photo) {
   zoom.visible = true;
 }
 
+bool ShowInZoom(frmZoom& zoom, const Picture& photo) {
+  if (zoom.photo == photo) return true;
+  if (!zoom.photo || !photo || zoom.photo->width() != photo->width() ||
+      zoom.photo->height() != photo->height()) {
+    return false;
+  }
+  zoom.photo = photo;
+  return true;
+}
+
 void ResizeZoom(frmZoom& zoom, int container_width, int container_height) {
   zoom.container_width = container_width;
   zoom.container_height = container_height;

@@ -43,6 +43,10 @@ struct frmZoom {
 // Picking a skin colour leaves instruction and swatch as they were.
 void OpenZoom(frmZoom& zoom, ZoomMode mode, Picture photo);
 
+// Shows `photo` in the open window in place of another one. False, with nothing changed, when it is
+// of another size: the place that is in view means nothing there.
+bool ShowInZoom(frmZoom& zoom, const Picture& photo);
+
 // The container has a new size; the photo moves only as far as its edges must.
 void ResizeZoom(frmZoom& zoom, int container_width, int container_height);
 

@@ -19,9 +19,10 @@ constexpr std::array<std::string_view, kTipCount> kTexts = {
     "Minimizing a module will turn that function off, while expanding it will switch it on. For "
     "example if you do not want to adjust brightness, simply click the box to the upper right of "
     "the Adjust Brightness module so that it is unchecked.",
-    "The small picture is a preview. Corrections are tried on it first, because that is fast. When "
-    "you like what you see, press Adjust to correct the full photo. Saving asks for that too, so "
-    "you cannot forget it.",
+    "The small picture is a preview. Corrections are tried on it first, because that is fast, and "
+    "it follows at once what you change in the module panel. Hold it to see the photo as it was; "
+    "turn the mouse wheel to look closer. When you like what you see, press Adjust to correct the "
+    "full photo. Saving asks for that too, so you cannot forget it.",
     "If you close the Smart Photo Correction module, it will turn off intelligent photo "
     "correction. Make sure you keep the module open if you want to take advantage of smart photo "
     "correction.",

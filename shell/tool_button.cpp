@@ -56,6 +56,15 @@ void OpenOptionsMenu(MainWindow& window) {
   if (row) RunMenuRow(window, kOptionsMenu, *row);
 }
 
+void PressDefaults(Form1& form) {
+  ResetAll(form.app, form.platform, form.modules);
+  if (form.app.open_mode != kLeaveAll) return;
+  form.platform.dialogs.Tell(form.app.title,
+                             "The photo open mode leaves all settings and modules as they are. You "
+                             "can change it in the Options menu.",
+                             Icon::kInformation);
+}
+
 // Buttons that work on the photo or the panel.
 void PressWorkButton(MainWindow& window, int index) {
   Form1& form = window.form;
@@ -71,7 +80,7 @@ void PressWorkButton(MainWindow& window, int index) {
     case kZoomButton:
       return RequestZoom(form);
     case kDefaultsButton:
-      return ResetAll(form.app, form.platform, form.modules);
+      return PressDefaults(form);
     case kCopySourceButton:
       return CopySource(form);
     case kPasteSourceButton:

@@ -7,18 +7,10 @@
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/module1.h"
+#include "shell/preview_follow.h"
 #include "shell/tell.h"
 
 namespace tarnwell {
-namespace {
-
-// A turned photo has its sides exchanged, so the areas tell a thumbnail, as they do when saving.
-bool OnlyThumbnailCorrected(const PhotoSurfaces& surfaces) {
-  return surfaces.picSource.picture->view().pixel_count() !=
-         surfaces.picOriginal.picture->view().pixel_count();
-}
-
-}  // namespace
 
 void RequestZoom(Form1& form) {
   const PhotoSurfaces& surfaces = form.buffer.surfaces;

@@ -1,19 +1,24 @@
 #pragma once
 
+#include <memory>
 #include <oleacc.h>
+#include <optional>
 #include <string>
 #include <windows.h>
 
 namespace tarnwell {
 
-// Tells screen readers what a drawn control is (a ROLE_SYSTEM_ constant); its name is the window's
-// text. Without the system's service nothing happens.
-void SetRole(HWND control, DWORD role);
+// What a screen reader is told about a drawn control beside its name, which is the window's text.
+// The control keeps it up to date.
+struct AccessibleFacts {
+  DWORD role = ROLE_SYSTEM_CLIENT;  // a ROLE_SYSTEM_ constant
+  std::wstring value;               // "42"
+  std::wstring description;         // what it is for
+  std::optional<bool> checked;      // of what can be on and off
+};
 
-// Its value ("42", "on"), whenever that changes.
-void SetAccessibleValue(HWND control, const std::wstring& value);
-
-// Forgets both, before the window goes.
-void ClearAccessible(HWND control);
+// The answer to WM_GETOBJECT for such a control; nothing when another object is asked for.
+std::optional<LRESULT> AnswerGetObject(HWND control, const std::shared_ptr<AccessibleFacts>& facts,
+                                       WPARAM w, LPARAM l);
 
 }  // namespace tarnwell

@@ -2,7 +2,6 @@
 
 #include <oleacc.h>
 
-#include "ui/accessible.h"
 #include "ui/popup_menu.h"
 
 namespace tarnwell {
@@ -42,7 +41,7 @@ void Button::SetGlyph(Glyph glyph) {
 void Button::SetChosen(bool chosen) {
   if (chosen_ == chosen) return;
   chosen_ = chosen;
-  SetAccessibleValue(handle(), chosen ? L"on" : L"off");
+  SetAccessibleChecked(chosen);
   Invalidate();
 }
 
@@ -121,10 +120,7 @@ void CheckBox::Create(HWND parent, const std::wstring& caption) {
 }
 
 void CheckBox::Update() {
-  const bool on = is_on();
-  if (told_ == on) return;
-  told_ = on;
-  SetAccessibleValue(handle(), on ? L"checked" : L"not checked");
+  SetAccessibleChecked(is_on());
   Invalidate();
 }
 
@@ -150,6 +146,12 @@ void CheckBox::Paint(Painter& painter, const Box& client) {
 
 void RadioButton::Create(HWND parent, const std::wstring& caption) {
   Control::Create(parent, caption, ROLE_SYSTEM_RADIOBUTTON, true);
+  Update();
+}
+
+void RadioButton::Update() {
+  SetAccessibleChecked(is_on());
+  Invalidate();
 }
 
 bool RadioButton::OnKey(WPARAM key) {
@@ -188,7 +190,7 @@ void ChoiceBox::Create(HWND parent, const std::wstring& name) {
 void ChoiceBox::SetShown(const std::wstring& shown) {
   if (shown_ == shown) return;
   shown_ = shown;
-  SetAccessibleValue(handle(), shown);
+  SetAccessibleValue(shown);
   Invalidate();
 }
 

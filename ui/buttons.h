@@ -95,9 +95,6 @@ class CheckBox : public Control {
  protected:
   void Paint(Painter& painter, const Box& client) override;
   void OnClick() override { clicked(); }
-
- private:
-  std::optional<bool> told_;
 };
 
 // One of several choices, with a round mark. Those that were made one after the other belong
@@ -106,6 +103,7 @@ class RadioButton : public Control {
  public:
   explicit RadioButton(const Look& look, Ground ground = Ground::kCard) : Control(look, ground) {}
   void Create(HWND parent, const std::wstring& caption);
+  void Update();  // the choice may have changed
 
   std::function<bool()> is_on = [] { return false; };
   std::function<void()> clicked = [] {};

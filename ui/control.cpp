@@ -2,19 +2,34 @@
 
 #include <windowsx.h>
 
-#include "ui/accessible.h"
 #include "ui/tooltip.h"
 
 namespace tarnwell {
 
 Control::~Control() {
-  if (handle()) ClearAccessible(handle());
   if (hovered_) Tooltip::Hide();
 }
 
 void Control::Create(HWND parent, const std::wstring& name, DWORD role, bool tab_stop) {
   Make(kChildClass, name, WS_CHILD | WS_VISIBLE | (tab_stop ? WS_TABSTOP : 0), 0, parent, {});
-  SetRole(handle(), role);
+  facts_->role = role;
+}
+
+void Control::SetTip(const std::wstring& tip) {
+  tip_ = tip;
+  facts_->description = tip;
+}
+
+void Control::SetAccessibleValue(const std::wstring& value) {
+  if (facts_->value == value) return;
+  facts_->value = value;
+  NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, handle(), OBJID_CLIENT, CHILDID_SELF);
+}
+
+void Control::SetAccessibleChecked(bool checked) {
+  if (facts_->checked == checked) return;
+  facts_->checked = checked;
+  NotifyWinEvent(EVENT_OBJECT_STATECHANGE, handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void Control::SetHovered(bool hovered) {
@@ -132,6 +147,9 @@ LRESULT Control::Handle(UINT message, WPARAM w, LPARAM l) {
     }
     case WM_GETDLGCODE:
       return WantedKeys();
+    case WM_GETOBJECT:
+      if (const auto answer = AnswerGetObject(handle(), facts_, w, l)) return *answer;
+      break;
     case BM_CLICK:
       if (enabled()) OnClick();
       return 0;

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "ui/accessible.h"
 #include "ui/painter.h"
 #include "ui/window.h"
 
@@ -17,17 +18,20 @@ class Control : public Window {
  public:
   explicit Control(const Look& look, Ground ground = Ground::kCard)
       : look_(look), ground_(ground) {}
-  ~Control() override;
 
   // Makes the control in `parent`, visible. `name` is what screen readers call it; "&" marks an
   // access key. `role` is a ROLE_SYSTEM_ constant.
   void Create(HWND parent, const std::wstring& name, DWORD role, bool tab_stop);
 
   // Shown after the pointer has rested on the control; empty for none.
-  void SetTip(const std::wstring& tip) { tip_ = tip; }
+  void SetTip(const std::wstring& tip);
   const std::wstring& tip() const { return tip_; }
 
  protected:
+  // What screen readers say of the control's state; they are told when it changes.
+  void SetAccessibleValue(const std::wstring& value);
+  void SetAccessibleChecked(bool checked);
+
   virtual void Paint(Painter& painter, const Box& client) = 0;
 
   // The left button went down, moved while down, and went up at a point.
@@ -63,6 +67,8 @@ class Control : public Window {
   const Look& look_;
   Ground ground_;
   std::wstring tip_;
+  // Screen readers may hold on to it longer than the control lives.
+  std::shared_ptr<AccessibleFacts> facts_ = std::make_shared<AccessibleFacts>();
   bool hovered_ = false;
   bool held_ = false;
   bool captured_ = false;

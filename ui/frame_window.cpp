@@ -57,17 +57,32 @@ void FrameWindow::ResizeClient(int width, int height) {
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void FrameWindow::ShowCentred() {
-  RECT own = {}, around = WorkArea(handle());
-  GetWindowRect(handle(), &own);
+RECT FrameWindow::OwnerRect() const {
+  RECT rect = WorkArea(handle());
   const HWND owner = GetWindow(handle(), GW_OWNER);
-  if (owner && IsWindowVisible(owner)) GetWindowRect(owner, &around);
-  const Box box = Centred(ToBox(around), own.right - own.left, own.bottom - own.top);
+  if (owner && IsWindowVisible(owner)) GetWindowRect(owner, &rect);
+  return rect;
+}
+
+// In the middle of `around`, on the screen.
+void FrameWindow::ShowWithin(RECT around) {
+  RECT own = {};
+  GetWindowRect(handle(), &own);
   const RECT work = WorkArea(handle());
-  const int x = std::max<int>(work.left, box.x);
-  const int y = std::max<int>(work.top, box.y);
+  const Box box = Centred(ToBox(around), own.right - own.left, own.bottom - own.top);
+  const int x = std::max<int>(work.left, std::min<int>(box.x, work.right - box.width));
+  const int y = std::max<int>(work.top, std::min<int>(box.y, work.bottom - box.height));
   SetWindowPos(handle(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   ShowWindow(handle(), SW_SHOW);
+}
+
+void FrameWindow::ShowCentred() { ShowWithin(OwnerRect()); }
+
+void FrameWindow::ShowAtRight() {
+  RECT own = {}, around = OwnerRect();
+  GetWindowRect(handle(), &own);
+  around.left = std::max<LONG>(around.left, around.right - (own.right - own.left) - 2 * Px(kGrid));
+  ShowWithin(around);
 }
 
 void FrameWindow::FillHeight() {
@@ -93,8 +108,8 @@ LRESULT FrameWindow::FieldColours(HDC dc) {
   return reinterpret_cast<LRESULT>(field_brush_);
 }
 
-void FrameWindow::Rescale(const RECT* suggested) {
-  look_.Rescale(ScaleOf(handle()));
+void FrameWindow::Rescale(Scale scale, const RECT* suggested) {
+  look_.Rescale(scale);
   EnumChildWindows(handle(), GiveFont, reinterpret_cast<LPARAM>(look_.fonts.Get(Face::kBody)));
   if (suggested) {
     SetWindowPos(handle(), nullptr, suggested->left, suggested->top,
@@ -103,6 +118,19 @@ void FrameWindow::Rescale(const RECT* suggested) {
   }
   LayOut(Client());
   RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void FrameWindow::KeepFocus() {
+  const HWND focus = GetFocus();
+  if (focus && IsChild(handle(), focus)) focus_ = focus;
+}
+
+// The system gives the focus to the window itself, where no key would do anything.
+void FrameWindow::GiveFocusBack() {
+  const bool usable =
+      focus_ && IsChild(handle(), focus_) && IsWindowVisible(focus_) && IsWindowEnabled(focus_);
+  const HWND focus = usable ? focus_ : GetNextDlgTabItem(handle(), nullptr, FALSE);
+  if (focus) SetFocus(focus);
 }
 
 LRESULT FrameWindow::Handle(UINT message, WPARAM w, LPARAM l) {
@@ -118,8 +146,15 @@ LRESULT FrameWindow::Handle(UINT message, WPARAM w, LPARAM l) {
       PaintClient(painter, Client());
       return 0;
     }
+    case WM_ACTIVATE:
+      if (LOWORD(w) == WA_INACTIVE) KeepFocus();
+      if (LOWORD(w) != WA_INACTIVE && HIWORD(w) == 0) GiveFocusBack();
+      return 0;
+    case WM_SETFOCUS:
+      GiveFocusBack();
+      return 0;
     case WM_DPICHANGED:
-      Rescale(reinterpret_cast<const RECT*>(l));
+      Rescale({static_cast<int>(LOWORD(w))}, reinterpret_cast<const RECT*>(l));
       return 0;
     case WM_SETTINGCHANGE:
       look_.ReadTheme();

@@ -14,8 +14,9 @@ class FrameWindow : public Window {
 
   Look& look() { return look_; }
 
-  // Shows a window that the user may work with, in the middle of its owner.
+  // Shows a window that the user may work with, in the middle of its owner, or at its right.
   void ShowCentred();
+  void ShowAtRight();
 
   // Makes the window as tall as its screen.
   void FillHeight();
@@ -47,9 +48,14 @@ class FrameWindow : public Window {
 
  private:
   LRESULT FieldColours(HDC dc);
-  void Rescale(const RECT* suggested);
+  void Rescale(Scale scale, const RECT* suggested);
+  void ShowWithin(RECT around);
+  RECT OwnerRect() const;
+  void KeepFocus();
+  void GiveFocusBack();
 
   HBRUSH field_brush_ = nullptr;
+  HWND focus_ = nullptr;  // what had the focus when another window came to the front
 };
 
 }  // namespace tarnwell

@@ -5,7 +5,6 @@
 
 #include "engine/run_parameters.h"
 #include "shell/form1.h"
-#include "ui/accessible.h"
 #include "ui/look/histogram_shape.h"
 
 namespace tarnwell {
@@ -18,9 +17,8 @@ void HistogramControl::Update() {
   limits_ = std::nullopt;
   if (form_.histogram.width() > 0) {
     limits_ = LimitsOf(CollectParameters(form_.modules, false, 1, false), form_.histogram);
-    SetAccessibleValue(
-        handle(), L"black point " + std::to_wstring(std::lround(limits_->black_point / 3)) +
-                      L", white point " + std::to_wstring(std::lround(limits_->white_point / 3)));
+    SetAccessibleValue(L"black point " + std::to_wstring(std::lround(limits_->black_point / 3)) +
+                       L", white point " + std::to_wstring(std::lround(limits_->white_point / 3)));
   }
   Invalidate();
 }

@@ -152,6 +152,10 @@ int RunWindows(const std::wstring& command_line) {
   NamedInstance instance;
   Host host;
   host.dialogs.owner = [&host] { return DialogOwner(host.frame.handle()); };
+  host.dialogs.first_folder = [&host] {
+    const std::string& photo = host.app.current_file;
+    return photo.substr(0, photo.find_last_of('\\') + 1);
+  };
   host.dialogs.ask_text = [&host](const std::string& title, const std::string& prompt) {
     return host.others.AskText(title, prompt);
   };

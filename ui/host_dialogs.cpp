@@ -1,6 +1,5 @@
 #include "ui/host_dialogs.h"
 
-#include <memory>
 #include <shlobj.h>
 #include <shobjidl.h>
 #include <vector>
@@ -64,36 +63,45 @@ std::optional<std::string> PathOf(IShellItem& item) {
   return utf8;
 }
 
-// Shows the dialog, with options `more` and `without` some that it has by itself. False when the
-// user cancels.
+// Shows the dialog with these options more. False when the user cancels.
 bool ShowFileDialog(IFileDialog& dialog, HWND owner, const std::string& title,
-                    const std::string& filter, DWORD more, DWORD without) {
+                    const std::string& filter, DWORD more) {
   FILEOPENDIALOGOPTIONS options = 0;
   dialog.GetOptions(&options);
-  dialog.SetOptions((options & ~without) | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | more);
+  // A save dialog comes with its question about a taken name.
+  options &= ~static_cast<DWORD>(FOS_OVERWRITEPROMPT);
+  dialog.SetOptions(options | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | more);
   dialog.SetTitle(Wide(title).c_str());
   FileTypes(filter).Apply(dialog);
   return SUCCEEDED(dialog.Show(owner));
 }
 
-struct ItemIdListDeleter {
-  void operator()(ITEMIDLIST* list) const { CoTaskMemFree(list); }
-};
-using ItemIdList = std::unique_ptr<ITEMIDLIST, ItemIdListDeleter>;
-
-// Called by the folder chooser; selects the folder to start at, which lies in `start`.
-int CALLBACK SelectStart(HWND chooser, UINT event, LPARAM, LPARAM start) {
-  if (event == BFFM_INITIALIZED) SendMessageW(chooser, BFFM_SETSELECTIONW, TRUE, start);
-  return 0;
+// The folder as the dialogs take it; null when there is none of this path.
+ComPtr<IShellItem> FolderItem(const std::string& path) {
+  ComPtr<IShellItem> item;
+  if (!path.empty()) {
+    SHCreateItemFromParsingName(Wide(path).c_str(), nullptr, IID_PPV_ARGS(&item));
+  }
+  return item;
 }
 
-std::optional<std::string> Choose(REFCLSID dialog_class, HWND owner, const std::string& title,
-                                  const std::string& filter, DWORD without) {
+struct FileQuestion {
+  const std::string& title;
+  const std::string& filter;
+  std::string first_folder;
+  DWORD options = 0;
+};
+
+std::optional<std::string> Choose(REFCLSID dialog_class, HWND owner, const FileQuestion& question) {
   ComPtr<IFileDialog> dialog;
   ComPtr<IShellItem> item;
   if (FAILED(
-          CoCreateInstance(dialog_class, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog))) ||
-      !ShowFileDialog(*dialog.Get(), owner, title, filter, 0, without) ||
+          CoCreateInstance(dialog_class, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog)))) {
+    return std::nullopt;
+  }
+  const ComPtr<IShellItem> folder = FolderItem(question.first_folder);
+  if (folder) dialog->SetDefaultFolder(folder.Get());
+  if (!ShowFileDialog(*dialog.Get(), owner, question.title, question.filter, question.options) ||
       FAILED(dialog->GetResult(&item))) {
     return std::nullopt;
   }
@@ -109,7 +117,7 @@ std::vector<std::string> ChooseOpenFiles(HWND owner, const std::string& title,
   DWORD count = 0;
   if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
                               IID_PPV_ARGS(&dialog))) ||
-      !ShowFileDialog(*dialog.Get(), owner, title, filter, FOS_ALLOWMULTISELECT, 0) ||
+      !ShowFileDialog(*dialog.Get(), owner, title, filter, FOS_ALLOWMULTISELECT) ||
       FAILED(dialog->GetResults(&items)) || FAILED(items->GetCount(&count))) {
     return {};
   }
@@ -139,30 +147,30 @@ std::string HostDialogs::AskText(const std::string& title, const std::string& pr
 
 std::optional<std::string> HostDialogs::ChooseOpenFile(const std::string& title,
                                                        const std::string& filter) {
-  return Choose(CLSID_FileOpenDialog, owner(), title, filter, 0);
+  return Choose(CLSID_FileOpenDialog, owner(), {title, filter, first_folder()});
 }
 
 std::optional<std::string> HostDialogs::ChooseSaveFile(const std::string& title,
                                                        const std::string& filter,
                                                        TakenNames taken) {
-  const DWORD without = taken == TakenNames::kLeave ? DWORD{FOS_OVERWRITEPROMPT} : 0;
-  return Choose(CLSID_FileSaveDialog, owner(), title, filter, without);
+  const DWORD question = taken == TakenNames::kAsk ? DWORD{FOS_OVERWRITEPROMPT} : 0;
+  return Choose(CLSID_FileSaveDialog, owner(), {title, filter, first_folder(), question});
 }
 
 std::optional<std::string> HostDialogs::ChooseFolder(const std::string& title,
                                                      const std::string& start) {
-  const std::wstring wide_title = Wide(title);
-  const std::wstring wide_start = Wide(start);
-  BROWSEINFOW browse = {};
-  browse.hwndOwner = owner();
-  browse.lpszTitle = wide_title.c_str();
-  browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
-  browse.lpfn = SelectStart;
-  browse.lParam = reinterpret_cast<LPARAM>(wide_start.c_str());
-  const ItemIdList chosen(SHBrowseForFolderW(&browse));
-  wchar_t path[MAX_PATH] = {};
-  if (!chosen || !SHGetPathFromIDListW(chosen.get(), path)) return std::nullopt;
-  return WideToUtf8(path);
+  ComPtr<IFileDialog> dialog;
+  ComPtr<IShellItem> item;
+  if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
+                              IID_PPV_ARGS(&dialog)))) {
+    return std::nullopt;
+  }
+  if (const ComPtr<IShellItem> folder = FolderItem(start)) dialog->SetFolder(folder.Get());
+  if (!ShowFileDialog(*dialog.Get(), owner(), title, "", FOS_PICKFOLDERS) ||
+      FAILED(dialog->GetResult(&item))) {
+    return std::nullopt;
+  }
+  return PathOf(*item.Get());
 }
 
 }  // namespace tarnwell

@@ -19,6 +19,9 @@ class HostDialogs : public Dialogs {
  public:
   // The window that a dialog comes up over now.
   std::function<HWND()> owner = [] { return HWND(nullptr); };
+  // Where the file dialogs start until the user has gone to another folder; empty for the system's
+  // own choice.
+  std::function<std::string()> first_folder = [] { return std::string(); };
   // The box with one line to fill in; the program's own window.
   std::function<std::string(const std::string& title, const std::string& prompt)> ask_text =
       [](const std::string&, const std::string&) { return std::string(); };

@@ -2,7 +2,6 @@
 
 #include <oleacc.h>
 
-#include "ui/accessible.h"
 #include "ui/look/hue_wheel.h"
 
 namespace tarnwell {
@@ -11,8 +10,7 @@ void HueField::Create(HWND parent) { Control::Create(parent, L"Hue", ROLE_SYSTEM
 
 void HueField::Update() {
   const HuePicker hue = read();
-  SetAccessibleValue(handle(),
-                     std::to_wstring(hue.marker_x) + L", " + std::to_wstring(hue.marker_y));
+  SetAccessibleValue(std::to_wstring(hue.marker_x) + L", " + std::to_wstring(hue.marker_y));
   Invalidate();
 }
 

@@ -100,10 +100,6 @@ void Look::Rescale(Scale with_scale) {
 
 void Look::ReadTheme() { theme = ChooseTheme(Environment(L"TARNWELL_THEME"), SystemIsDark()); }
 
-Scale ScaleOf(HWND window) {
-  return ForcedScale(Environment(L"TARNWELL_SCALE"), {static_cast<int>(GetDpiForWindow(window))});
-}
-
 Scale StartScale() {
   return ForcedScale(Environment(L"TARNWELL_SCALE"), {static_cast<int>(GetDpiForSystem())});
 }

@@ -44,9 +44,7 @@ struct Look {
   void ReadTheme();  // after the system's setting has changed
 };
 
-// The scale of a window's screen, unless the environment forces one.
-Scale ScaleOf(HWND window);
-// The scale that a window opened now would have.
+// The scale that a window opened now would have, unless the environment forces one.
 Scale StartScale();
 
 SIZE TextSize(const Look& look, Face face, const std::wstring& text);

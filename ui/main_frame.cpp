@@ -5,11 +5,14 @@
 #include <windowsx.h>
 
 #include "automation/auto_window.h"
+#include "engine/adjust_photo.h"
 #include "imaging/file_open.h"
+#include "imaging/photo_title.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/menu_click.h"
 #include "shell/module1.h"
+#include "shell/preview_follow.h"
 #include "shell/shut_down.h"
 #include "shell/tell.h"
 #include "shell/timers.h"
@@ -26,6 +29,11 @@ namespace {
 
 constexpr UINT_PTR kTimer1 = 1;
 constexpr UINT_PTR kTimer2 = 2;
+// The preview follows the panel: at once while that is quick, else when the user pauses.
+constexpr UINT_PTR kFollowTimer = 4;
+constexpr UINT kFollowMilliseconds = 15;
+constexpr UINT kPauseMilliseconds = 400;
+constexpr ULONGLONG kLongMilliseconds = 100;
 
 // The photo's name alone: the caption is made to follow the program's name.
 std::string_view WithoutDash(std::string_view caption) {
@@ -78,7 +86,10 @@ void MainFrame::AddTool(std::vector<Tool>& tools, int index, ButtonKind kind,
                         std::optional<Glyph> glyph, bool text_shown) {
   const Ground ground = &tools == &tools_ ? Ground::kCard : Ground::kPage;
   auto button = std::make_unique<Button>(look_, ground, kind, glyph);
-  button->clicked = [this, index] { picToolBtn_Click(*window_, index); };
+  button->clicked = [this, index] {
+    picToolBtn_Click(*window_, index);
+    if (index == kDefaultsButton || index == kOpenPresetButton) FollowPanel();
+  };
   button->Create(handle(), Wide(kToolButtons[index].caption), text_shown);
   button->SetTip(Wide(kToolButtons[index].tooltip));
   tools.push_back({index, std::move(button)});
@@ -132,6 +143,27 @@ void MainFrame::RunCommand(const std::function<void()>& change, bool refresh) {
     TellLackOfMemory(window_->form, change);
   }
   if (refresh) Refresh();
+  FollowPanel();
+}
+
+void MainFrame::FollowPanel() {
+  if (!PreviewFollowsPanel(window_->form)) return;
+  const bool slow = preview_took_long_ || IsPreviewSlow(window_->form);
+  SetTimer(handle(), kFollowTimer, slow ? kPauseMilliseconds : kFollowMilliseconds, nullptr);
+}
+
+void MainFrame::CorrectPreview() {
+  Form1& form = window_->form;
+  const bool slow = preview_took_long_ || IsPreviewSlow(form);
+  // A slider that is held would be let go by the progress window.
+  if (slow && GetCapture()) return;
+  KillTimer(handle(), kFollowTimer);
+  if (IsOccupied(*window_) || !PreviewFollowsPanel(form)) return;
+  const Occupied occupied(*window_);
+  const ULONGLONG start = GetTickCount64();
+  TellFailure(form, slow ? AdjustPhoto(form, /*preview=*/true) : others_->CorrectPreviewQuietly());
+  preview_took_long_ = GetTickCount64() - start > kLongMilliseconds;
+  RefreshPhoto();
 }
 
 void MainFrame::Open() {
@@ -235,6 +267,12 @@ void MainFrame::UpdateTools(std::vector<Tool>& tools) {
 }
 
 void MainFrame::Refresh() {
+  RefreshPhoto();
+  panel_->Update();
+  others_->Refresh();
+}
+
+void MainFrame::RefreshPhoto() {
   const Form1& form = window_->form;
   SetText(Wide(form.caption.empty() ? form.app.title : form.caption));
   const bool photo = form.buffer.surfaces.picOriginal.picture != nullptr;
@@ -247,12 +285,10 @@ void MainFrame::Refresh() {
   compare_->Enable(photo);
   preview_->Update();
   histogram_->Update();
-  panel_->Update();
   command_status_.clear();
   status_->SetText(StatusText());
   profile_->SetText(Wide(form.modules.camera + " / " + form.modules.mode));
   PlaceStatus();
-  others_->Refresh();
 }
 
 std::wstring MainFrame::StatusText() const {
@@ -262,7 +298,12 @@ std::wstring MainFrame::StatusText() const {
   if (!original) return L"Ready";
   const std::wstring size = std::to_wstring(original->width()) + L" \x00D7 " +
                             std::to_wstring(original->height()) + L" pixels";
-  if (!form.app.photo_changed) return size;
+  if (!form.app.photo_changed) {
+    // A saved photo goes on under its new name.
+    const std::string_view shown = WithoutDash(form.lblTitleCaption);
+    const bool saved = !shown.ends_with("Unnamed Photo") && shown != CurrentPhotoName(form);
+    return saved ? size + L"  \x2022  saved as " + Wide(shown) : size;
+  }
   // What was learnt is news, and too long to stand beside the size.
   const std::string learnt = ProposalText(form.learnt);
   const std::wstring state = L"corrected, not saved  \x2022  ";
@@ -393,6 +434,7 @@ void MainFrame::OnTimer(WPARAM timer) {
   if (timer == kTimer1) Timer1_Tick(*window_);
   if (timer == kTimer1 && window_->timer1_interval == 0) KillTimer(handle(), kTimer1);
   if (timer == kTimer2) Poll();
+  if (timer == kFollowTimer) CorrectPreview();
   if (timer == kAutoModeTimer) automated_->Tick();
 }
 

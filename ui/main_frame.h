@@ -95,6 +95,9 @@ class MainFrame : public FrameWindow, public MainView {
   std::wstring StatusText() const;
   void PlaceStatus();
   void RunCommand(const std::function<void()>& change, bool refresh);
+  void RefreshPhoto();
+  void FollowPanel();
+  void CorrectPreview();
   void KeepPlacement();
   void RestorePlacement();
 
@@ -114,6 +117,7 @@ class MainFrame : public FrameWindow, public MainView {
   std::unique_ptr<HistogramControl> histogram_;
   std::unique_ptr<PanelView> panel_;
   std::wstring command_status_;  // what the running command said last
+  bool preview_took_long_ = false;
 };
 
 }  // namespace tarnwell

@@ -1,11 +1,14 @@
 #include "ui/messages.h"
 
 #include <string>
+#include <windowsx.h>
 
 #include "ui/window.h"
 
 namespace tarnwell {
 namespace {
+
+constexpr ULONGLONG kEventsMilliseconds = 10;
 
 bool IsOurs(HWND root) {
   wchar_t name[32] = {};
@@ -35,6 +38,14 @@ bool PressFocusedButton(const MSG& message) {
   return true;
 }
 
+// The wheel turns what is below the pointer, whatever has the focus.
+void SendToPointer(MSG& message) {
+  if (message.message != WM_MOUSEWHEEL && message.message != WM_MOUSEHWHEEL) return;
+  const HWND below = WindowFromPoint({GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)});
+  if (!below || GetWindowThreadProcessId(below, nullptr) != GetCurrentThreadId()) return;
+  if (IsWindowEnabled(GetAncestor(below, GA_ROOT))) message.hwnd = below;
+}
+
 }  // namespace
 
 bool Messages::HandleKey(const MSG& message, HWND root) {
@@ -46,6 +57,7 @@ bool Messages::HandleKey(const MSG& message, HWND root) {
 }
 
 void Messages::Dispatch(MSG& message) {
+  SendToPointer(message);
   const HWND root = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
   if (root && IsOurs(root)) {
     const bool key = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
@@ -58,6 +70,11 @@ void Messages::Dispatch(MSG& message) {
 }
 
 void Messages::Run() {
+  // A pass lets events in at every column: asking the system so often would take longer than the
+  // columns. What waits this long is still at once for a person.
+  const ULONGLONG now = GetTickCount64();
+  if (held_ || now - last_run_ < kEventsMilliseconds) return;
+  last_run_ = now;
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (message.message == WM_QUIT) {

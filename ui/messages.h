@@ -19,6 +19,18 @@ class Messages : public PendingEvents {
 
   void Run() override;  // handles what waits
 
+  // While it lives, Run() does nothing: for what is over sooner than anybody could act.
+  class Hold {
+   public:
+    explicit Hold(Messages& messages) : messages_(messages) { messages_.held_ = true; }
+    ~Hold() { messages_.held_ = false; }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+   private:
+    Messages& messages_;
+  };
+
   // Handles messages until the program ends. Returns its exit code.
   int RunUntilQuit();
   // Handles messages while `goes_on`, or until the program ends.
@@ -27,6 +39,9 @@ class Messages : public PendingEvents {
  private:
   void Dispatch(MSG& message);
   bool HandleKey(const MSG& message, HWND root);
+
+  bool held_ = false;
+  ULONGLONG last_run_ = 0;
 };
 
 }  // namespace tarnwell

@@ -1,5 +1,7 @@
 #include "ui/modal_window.h"
 
+#include <algorithm>
+
 #include "ui/fields.h"
 #include "ui/messages.h"
 
@@ -12,6 +14,7 @@ constexpr int kButtonHeight = 4 * kGrid;
 constexpr int kFootHeight = 7 * kGrid;
 constexpr int kChoiceHeight = 4 * kGrid;
 constexpr int kQuestionHeight = 4 * kGrid;
+constexpr int kMostChoicesShown = 8;  // the rest is scrolled to
 constexpr int kModalWidth = 62 * kGrid;
 
 }  // namespace
@@ -74,7 +77,7 @@ ChoiceWindow::ChoiceWindow(HWND owner, const std::wstring& title, const std::wst
     choice->is_on = [this, i] { return chosen_ == i; };
     choice->clicked = [this, i] {
       chosen_ = i;
-      for (const auto& other : choices_) other->Invalidate();
+      for (const auto& other : choices_) other->Update();
     };
     choice->Create(handle(), choices[i]);
     choices_.push_back(std::move(choice));
@@ -94,10 +97,11 @@ void ChoiceWindow::LayOutContent(const Box& content) {
 
 CheckListWindow::CheckListWindow(HWND owner, const std::wstring& title, const std::wstring& text,
                                  const std::vector<std::wstring>& entries)
-    : text_(look_, Ground::kPage, Face::kStrong), checked_(entries.size(), true) {
-  const int count = static_cast<int>(entries.size());
-  CreateModal(title, owner, kModalWidth, kQuestionHeight + count * kChoiceHeight + 2 * kMargin);
+    : text_(look_, Ground::kPage, Face::kStrong), list_(look_), checked_(entries.size(), true) {
+  const int shown = std::min(static_cast<int>(entries.size()), kMostChoicesShown);
+  CreateModal(title, owner, kModalWidth, kQuestionHeight + shown * kChoiceHeight + 2 * kMargin);
   text_.Create(handle(), text);
+  list_.Create(handle(), text);
   for (std::size_t i = 0; i < entries.size(); ++i) {
     auto box = std::make_unique<CheckBox>(look_, Ground::kPage);
     CheckBox* made = box.get();
@@ -106,17 +110,19 @@ CheckListWindow::CheckListWindow(HWND owner, const std::wstring& title, const st
       checked_[i] = !checked_[i];
       made->Update();
     };
-    box->Create(handle(), entries[i]);
+    box->Create(list_.content(), entries[i]);
     boxes_.push_back(std::move(box));
   }
 }
 
 void CheckListWindow::LayOutContent(const Box& content) {
   text_.Place({content.x, content.y, content.width, Px(kQuestionHeight)});
-  int y = content.y + Px(kQuestionHeight + kGrid);
-  for (const auto& box : boxes_) {
-    box->Place({content.x, y, content.width, Px(kChoiceHeight)});
-    y += Px(kChoiceHeight);
+  const int top = content.y + Px(kQuestionHeight + kGrid);
+  const int height = Px(kChoiceHeight);
+  list_.Place({content.x, top, content.width, content.bottom() - top});
+  list_.SetContentHeight(static_cast<int>(boxes_.size()) * height);
+  for (std::size_t i = 0; i < boxes_.size(); ++i) {
+    boxes_[i]->Place({0, static_cast<int>(i) * height, content.width - Px(2 * kGrid), height});
   }
 }
 

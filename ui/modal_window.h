@@ -5,6 +5,7 @@
 
 #include "ui/buttons.h"
 #include "ui/frame_window.h"
+#include "ui/scroll_view.h"
 
 namespace tarnwell {
 
@@ -55,7 +56,7 @@ class ChoiceWindow : public ModalWindow {
   int chosen_;
 };
 
-// Any of several choices, all of them checked at first.
+// Any of several choices, all of them checked at first; many of them scroll.
 class CheckListWindow : public ModalWindow {
  public:
   CheckListWindow(HWND owner, const std::wstring& title, const std::wstring& text,
@@ -68,6 +69,7 @@ class CheckListWindow : public ModalWindow {
 
  private:
   Label text_;
+  ScrollView list_;
   std::vector<std::unique_ptr<CheckBox>> boxes_;
   std::vector<bool> checked_;
 };

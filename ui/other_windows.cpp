@@ -1,5 +1,6 @@
 #include "ui/other_windows.h"
 
+#include "engine/adjust_photo.h"
 #include "modules/open_mode.h"
 #include "modules/white_balance.h"
 #include "platform/platform.h"
@@ -77,11 +78,23 @@ void OtherWindows::ShowZoom(ZoomMode mode) {
       window_.view.Refresh();
     };
   }
-  // A colour is picked from the photo as it was taken.
-  const PhotoSurfaces& surfaces = form.buffer.surfaces;
-  OpenZoom(zoom_model_, mode,
-           mode == ZoomMode::kViewOnly ? surfaces.picSource.picture : surfaces.picOriginal.picture);
+  OpenZoom(zoom_model_, mode, PhotoForZoom(mode));
   zoom_->Open();
+}
+
+// A colour is picked from the photo as it was taken.
+const Picture& OtherWindows::PhotoForZoom(ZoomMode mode) const {
+  const PhotoSurfaces& surfaces = window_.form.buffer.surfaces;
+  return mode == ZoomMode::kViewOnly ? surfaces.picSource.picture : surfaces.picOriginal.picture;
+}
+
+Status OtherWindows::CorrectPreviewQuietly() {
+  const Messages::Hold hold(messages_);
+  frmProgress& progress = window_.form.progress;
+  progress.view = nullptr;
+  Status status = AdjustPhoto(window_.form, /*preview=*/true);
+  progress.view = progress_.get();
+  return status;
 }
 
 void OtherWindows::ManageSkinTones() {
@@ -141,6 +154,11 @@ void OtherWindows::SetShowFocus(bool show) {
 }
 
 void OtherWindows::Refresh() {
+  // What the zoom window shows must be the photo in the main one.
+  if (zoom_model_.visible && !ShowInZoom(zoom_model_, PhotoForZoom(zoom_model_.mode))) {
+    zoom_->Dismiss();
+  }
+  if (zoom_) zoom_->Invalidate();
   if (about_) about_->Invalidate();
 }
 

@@ -7,6 +7,7 @@
 
 #include "modules/frm_skin_tones.h"
 #include "modules/frm_zoom.h"
+#include "platform/status.h"
 #include "ui/look.h"
 
 namespace tarnwell {
@@ -42,6 +43,8 @@ class OtherWindows {
   // One answer per entry, all of them on at first; none when the user cancels.
   std::vector<bool> CheckEntries(const std::string& title, const std::string& text,
                                  const std::vector<std::string>& entries);
+  // Corrects the preview without a progress window and without letting events in.
+  Status CorrectPreviewQuietly();
   std::string AskText(const std::string& title, const std::string& prompt);
 
   void SetShowFocus(bool show);  // in all of them
@@ -49,6 +52,7 @@ class OtherWindows {
   void CloseAll();
 
  private:
+  const Picture& PhotoForZoom(ZoomMode mode) const;
   MainWindow& window_;
   Messages& messages_;
   HWND main_window_ = nullptr;

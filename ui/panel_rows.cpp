@@ -58,6 +58,14 @@ PanelPart TextButton(HWND parent, const Look& look, const std::wstring& name,
   return {std::move(button), std::move(place)};
 }
 
+// Whether moving the slider would change anything: some have a check that puts them in force.
+bool SliderCounts(const Form1& form, int index) {
+  if (index == 0) return form.modules.IsChecked(kWhiteLimitByHand);
+  if (index == 1) return form.modules.IsChecked(kBlackLimitByHand);
+  if (index != kJpegQualitySlider || !form.modules.save_switches[kQualityAsOriginal]) return true;
+  return !form.metadata || !form.metadata->jpeg_quality;
+}
+
 Parts SliderRow(HWND parent, const Look& look, PanelHost& host, int index) {
   auto slider = std::make_unique<SliderControl>(look);
   SliderControl* made = slider.get();
@@ -72,8 +80,11 @@ Parts SliderRow(HWND parent, const Look& look, PanelHost& host, int index) {
   };
   slider->Create(parent, Wide(kSliders[index].name));
   Parts parts;
-  parts.push_back(
-      {std::move(slider), [](const Box& row) { return row; }, [made] { made->Update(); }});
+  parts.push_back({std::move(slider), [](const Box& row) { return row; },
+                   [made, &host, index] {
+                     made->Enable(SliderCounts(host.form, index));
+                     made->Update();
+                   }});
   return parts;
 }
 
@@ -172,7 +183,7 @@ PanelPart WhiteModeChoice(HWND parent, const Look& look, PanelHost& host, int mo
           },
           [made, &form, mode] {
             made->SetText(WhiteModeCaption(form.modules, mode));
-            made->Invalidate();
+            made->Update();
           }};
 }
 

@@ -1,7 +1,5 @@
 #include "ui/panel_view.h"
 
-#include <windowsx.h>
-
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/profile_selection.h"
@@ -13,28 +11,16 @@ namespace tarnwell {
 namespace {
 
 constexpr int kSwitchWidth = 44;
-constexpr int kScrollBarWidth = 12;
-constexpr int kWheelStep = 6 * kGrid;
 
 }  // namespace
 
-PanelView::PanelView(const Look& look, PanelHost host)
-    : look_(look), host_(std::move(host)), content_(*this), scroll_bar_(look) {}
+PanelView::PanelView(const Look& look, PanelHost host) : ScrollView(look), host_(std::move(host)) {}
 
 PanelView::~PanelView() = default;
 
 void PanelView::Create(HWND parent) {
-  Make(kChildClass, L"Modules", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
-       WS_EX_CONTROLPARENT, parent, {});
-  content_.Create(handle());
-  scroll_bar_.Create(handle());
-  scroll_bar_.scrolled = [this](int offset) { ScrollTo(offset); };
+  ScrollView::Create(parent, L"Modules");
   for (int module = 0; module < kModuleCount; ++module) MakeModule(module);
-}
-
-void PanelView::Content::Create(HWND parent) {
-  Make(kChildClass, L"Modules", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
-       WS_EX_CONTROLPARENT, parent, {});
 }
 
 void PanelView::MakeModule(int module) {
@@ -44,18 +30,18 @@ void PanelView::MakeModule(int module) {
   parts.expand = std::make_unique<SwitchControl>(look_);
   parts.expand->is_on = [&form, module] { return form.modules.IsOpen(module); };
   parts.expand->clicked = [this, module] { Toggle(module); };
-  parts.expand->Create(content_.handle(), L"Open/ Close Module: " + title);
+  parts.expand->Create(content(), L"Open/ Close Module: " + title);
   parts.expand->SetTip(L"Open/ Close Module");
 
   parts.defaults = std::make_unique<Button>(look_, Ground::kCard, ButtonKind::kFlat, Glyph::kReset);
   parts.defaults->clicked = [this, &form, module] {
     host_.command([&] { DefaultValuesClick(form, module); });
   };
-  parts.defaults->Create(content_.handle(), L"Default Values: " + title, /*text_shown=*/false);
+  parts.defaults->Create(content(), L"Default Values: " + title, /*text_shown=*/false);
   parts.defaults->SetTip(L"Default Values");
 
   for (const PanelRow& row : RowsOf(module)) {
-    parts.rows.push_back(MakeRow(content_.handle(), look_, host_, row));
+    parts.rows.push_back(MakeRow(content(), look_, host_, row));
   }
 }
 
@@ -88,59 +74,12 @@ void PanelView::PlaceModule(int module) {
 }
 
 void PanelView::Update() {
-  const Box view = Client();
-  layout_ = StackFunctions(host_.form.modules, view.width, look_.scale);
-  offset_ = ClampScroll(offset_, layout_.height, view.height);
-  content_.Place({0, -offset_, view.width, std::max(layout_.height, view.height)});
+  layout_ = StackFunctions(host_.form.modules, Client().width, look_.scale);
+  SetContentHeight(layout_.height);
   for (int module = 0; module < kModuleCount; ++module) PlaceModule(module);
-  const int bar = look_.Px(kScrollBarWidth);
-  scroll_bar_.Place({view.width - bar - 1, look_.Px(4), bar, view.height - 2 * look_.Px(4)});
-  scroll_bar_.Update(layout_.height, view.height, offset_);
-  SetWindowPos(scroll_bar_.handle(), HWND_TOP, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
-
-void PanelView::ScrollTo(int offset) {
-  offset_ = ClampScroll(offset, layout_.height, Client().height);
-  content_.Place({0, -offset_, Client().width, std::max(layout_.height, Client().height)});
-  scroll_bar_.Update(layout_.height, Client().height, offset_);
-  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-}
-
-void PanelView::Wheel(int delta) { ScrollTo(offset_ - delta * look_.Px(kWheelStep) / WHEEL_DELTA); }
 
 void PanelView::TakeFocus() { SetFocus(modules_[0].expand->handle()); }
-
-void PanelView::ShowChild(HWND child) {
-  RECT rect = {};
-  GetWindowRect(child, &rect);
-  MapWindowPoints(nullptr, content_.handle(), reinterpret_cast<POINT*>(&rect), 2);
-  const int margin = look_.Px(kGrid);
-  const int wanted =
-      ScrollToShow(offset_, rect.top - margin, rect.bottom + margin, Client().height);
-  if (wanted != offset_) ScrollTo(wanted);
-}
-
-LRESULT PanelView::Handle(UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_SIZE:
-      Update();
-      return 0;
-    case WM_MOUSEWHEEL:
-      Wheel(GET_WHEEL_DELTA_WPARAM(w));
-      return 0;
-    case WM_ERASEBKGND:
-      return 1;
-    case WM_PAINT: {
-      const PaintScope paint(handle());
-      Painter painter(paint.dc(), paint.area(), look_);
-      painter.Fill(Client(), look_.theme.page);
-      return 0;
-    }
-  }
-  return Window::Handle(message, w, l);
-}
 
 void PanelView::PaintModule(Painter& painter, int module) {
   const Theme& theme = look_.theme;
@@ -154,31 +93,15 @@ void PanelView::PaintModule(Painter& painter, int module) {
                host_.form.modules.IsOpen(module) ? theme.text : theme.quiet, DT_LEFT | DT_NOPREFIX);
 }
 
-LRESULT PanelView::Content::Handle(UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_ERASEBKGND:
-      return 1;
-    case WM_PAINT: {
-      const PaintScope paint(handle());
-      Painter painter(paint.dc(), paint.area(), panel_.look_);
-      painter.Fill(Client(), panel_.look_.theme.page);
-      for (int module = 0; module < kModuleCount; ++module) panel_.PaintModule(painter, module);
-      return 0;
-    }
-    case WM_LBUTTONUP:
-      for (int module = 0; module < kModuleCount; ++module) {
-        if (!panel_.layout_.modules[module].header.Contains(GET_X_LPARAM(l), GET_Y_LPARAM(l))) {
-          continue;
-        }
-        panel_.Toggle(module);
-        break;
-      }
-      return 0;
-    case kFocusArrived:
-      panel_.ShowChild(reinterpret_cast<HWND>(w));
-      return 0;
+void PanelView::PaintContent(Painter& painter, const Box& client) {
+  painter.Fill(client, look_.theme.page);
+  for (int module = 0; module < kModuleCount; ++module) PaintModule(painter, module);
+}
+
+void PanelView::OnContentClick(int x, int y) {
+  for (int module = 0; module < kModuleCount; ++module) {
+    if (layout_.modules[module].header.Contains(x, y)) return Toggle(module);
   }
-  return Window::Handle(message, w, l);
 }
 
 }  // namespace tarnwell

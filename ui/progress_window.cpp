@@ -11,6 +11,8 @@ constexpr int kMargin = 3 * kGrid;
 constexpr UINT_PTR kTimer1 = 1;
 // When the correction has told nothing for so long, the bar moves on its own.
 constexpr ULONGLONG kSilentMilliseconds = 500;
+// A run that is over sooner, as most previews are, shows no window that would only flicker.
+constexpr ULONGLONG kShownAfterMilliseconds = 300;
 
 }  // namespace
 
@@ -56,9 +58,15 @@ void ProgressBox::PaintClient(Painter& painter, const Box& client) {
 
 void ProgressBox::ShowWindow() {
   ShowText(progress_.lblJob);
-  last_report_ = GetTickCount64();
+  started_ = last_report_ = GetTickCount64();
+  running_ = true;
   SetTimer(handle(), kTimer1, static_cast<UINT>(progress_.timer_interval), nullptr);
   if (const HWND owner = GetWindow(handle(), GW_OWNER)) EnableWindow(owner, FALSE);
+}
+
+void ProgressBox::ComeUpWhenDue() {
+  if (!running_ || IsWindowVisible(handle())) return;
+  if (GetTickCount64() - started_ < kShownAfterMilliseconds) return;
   ShowCentred();
   SetFocus(picCancel_.handle());
   UpdateWindow(handle());
@@ -67,12 +75,14 @@ void ProgressBox::ShowWindow() {
 // The main window is enabled first, or another program's window would come to the front.
 void ProgressBox::HideWindow() {
   KillTimer(handle(), kTimer1);
+  running_ = false;
   if (const HWND owner = GetWindow(handle(), GW_OWNER)) EnableWindow(owner, TRUE);
   Show(false);
 }
 
 void ProgressBox::DrawBar(float) {
   last_report_ = GetTickCount64();
+  ComeUpWhenDue();
   const RECT bar = ToRect(Inset(BarBox(), -1, -1));
   RedrawWindow(handle(), &bar, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
@@ -80,6 +90,7 @@ void ProgressBox::DrawBar(float) {
 void ProgressBox::ShowText(const std::string& lblJob) {
   SetText(Wide(progress_.caption));
   lblJob_.SetText(Wide(lblJob));
+  ComeUpWhenDue();
   UpdateWindow(lblJob_.handle());
   ShowNote();
 }
@@ -109,6 +120,7 @@ void ProgressBox::Animate() {
 
 LRESULT ProgressBox::Handle(UINT message, WPARAM w, LPARAM l) {
   if (message == WM_TIMER && w == kTimer1) {
+    ComeUpWhenDue();
     Animate();
     return 0;
   }

@@ -31,6 +31,7 @@ class ProgressBox : public FrameWindow, public ProgressView {
   void ShowNote();
   void Cancel();
   void Animate();
+  void ComeUpWhenDue();
 
   frmProgress& progress_;
   bool& cancel_requested_;
@@ -38,6 +39,8 @@ class ProgressBox : public FrameWindow, public ProgressView {
   Label lblJob_;
   Label lblFolder_;
   Button picCancel_;
+  bool running_ = false;
+  ULONGLONG started_ = 0;
   ULONGLONG last_report_ = 0;
 };
 

@@ -7,7 +7,7 @@
 namespace tarnwell {
 
 void ScrollBar::Create(HWND parent) {
-  Control::Create(parent, L"Scroll the modules", ROLE_SYSTEM_SCROLLBAR, false);
+  Control::Create(parent, L"Scroll", ROLE_SYSTEM_SCROLLBAR, false);
 }
 
 void ScrollBar::Update(int content, int view, int offset) {

@@ -25,13 +25,22 @@ Status OpenWithSystem(const std::string& target) {
   return Status::Error(Failure::kOther, target + ": the system has no program to open this with");
 }
 
-std::wstring QuickLaunchFolder() {
+std::wstring KnownFolder(REFKNOWNFOLDERID id) {
   wchar_t* folder = nullptr;
   std::wstring path;
-  if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_QuickLaunch, KF_FLAG_CREATE, nullptr, &folder))) {
-    path = folder;
-  }
+  if (SUCCEEDED(SHGetKnownFolderPath(id, KF_FLAG_CREATE, nullptr, &folder))) path = folder;
   CoTaskMemFree(folder);
+  return path;
+}
+
+// Where the system does not know the folder by its name, it is made where it has always been.
+std::wstring QuickLaunchFolder() {
+  std::wstring path = KnownFolder(FOLDERID_QuickLaunch);
+  if (!path.empty()) return path;
+  path = KnownFolder(FOLDERID_RoamingAppData);
+  if (path.empty()) return {};
+  path += L"\\Microsoft\\Internet Explorer\\Quick Launch";
+  SHCreateDirectoryExW(nullptr, path.c_str(), nullptr);
   return path;
 }
 

@@ -4,7 +4,6 @@
 #include <oleacc.h>
 #include <windowsx.h>
 
-#include "ui/accessible.h"
 #include "ui/look/panel_layout.h"
 #include "ui/wide_text.h"
 
@@ -33,7 +32,7 @@ void SliderControl::Update() {
   Invalidate();
   if (text == told_) return;
   told_ = text;
-  SetAccessibleValue(handle(), Wide(text));
+  SetAccessibleValue(Wide(text));
 }
 
 Box SliderControl::LeftArrow() const {
@@ -59,19 +58,21 @@ SliderControl::Part SliderControl::PartAt(int x, int y) const {
 
 void SliderControl::PaintArrow(Painter& painter, const Box& box, Glyph glyph, Part part) {
   const Theme& theme = look().theme;
-  if (under_pointer_ == part || dragged_ == part) {
+  if (enabled() && (under_pointer_ == part || dragged_ == part)) {
     painter.Round(box, look().scale.Exact(5), dragged_ == part ? theme.pressed : theme.hover);
   }
   const int side = look().Px(16);
-  painter.Icon(Centred(box, side, side), glyph, theme.quiet);
+  painter.Icon(Centred(box, side, side), glyph, enabled() ? theme.quiet : theme.disabled);
 }
 
 void SliderControl::Paint(Painter& painter, const Box& client) {
   const Theme& theme = look().theme;
   const Slider slider = read();
+  const Colour text = enabled() ? theme.text : theme.disabled;
+  const Colour mark = enabled() ? theme.accent : theme.disabled;
   const Box words = {client.x, client.y, client.width, look().Px(kTextHeight)};
-  painter.Text(words, Text(), Face::kBody, theme.text, DT_LEFT | DT_NOPREFIX);
-  painter.Text(words, Wide(slider.text), Face::kStrong, theme.text, DT_RIGHT | DT_NOPREFIX);
+  painter.Text(words, Text(), Face::kBody, text, DT_LEFT | DT_NOPREFIX);
+  painter.Text(words, Wide(slider.text), Face::kStrong, text, DT_RIGHT | DT_NOPREFIX);
   PaintArrow(painter, LeftArrow(), Glyph::kChevronLeft, Part::kLeftArrow);
   PaintArrow(painter, RightArrow(), Glyph::kChevronRight, Part::kRightArrow);
 
@@ -82,19 +83,15 @@ void SliderControl::Paint(Painter& painter, const Box& client) {
   painter.Round(line, thick / 2.0, theme.track);
   const int origin_x = KnobX(origin, track.x, track.width);
   const int from = std::min(origin_x, knob_x);
-  painter.Round({from, line.y, std::abs(knob_x - origin_x), thick}, thick / 2.0, theme.accent);
+  painter.Round({from, line.y, std::abs(knob_x - origin_x), thick}, thick / 2.0, mark);
   const Point centre = {knob_x + 0.0, track.y + track.height / 2.0};
   const double radius = look().scale.Exact(kKnobRadius);
   if (ShowsFocus())
     painter.Ring(centre, radius + look().scale.Exact(3), look().scale.Exact(2), theme.accent);
   painter.Disc(centre, radius, theme.dark ? theme.pressed : theme.card);
-  painter.Ring(centre, radius - 0.5, 1, theme.control_border);
+  painter.Ring(centre, radius - 0.5, 1, enabled() ? theme.control_border : theme.disabled);
   const bool hot = under_pointer_ == Part::kTrack || dragged_ == Part::kTrack;
-  painter.Disc(centre,
-               look().scale.Exact(dragged_ == Part::kTrack ? 4
-                                  : hot                    ? 5.5
-                                                           : 4.5),
-               theme.accent);
+  painter.Disc(centre, look().scale.Exact(dragged_ == Part::kTrack ? 4 : hot ? 5.5 : 4.5), mark);
 }
 
 void SliderControl::OnPress(int x, int y) {

@@ -2,8 +2,6 @@
 
 #include <oleacc.h>
 
-#include "ui/accessible.h"
-
 namespace tarnwell {
 
 void SwatchControl::Create(HWND parent, const std::wstring& name) {
@@ -15,7 +13,7 @@ void SwatchControl::SetColour(const Rgb& colour) {
   colour_ = colour;
   const std::wstring value = std::to_wstring(colour.red) + L", " + std::to_wstring(colour.green) +
                              L", " + std::to_wstring(colour.blue);
-  SetAccessibleValue(handle(), value);
+  SetAccessibleValue(value);
   SetTip(value);
   Invalidate();
 }

@@ -2,8 +2,6 @@
 
 #include <oleacc.h>
 
-#include "ui/accessible.h"
-
 namespace tarnwell {
 namespace {
 constexpr int kWidth = 34;
@@ -15,10 +13,7 @@ void SwitchControl::Create(HWND parent, const std::wstring& name) {
 }
 
 void SwitchControl::Update() {
-  const bool on = is_on();
-  if (told_ == on) return;
-  told_ = on;
-  SetAccessibleValue(handle(), on ? L"on" : L"off");
+  SetAccessibleChecked(is_on());
   Invalidate();
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "ui/control.h"
 
 namespace tarnwell {
@@ -19,9 +17,6 @@ class SwitchControl : public Control {
  protected:
   void Paint(Painter& painter, const Box& client) override;
   void OnClick() override { clicked(); }
-
- private:
-  std::optional<bool> told_;
 };
 
 }  // namespace tarnwell

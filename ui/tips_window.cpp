@@ -6,8 +6,8 @@
 namespace tarnwell {
 namespace {
 
-constexpr int kWidth = 58 * kGrid;
-constexpr int kHeight = 38 * kGrid;
+constexpr int kWidth = 48 * kGrid;
+constexpr int kHeight = 42 * kGrid;
 constexpr int kMargin = 3 * kGrid;
 constexpr int kFootHeight = 7 * kGrid;
 constexpr int kButtonHeight = 4 * kGrid;
@@ -52,7 +52,8 @@ void TipsWindow::ShowTip(int tip) {
   hide_this_.Update();
   hide_all_.Update();
   Invalidate();
-  if (!IsWindowVisible(handle())) ShowCentred();
+  // Over the module panel: a tip about the preview must not hide it.
+  if (!IsWindowVisible(handle())) ShowAtRight();
 }
 
 void TipsWindow::LayOut(const Box& client) {

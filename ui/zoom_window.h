@@ -24,6 +24,7 @@ class ZoomWindow : public FrameWindow {
   };
   ZoomWindow(HWND owner, Models models);
   void Open();  // shows what the model was opened for
+  void Dismiss() { OnDismiss(); }
 
   std::function<void()> closed = [] {};  // after a pick or a close; other windows show anew
 

@@ -75,6 +75,19 @@ TEST_F(ZoomTest, ArrowKeysMoveTheViewByStepsAndStopAtTheEdges) {
   EXPECT_EQ(lefts, (std::vector{-32, -40, -8, 0}));
 }
 
+TEST_F(ZoomTest, APhotoOfTheSameSizeTakesThePlaceOfTheOneInView) {
+  Open(ZoomMode::kViewOnly, 400, 300);
+  ZoomKeyDown(zoom, ArrowKey::kRight);
+  const int left = zoom.left;
+  const Picture corrected = RandomPixels(400, 300);
+  EXPECT_TRUE(ShowInZoom(zoom, corrected));
+  EXPECT_EQ(zoom.photo, corrected);
+  EXPECT_EQ(zoom.left, left);
+  EXPECT_FALSE(ShowInZoom(zoom, RandomPixels(300, 400)));
+  EXPECT_FALSE(ShowInZoom(zoom, nullptr));
+  EXPECT_EQ(zoom.photo, corrected);
+}
+
 TEST_F(ZoomTest, ReleaseOfTheLeftButtonPicksTheWhitePixel) {
   Open(ZoomMode::kPickWhite, 300, 200);
   zoom.left = -50;

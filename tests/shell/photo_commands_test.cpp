@@ -4,6 +4,7 @@
 
 #include "engine/adjust_photo.h"
 #include "shell/clipboard_commands.h"
+#include "shell/preview_follow.h"
 #include "shell/restore_original.h"
 #include "shell/save_as.h"
 #include "shell/zoom_request.h"
@@ -100,6 +101,21 @@ TEST(RequestZoom, CorrectsTheFullPhotoFirstWhenOnlyThePreviewWas) {
     EXPECT_EQ(desk.dialogs.Asked().size(), c.answers.size());
     EXPECT_EQ(desk.dialogs.Told(), Texts{});
   }
+}
+
+// A slider that is moved shows at once what it does, but never throws a full correction away.
+TEST(PreviewFollowsPanel, OnlyWhileACorrectedPreviewIsShown) {
+  MainDesk desk;
+  EXPECT_FALSE(PreviewFollowsPanel(desk.form)) << "no photo";
+  desk.ShowLargePhoto();
+  EXPECT_FALSE(PreviewFollowsPanel(desk.form)) << "nothing corrected";
+  ASSERT_TRUE(AdjustPhoto(desk.form, /*preview=*/true).ok());
+  EXPECT_TRUE(PreviewFollowsPanel(desk.form));
+  ASSERT_TRUE(AdjustPhoto(desk.form, /*preview=*/false).ok());
+  EXPECT_FALSE(PreviewFollowsPanel(desk.form)) << "the full photo is corrected";
+  ASSERT_TRUE(AdjustPhoto(desk.form, /*preview=*/true).ok());
+  RestoreOriginalImage(desk.form);
+  EXPECT_FALSE(PreviewFollowsPanel(desk.form)) << "restored";
 }
 
 }  // namespace

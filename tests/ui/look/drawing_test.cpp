@@ -37,6 +37,16 @@ TEST(DrawSmooth, BetweenTwoPixelsLieTheirMixtures) {
   EXPECT_EQ(target.view().at(3, 0)[kRed], 200);
 }
 
+// Eight source pixels to one: the first, third, fifth and seventh of them count, counted from 0.
+TEST(DrawSmooth, AMuchSmallerPictureIsMadeOfMeans) {
+  PixelArray picture(16, 1), target(2, 1);
+  const int levels[16] = {255, 0, 255, 100, 255, 200, 255, 100, 9, 8, 9, 8, 9, 8, 9, 7};
+  for (int x = 0; x < 16; ++x) picture.mutable_view().at(x, 0)[kGreen] = levels[x];
+  DrawSmooth(target.mutable_view(), {0, 0, 2, 1}, picture.view());
+  EXPECT_EQ(target.view().at(0, 0)[kGreen], 100);
+  EXPECT_EQ(target.view().at(1, 0)[kGreen], 8) << "7.75";
+}
+
 TEST(HueWheel, RedRightGreenUpperLeftBlueLowerLeftGroundInTheCorners) {
   const Picture wheel = HueWheel(106, Hex(0x123456));
   const auto strongest = [&](int x, int y) {

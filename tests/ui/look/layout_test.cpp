@@ -3,6 +3,7 @@
 
 #include "ui/look/main_layout.h"
 #include "ui/look/panel_layout.h"
+#include "ui/look/preview_zoom.h"
 #include "ui/look/scale.h"
 
 namespace tarnwell {
@@ -94,6 +95,28 @@ TEST(PanelLayout, Scrolling) {
   EXPECT_EQ(ScrollToShow(100, 50, 90, 300), 50) << "above";
   EXPECT_EQ(ScrollToShow(100, 450, 500, 300), 200) << "below";
   EXPECT_EQ(ScrollToShow(0, 100, 900, 300), 100) << "taller than the view";
+}
+
+// A landscape photo in a square of 320: all of it is 320 x 160 in the middle.
+TEST(PreviewZoom, WhatIsBelowThePointerStaysUntilAnEdgeStopsIt) {
+  const Box client = {0, 0, 320, 320};
+  const Box whole = {0, 80, 320, 160};
+  const auto at = [&](const PreviewZoom& zoom) { return EnlargedBox(zoom, client, whole); };
+  EXPECT_EQ(at({}), whole);
+
+  // 1.25 x 1.25 = 1.5625; the point 240 lies at three quarters of the width.
+  const PreviewZoom closer = Turned({}, client, whole, 2, 240, 160, 8);
+  EXPECT_EQ(at(closer), (Box{-135, 35, 500, 250})) << "240 = -135 + 0.75 x 500";
+  EXPECT_EQ(at(Turned({}, client, whole, 2, 0, 160, 8)).x, 0) << "the left edge stays";
+  EXPECT_EQ(at(Turned({}, client, whole, 99, 160, 160, 8)).width, 8 * 320);
+  EXPECT_EQ(at(Turned(closer, client, whole, -2, 10, 10, 8)), whole);
+  EXPECT_EQ(at(Turned(closer, client, whole, -50, 10, 10, 8)), whole);
+  EXPECT_FALSE(Turned({}, client, {}, 5, 10, 10, 8).enlarged()) << "no photo";
+
+  EXPECT_EQ(at(Pulled(closer, client, whole, 30, 0)), (Box{-105, 35, 500, 250}));
+  EXPECT_EQ(at(Pulled(closer, client, whole, 999, 50)), (Box{0, 35, 500, 250}));
+  EXPECT_EQ(at(Pulled(closer, client, whole, -999, 0)), (Box{-180, 35, 500, 250}));
+  EXPECT_EQ(at(Pulled({}, client, whole, 30, 30)), whole);
 }
 
 TEST(PanelLayout, KnobPositionsComeBackFromTheScreen) {

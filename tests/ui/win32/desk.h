@@ -112,6 +112,14 @@ struct Desk : Program {
     ASSERT_TRUE(WaitFor([&] { return Ended(code); }));
     EXPECT_EQ(code, 0u);
   }
+  // The wheel over a window's middle, by so many notches.
+  void Wheel(HWND window, int notches) {
+    RECT rect = {};
+    GetWindowRect(window, &rect);
+    SetCursorPos((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+    PostMessageW(main(), WM_MOUSEWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA),
+                 MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2));
+  }
   static std::string Narrowed(const std::wstring& text) { return WideToUtf8(text).value_or("?"); }
 };
 
