@@ -107,7 +107,6 @@ bool AutoPass::Begin(std::size_t index) {
     SetTrayState(tray_, TrayState::kProcessing);
   }
   const WatchedPhoto& photo = photos_[index];
-  mode_.current_name = photo.name;
   AutoPhotoTask& task = tasks_[index];
   task.correct.photo = PathOf(index);
   task.saved_as = photo.saved_as;
@@ -187,10 +186,6 @@ void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHos
   if (mode.worked) host.RefreshMainWindow();
   mode.worked = false;
   mode.busy = false;
-}
-
-void CorrectInWindow(AutoPass& pass, Form1& form) {
-  for (std::size_t i = 0; i < pass.size() && pass.Begin(i); ++i) pass.Correct(i, form);
 }
 
 }  // namespace tarnwell

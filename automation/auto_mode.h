@@ -38,7 +38,6 @@ struct AutoMode {
   bool busy = false;       // a pass is running; ticks meanwhile do nothing
   bool worked = false;     // a photo has been taken up in the current pass
   bool once = false;       // a tick is one pass; photos are ready at the first look
-  std::string current_name;
   frmAutoMode window;
   WatchedFolder watched;
 
@@ -109,8 +108,5 @@ void EndAutoMode(AutoMode& mode, SysTray& tray);
 
 // One tick of the timer: takes the photos in the input folder until none is ready.
 void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& host);
-
-// Takes all photos of a pass one after the other in one window.
-void CorrectInWindow(AutoPass& pass, Form1& form);
 
 }  // namespace tarnwell

@@ -5,12 +5,6 @@
 #include "shell/line_reader.h"
 
 namespace tarnwell {
-namespace {
-
-// Three paths are never as long as this; what is longer was not written by this program.
-constexpr std::uint64_t kMostBytes = 1 << 20;
-
-}  // namespace
 
 std::string WithBackslash(std::string folder) {
   if (!folder.ends_with('\\')) folder += '\\';
@@ -19,7 +13,7 @@ std::string WithBackslash(std::string folder) {
 
 Status LoadAutoSetup(Files& files, const std::string& program_folder, AutoFolders& folders) {
   const std::string path = program_folder + kAutoSetupFile;
-  const auto text = files.Read(path, kMostBytes);
+  const auto text = files.Read(path, kMostTextBytes);
   if (text.status.failure == Failure::kNotFound) return Status::Ok();
   if (!text.ok()) return text.status;
   return ApplyAutoSetupText(*text, files.Display(path), folders);

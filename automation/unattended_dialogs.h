@@ -2,8 +2,10 @@
 
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "platform/dialogs.h"
 

@@ -1,8 +1,8 @@
 #include "console/folder_progress.h"
 
 #include <algorithm>
-#include <iomanip>
 
+#include "console/terminal_line.h"
 #include "platform/clock.h"
 #include "shell/time_left.h"
 
@@ -10,7 +10,6 @@ namespace tarnwell {
 namespace {
 
 constexpr int kBarWidth = 20;
-constexpr char kWipeLine[] = "\r\x1b[K";
 
 }  // namespace
 
@@ -65,11 +64,10 @@ void FolderProgress::Tell(const std::string& line) {
 
 void FolderProgress::Draw() {
   if (!drawn_) return;
-  const int filled = percent_ * kBarWidth / 100;
-  terminal_ << kWipeLine << "[" << std::string(filled, '#') << std::string(kBarWidth - filled, '.')
-            << "] " << std::setw(3) << percent_ << " %  photo "
-            << ShownPosition(shown_, total_, done_, clock_.Nanos() - started_) << "  " << name_
-            << std::flush;
+  terminal_ << kWipeLine;
+  DrawPercentBar(terminal_, percent_, kBarWidth);
+  terminal_ << "  photo " << ShownPosition(shown_, total_, done_, clock_.Nanos() - started_) << "  "
+            << name_ << std::flush;
 }
 
 }  // namespace tarnwell

@@ -3,14 +3,10 @@
 #include <string>
 
 #include "console/console_dialogs.h"
-#include "console/console_events.h"
 #include "console/console_host.h"
-#include "console/console_system.h"
+#include "console/console_window.h"
 #include "console/panel_settings.h"
-#include "modules/frm_modules.h"
 #include "modules/presets.h"
-#include "platform/platform.h"
-#include "shell/module1.h"
 
 namespace tarnwell {
 namespace {
@@ -39,19 +35,17 @@ std::string WordsNotKept(const Settings& settings) {
 int RunPresetsCommand(const PresetsOptions& options, ConsoleHost& host) {
   ConsoleSystem system;
   ConsoleDialogs dialogs(host.err, /*save_thumbnail=*/false);
-  Module1 app;
-  ConsoleEvents events(host.interrupted, app.cancel_requested);
-  Platform platform{*system.files, *system.codec, *system.jpeg,    dialogs,
-                    events,        *system.clock, system.clipboard};
-  frmModules panel = FirstStartPanel();
-  Status status = UseProgramFolder(options.settings.program_folder, *system.files, app);
-  if (status.ok()) status = ApplySettings(options.settings, platform, app, panel);
+  ConsoleWindow window(StartingPoint(), system, dialogs, host.interrupted, 1);
+  Status status = UseProgramFolder(options.settings.program_folder, *system.files, window.app);
+  if (status.ok()) {
+    status = ApplySettings(options.settings, window.platform, window.app, window.modules);
+  }
   if (!status.ok()) {
     host.err << status.message << std::endl;
     return kWrongUsage;
   }
   const std::string path = system.files->Absolute(options.file);
-  status = WritePreset(app, *system.files, panel, path);
+  status = WritePreset(window.app, *system.files, window.modules, path);
   if (!status.ok()) {
     host.err << status.message << std::endl;
     return kSomePhotoFailed;

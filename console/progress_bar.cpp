@@ -1,13 +1,13 @@
 #include "console/progress_bar.h"
 
 #include <algorithm>
-#include <iomanip>
+
+#include "console/terminal_line.h"
 
 namespace tarnwell {
 namespace {
 
 constexpr int kBarWidth = 30;
-constexpr char kWipeLine[] = "\r\x1b[K";
 
 }  // namespace
 
@@ -40,10 +40,9 @@ void ProgressBar::ShowTimeLeft(const std::string& time_left) {
 
 void ProgressBar::Draw() {
   if (!shown_) return;
-  const int filled = percent_ * kBarWidth / 100;
-  terminal_ << kWipeLine << "[" << std::string(filled, '#') << std::string(kBarWidth - filled, '.')
-            << "] " << std::setw(3) << percent_ << " %  " << text_
-            << (time_left_.empty() ? "" : " " + time_left_) << std::flush;
+  terminal_ << kWipeLine;
+  DrawPercentBar(terminal_, percent_, kBarWidth);
+  terminal_ << "  " << text_ << (time_left_.empty() ? "" : " " + time_left_) << std::flush;
 }
 
 }  // namespace tarnwell

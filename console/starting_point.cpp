@@ -4,21 +4,17 @@
 
 #include "console/panel_settings.h"
 #include "engine/learning_store.h"
+#include "modules/open_mode.h"
 #include "platform/platform.h"
 #include "platform/system.h"
 
 namespace tarnwell {
-namespace {
-
-constexpr int kLeaveSettingsAlone = 2;  // photo open mode
-
-}  // namespace
 
 Status Prepare(const Settings& settings, Platform& platform, std::ostream& err,
                StartingPoint& start) {
   const Status found = UseProgramFolder(settings.program_folder, platform.files, start.app);
   if (!found.ok()) return found;
-  start.app.open_mode = kLeaveSettingsAlone;
+  start.app.open_mode = kLeaveAll;
   const Status applied = ApplySettings(settings, platform, start.app, start.modules);
   if (!applied.ok()) return applied;
   LoadedLearning learnt = LoadLearningData(platform.files, start.app.mode_folder);

@@ -1,13 +1,9 @@
 #include "console/watch_lines.h"
 
 #include "console/console_dialogs.h"
+#include "console/terminal_line.h"
 
 namespace tarnwell {
-namespace {
-
-constexpr char kWipeLine[] = "\r\x1b[K";
-
-}  // namespace
 
 WatchLines::~WatchLines() {
   if (drawn_) err_ << kWipeLine << std::flush;

@@ -88,14 +88,17 @@ Result<std::vector<Resolution>> ListResolutions(const Module1& app, Files& files
   return resolutions;
 }
 
-std::string MapPath(Files& files, const std::string& folder) {
+std::optional<std::string> FindMap(Files& files, const std::string& folder) {
   const Result<std::vector<FolderEntry>> entries = files.List(folder);
-  if (entries.ok()) {
-    for (const FolderEntry& entry : *entries) {
-      if (!entry.is_folder && FoldCase(entry.name) == kMapName) return folder + entry.name;
-    }
+  if (!entries.ok()) return std::nullopt;
+  for (const FolderEntry& entry : *entries) {
+    if (!entry.is_folder && FoldCase(entry.name) == kMapName) return folder + entry.name;
   }
-  return folder + kMapName;
+  return std::nullopt;
+}
+
+std::string MapPath(Files& files, const std::string& folder) {
+  return FindMap(files, folder).value_or(folder + kMapName);
 }
 
 }  // namespace tarnwell

@@ -39,7 +39,9 @@ Result<std::vector<std::string>> ListTestShots(Files& files, const std::string& 
 // has no folder for them.
 Result<std::vector<Resolution>> ListResolutions(const Module1& app, Files& files);
 
-// The map's path in the folder of its resolution: as it is spelled there, else "map.bmp".
+// The map in the folder of its resolution, as its name is spelled there; nothing if there is none.
+std::optional<std::string> FindMap(Files& files, const std::string& folder);
+// The same, or where a new map goes.
 std::string MapPath(Files& files, const std::string& folder);
 
 }  // namespace tarnwell

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "deadpixels/dead_pixel_files.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -31,7 +32,7 @@ Status DeleteFilesOf(Files& files, const std::string& folder) {
 }  // namespace
 
 Status DeleteDeadPixelData(const Module1& app, Files& files) {
-  const std::string folder = app.camera_folder + "~ Dead Pixels\\";
+  const std::string folder = DeadPixelsFolder(app);
   const Result<std::vector<FolderEntry>> entries = files.List(folder);
   if (entries.status.failure == Failure::kNotFound) return Status::Ok();
   if (!entries.ok()) return entries.status;

@@ -1,6 +1,7 @@
-#include <algorithm>
-#include <cctype>
+#include <memory>
+#include <string>
 
+#include "deadpixels/dead_pixel_files.h"
 #include "deadpixels/repair_dead_pixels.h"
 #include "imaging/thumbnail.h"
 #include "imaging/upright.h"
@@ -21,26 +22,6 @@ constexpr char kNoMapTip[] =
     "No dead pixel information could be found for current camera and resolution. You can see Help "
     "(press F1) for more information on setting up dead pixel correction for this camera and mode.";
 
-bool IsMapName(std::string name) {
-  std::transform(name.begin(), name.end(), name.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-  return name == "map.bmp";
-}
-
-// The map's path for photos of this size, in whatever letter case it was written; empty if there is
-// none.
-std::string FindMap(Files& files, const std::string& camera_folder, int width, int height) {
-  const std::string folder = camera_folder + "~ Dead Pixels\\" + std::to_string(width) + "x" +
-                             std::to_string(height) + "\\";
-  if (!files.FolderExists(folder)) return {};
-  const auto entries = files.List(folder);
-  if (!entries.ok()) return {};
-  for (const FolderEntry& entry : *entries) {
-    if (!entry.is_folder && IsMapName(entry.name)) return folder + entry.name;
-  }
-  return {};
-}
-
 // The map that fits the photo, or why there is none (kNotFound: one of another size). Maps are of
 // the sensor: a photo that was turned when it was opened takes the map for its size before, turned
 // alike.
@@ -55,7 +36,7 @@ struct MapOfSensor {
     const bool exchanged = ExchangesSides(orientation);
     width = exchanged ? photo.height : photo.width;
     height = exchanged ? photo.width : photo.height;
-    path = FindMap(form.platform.files, form.app.camera_folder, width, height);
+    path = FindMap(form.platform.files, ResolutionFolder(form.app, {width, height})).value_or("");
   }
 
   Result<Picture> Load(PictureCodec& codec, const GoOn& go_on) const {

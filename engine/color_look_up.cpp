@@ -1,9 +1,6 @@
 #include "engine/color_look_up.h"
 
-#if defined(__x86_64__) || defined(__i386__)
-#include <immintrin.h>
-#define TARNWELL_AVX2 [[gnu::target("avx2")]]
-#endif
+#include "engine/avx2.h"
 
 namespace tarnwell {
 namespace {

@@ -1,6 +1,5 @@
 #include "engine/color_rotation.h"
 
-#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 #include "imaging/pixel_array.h"
 
 namespace tarnwell {

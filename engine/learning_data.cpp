@@ -45,7 +45,7 @@ float ColumnScale(int column) {
   }
 }
 
-inline constexpr int kComparedColumns = 10;
+constexpr int kComparedColumns = 10;
 
 // How much `stored` counts for a photo that measures `current`: 1 for a perfect match, falling to 0
 // at an agreement of 90 %. Nothing when a field cannot be read or no column can be compared.

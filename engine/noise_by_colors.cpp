@@ -133,83 +133,121 @@ NoiseByColors::SharedWindow NoiseByColors::MakeShared(int rows) const {
   return window;
 }
 
+// Some rows that share a window, and the counts of the colours in it.
 template <typename Count>
-void NoiseByColors::SmoothRows(const PicturePiece& rows, const Band& band, Count* counts,
-                               MutablePixelView target) const {
-  const int row_count = rows.bottom - rows.top;
-  const SharedWindow& window = windows_[row_count - 1];
-  const int height = static_cast<int>(window.half_widths.size());
-  std::vector<std::ptrdiff_t> entering(height), leaving(height);
-  for (int row = 0; row < height; ++row) {
-    entering[row] = (window.half_widths[row] + 1) * band.height() + row;
-    leaving[row] = -window.half_widths[row] * band.height() + row;
-  }
-  std::vector<std::vector<std::int32_t>> fringes(row_count);
-  for (int row = 0; row < row_count; ++row) {
-    for (const auto& [dx, dy] : window.fringes[row]) {
-      fringes[row].push_back(static_cast<std::int32_t>(dy * band.planes().row() + dx));
+class NoiseByColors::Rows {
+ public:
+  Rows(const NoiseByColors& noise, const PicturePiece& rows, const Band& band, Count* counts)
+      : noise_(noise),
+        rows_(rows),
+        band_(band),
+        counts_(counts),
+        window_(noise.windows_[rows.bottom - rows.top - 1]),
+        top_(rows.top + window_.top),
+        fringes_(rows.bottom - rows.top),
+        fringe_sums_(fringes_.size()) {
+    for (std::size_t row = 0; row < window_.half_widths.size(); ++row) {
+      const auto start = static_cast<std::ptrdiff_t>(row);
+      entering_.push_back((window_.half_widths[row] + 1) * band.height() + start);
+      leaving_.push_back(-window_.half_widths[row] * band.height() + start);
+    }
+    for (std::size_t row = 0; row < fringes_.size(); ++row) {
+      for (const auto& step : window_.fringes[row]) fringes_[row].push_back(OffsetOf(step));
     }
   }
 
-  // Counts the pixels of the window around column x, or takes them out again.
-  const int top = rows.top + window.top;
-  const auto count_window = [&](int x, int change) {
-    for (int row = 0; row < height; ++row) {
-      const int first = std::max(x - window.half_widths[row], 0);
-      const int last = std::min(x + window.half_widths[row], reference_.width - 1);
+  // All counts are 0 before and afterwards.
+  void Smooth(MutablePixelView target) {
+    CountAll(rows_.left, 1);
+    for (int x = rows_.left; x < rows_.right; ++x) {
+      if ((x - rows_.left) % kCentres == 0) AddFringes(x);
+      for (int y = rows_.top; y < rows_.bottom; ++y) SmoothPixel(x, y, target.at(x, y));
+      if (x + 1 < rows_.right) Move(x);
+    }
+    CountAll(rows_.right - 1, -1);
+  }
+
+ private:
+  std::int32_t OffsetOf(const SharedWindow::Step& step) const {
+    return static_cast<std::int32_t>(step.dy * band_.planes().row() + step.dx);
+  }
+
+  // Counts the pixels of the window around column x, or takes them out again (`change` -1).
+  void CountAll(int x, int change) {
+    for (std::size_t row = 0; row < window_.half_widths.size(); ++row) {
+      const int first = std::max(x - window_.half_widths[row], 0);
+      const int last = std::min(x + window_.half_widths[row], noise_.reference_.width - 1);
       for (int column = first; column <= last; ++column) {
-        Count& count = counts[*band.at(column, top + row)];
+        Count& count = counts_[*band_.at(column, top_ + static_cast<int>(row))];
         count = static_cast<Count>(count + change);
       }
     }
-  };
+  }
 
-  std::vector<NeighborSums> fringe_sums(row_count);
-  std::vector<std::int32_t> clipped;
-  const auto add_fringes = [&](int x) {
-    for (int row = 0; row < row_count; ++row) {
-      fringe_sums[row] = NeighborSums();
-      const int y = rows.top + row;
-      const bool at_edge = x < radius_ || x + kCentres + radius_ > reference_.width ||
-                           y < radius_ || y + radius_ >= reference_.height;
-      if (at_edge) {
-        clipped.clear();
-        for (const auto& [dx, dy] : window.fringes[row]) {
-          if (y + dy < 0 || y + dy >= reference_.height) continue;
-          if (x + kCentres + dx <= 0 || x + dx >= reference_.width) continue;
-          clipped.push_back(static_cast<std::int32_t>(dy * band.planes().row() + dx));
-        }
-      }
-      const std::vector<std::int32_t>& offsets = at_edge ? clipped : fringes[row];
+  // From column x to the next.
+  void Move(int x) {
+    const std::int32_t* column = band_.at(x, top_);
+    Count* const counts = counts_;
+    for (std::size_t row = 0; row < entering_.size(); ++row) {
+      ++counts[column[entering_[row]]];
+      --counts[column[leaving_[row]]];
+    }
+  }
+
+  // The sums over the fringes of the kCentres pixels from column x on, for every row.
+  void AddFringes(int x) {
+    for (std::size_t row = 0; row < fringes_.size(); ++row) {
+      const int y = rows_.top + static_cast<int>(row);
+      const bool at_edge = IsAtEdge(x, y);
+      if (at_edge) ClipFringe(x, y);
+      const std::vector<std::int32_t>& offsets = at_edge ? clipped_ : fringes_[row];
       std::uint16_t limits[kCentres] = {};
-      for (int i = 0; i < std::min(kCentres, rows.right - x); ++i) {
-        limits[i] = static_cast<std::uint16_t>(rule_.limit(SumOfChannels(reference_.at(x + i, y))));
+      for (int i = 0; i < std::min(kCentres, rows_.right - x); ++i) {
+        const int sum = SumOfChannels(noise_.reference_.at(x + i, y));
+        limits[i] = static_cast<std::uint16_t>(noise_.rule_.limit(sum));
       }
       NeighborJob job;
-      job.centres = band.planes().at(x, y);
-      job.plane = band.planes().plane();
+      job.centres = band_.planes().at(x, y);
+      job.plane = band_.planes().plane();
       job.offsets = offsets.data();
       job.count = static_cast<int>(offsets.size());
       job.limits = limits;
-      job.highest_limit = rule_.highest_limit();
+      job.highest_limit = noise_.rule_.highest_limit();
       job.at_edge = at_edge;
-      add_neighbors_(job, fringe_sums[row]);
+      fringe_sums_[row] = NeighborSums();
+      noise_.add_neighbors_(job, fringe_sums_[row]);
     }
-  };
+  }
 
-  const auto smooth = [&](int x, int row) {
-    std::uint8_t* pixel = target.at(x, rows.top + row);
-    const int limit = rule_.limit(SumOfChannels(pixel));
+  bool IsAtEdge(int x, int y) const {
+    const int radius = noise_.radius_;
+    return x < radius || x + kCentres + radius > noise_.reference_.width || y < radius ||
+           y + radius >= noise_.reference_.height;
+  }
+
+  // Leaves out of the fringe what lies outside the picture for all kCentres pixels.
+  void ClipFringe(int x, int y) {
+    clipped_.clear();
+    for (const auto& step : window_.fringes[y - rows_.top]) {
+      if (y + step.dy < 0 || y + step.dy >= noise_.reference_.height) continue;
+      if (x + kCentres + step.dx <= 0 || x + step.dx >= noise_.reference_.width) continue;
+      clipped_.push_back(OffsetOf(step));
+    }
+  }
+
+  void SmoothPixel(int x, int y, std::uint8_t* pixel) const {
+    const int limit = noise_.rule_.limit(SumOfChannels(pixel));
     if (limit <= 1) return;
     std::int32_t sums[6];
-    const Count* run = counts + cells_.cell(pixel) - reach_;
+    const Count* run = counts_ + noise_.cells_.cell(pixel) - noise_.reach_;
+    const NearColors& near = noise_.near_[limit - 1];
     if constexpr (sizeof(Count) == sizeof(std::uint16_t)) {
-      look_ups_.narrow(run, near_[limit - 1], cells_, sums);
+      noise_.look_ups_.narrow(run, near, noise_.cells_, sums);
     } else {
-      look_ups_.wide(run, near_[limit - 1], cells_, sums);
+      noise_.look_ups_.wide(run, near, noise_.cells_, sums);
     }
-    const NeighborSums& fringe = fringe_sums[row];
-    const int lane = (x - rows.left) % kCentres;
+    const NeighborSums& fringe = fringe_sums_[y - rows_.top];
+    const int lane = (x - rows_.left) % kCentres;
     NoiseSums found;
     for (int i = 0; i < 3; ++i) {
       const std::int64_t plain = std::int64_t{sums[i]} + fringe.plain[i][lane];
@@ -217,22 +255,21 @@ void NoiseByColors::SmoothRows(const PicturePiece& rows, const Band& band, Count
       found.plain[i] = plain;
       found.weighted[i] = limit * plain - weighted;
     }
-    rule_.Blend(found, pixel);
-  };
-
-  count_window(rows.left, 1);
-  for (int x = rows.left; x < rows.right; ++x) {
-    if ((x - rows.left) % kCentres == 0) add_fringes(x);
-    for (int row = 0; row < row_count; ++row) smooth(x, row);
-    if (x + 1 == rows.right) break;
-    const std::int32_t* column = band.at(x, top);
-    for (int row = 0; row < height; ++row) {
-      ++counts[column[entering[row]]];
-      --counts[column[leaving[row]]];
-    }
+    noise_.rule_.Blend(found, pixel);
   }
-  count_window(rows.right - 1, -1);
-}
+
+  const NoiseByColors& noise_;
+  const PicturePiece rows_;
+  const Band& band_;
+  Count* const counts_;
+  const SharedWindow& window_;
+  const int top_;  // the window's first row, in the picture
+  // Cells that come in, and that leave, from a column's first cell; by row of the window.
+  std::vector<std::ptrdiff_t> entering_, leaving_;
+  std::vector<std::vector<std::int32_t>> fringes_;  // by row, away from the pixel
+  std::vector<NeighborSums> fringe_sums_;           // by row
+  std::vector<std::int32_t> clipped_;
+};
 
 template <typename Count>
 void NoiseByColors::SmoothPiece(const PicturePiece& piece, CountsPool<Count>& pool,
@@ -242,7 +279,7 @@ void NoiseByColors::SmoothPiece(const PicturePiece& piece, CountsPool<Count>& po
   const int most = static_cast<int>(windows_.size());
   for (int y = piece.top; y < piece.bottom; y += most) {
     const PicturePiece rows = {piece.left, y, piece.right, std::min(y + most, piece.bottom)};
-    SmoothRows(rows, band, counts.get(), target);
+    Rows<Count>(*this, rows, band, counts.get()).Smooth(target);
   }
   pool.GiveBack(std::move(counts));
 }

@@ -103,8 +103,7 @@ class NoiseByColors {
   };
   SharedWindow MakeShared(int rows) const;
   template <typename Count>
-  void SmoothRows(const PicturePiece& rows, const Band& band, Count* counts,
-                  MutablePixelView target) const;
+  class Rows;
   template <typename Count>
   void SmoothPiece(const PicturePiece& piece, CountsPool<Count>& pool,
                    MutablePixelView target) const;

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "engine/focus_filter.h"
-#include "engine/noise_filter.h"
+#include "engine/noise_settings.h"
 
 namespace tarnwell {
 

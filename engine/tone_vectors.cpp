@@ -1,13 +1,9 @@
 #include "engine/tone_vectors.h"
 
-#if defined(__x86_64__) || defined(__i386__)
-#include <immintrin.h>
-#define TARNWELL_AVX2 [[gnu::target("avx2")]]
-#endif
-
 #include <algorithm>
 #include <cmath>
 
+#include "engine/avx2.h"
 #include "engine/rounding.h"
 
 namespace tarnwell {

@@ -22,7 +22,7 @@ std::optional<Rgb> ReferenceFromFile(const Module1& app, Platform& platform,
 std::optional<Rgb> Reference(const Module1& app, Platform& platform, const frmModules& panel) {
   switch (panel.white_balance_mode) {
     case WhiteBalanceMode::kModeDefault: {
-      const std::string path = app.mode_folder + "White Balance.wbs";
+      const std::string path = app.mode_folder + kModeWhiteBalanceName;
       if (platform.files.FileExists(path)) return ReferenceFromFile(app, platform, path);
       platform.dialogs.Tell(app.title,
                             app.title +

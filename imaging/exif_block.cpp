@@ -1,7 +1,6 @@
 #include "imaging/exif_block.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <vector>
 

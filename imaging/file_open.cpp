@@ -1,6 +1,5 @@
 #include "imaging/file_open.h"
 
-#include <optional>
 #include <utility>
 
 #include "engine/adjust_photo.h"

@@ -4,7 +4,7 @@
 
 #include "imaging/icc_profile.h"
 
-#include <cstdint>
+#include "imaging/big_endian.h"
 
 namespace tarnwell {
 namespace {
@@ -13,12 +13,9 @@ constexpr std::string_view kName("ICC_PROFILE\0", 12);
 constexpr std::size_t kPieceHeader = kName.size() + 2;
 constexpr std::size_t kProfileHeader = 128;
 
-int ByteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
-
 bool BeginsLikeAProfile(std::string_view bytes) {
   if (bytes.size() < kProfileHeader || bytes.substr(36, 4) != "acsp") return false;
-  std::size_t length = 0;
-  for (int i = 0; i < 4; ++i) length = length << 8 | ByteAt(bytes, i);
+  const std::size_t length = NumberAt(bytes, 0, 4);
   return length >= kProfileHeader && length <= bytes.size();
 }
 

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string_view>
 
+#include "imaging/big_endian.h"
 #include "imaging/jpeg_tables.h"
 
 namespace tarnwell {
@@ -19,8 +20,6 @@ struct StepTables {
   std::optional<StepTable> chrominance;
 };
 
-int ByteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
-
 // A segment holds tables one after another: a byte with the size of the steps (high half, 0 for one
 // byte each) and the table's number, then the steps in the order of a scan. Number 0 is luminance,
 // as every encoder has it.
@@ -33,8 +32,7 @@ void ReadTables(std::string_view content, StepTables& tables) {
     StepTable steps;
     for (int i = 0; i < kSteps; ++i) {
       const std::size_t at = 1 + static_cast<std::size_t>(i) * bytes_each;
-      steps[kZigzag[i]] = bytes_each == 1 ? ByteAt(content, at)
-                                          : ByteAt(content, at) << 8 | ByteAt(content, at + 1);
+      steps[kZigzag[i]] = bytes_each == 1 ? ByteAt(content, at) : WordAt(content, at);
     }
     if (number == 0) tables.luminance = steps;
     if (number == 1) tables.chrominance = steps;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "imaging/big_endian.h"
 #include "imaging/jpeg_segments.h"
 #include "imaging/pixel_array.h"
 
@@ -20,11 +21,6 @@ struct Frame {
   int components = 0;
   std::uint64_t blocks = 0;  // of 8 x 8 samples, over all components; 0: the header is damaged
 };
-
-int ByteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
-int WordAt(std::string_view bytes, std::size_t at) {
-  return ByteAt(bytes, at) << 8 | ByteAt(bytes, at + 1);
-}
 
 // Blocks of all components, of which each has a resolution of its own: `factors` holds three bytes
 // a component, the middle one its factors across (high half) and down.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "imaging/photo_metadata.h"
 #include "imaging/pixel_array.h"

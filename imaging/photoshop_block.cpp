@@ -11,6 +11,8 @@
 #include <array>
 #include <cstdint>
 
+#include "imaging/big_endian.h"
+
 namespace tarnwell {
 namespace {
 
@@ -23,12 +25,6 @@ enum Resource : std::uint32_t {
   kXmp = 0x0424,
   kIptcChecksum = 0x0425,
 };
-
-std::uint32_t Number(std::string_view bytes, std::size_t at, int count) {
-  std::uint32_t number = 0;
-  for (int i = 0; i < count; ++i) number = number << 8 | static_cast<std::uint8_t>(bytes[at + i]);
-  return number;
-}
 
 bool IsSignature(std::string_view four) {
   constexpr std::array<std::string_view, 5> kSignatures = {"8BIM", "MeSa", "AgHg", "PHUT", "DCSR"};
@@ -45,12 +41,12 @@ struct ResourceParts {
 // Takes the first resource from `rest`; false when it breaks off.
 bool TakeResource(std::string_view& rest, ResourceParts& parts) {
   if (rest.size() < 8 || !IsSignature(rest.substr(0, 4))) return false;
-  parts.number = Number(rest, 4, 2);
+  parts.number = NumberAt(rest, 4, 2);
   const std::size_t name =
       (1 + static_cast<std::uint8_t>(rest[6]) + std::size_t{1}) & ~std::size_t{1};
   const std::size_t head = 6 + name;
   if (rest.size() < head + 4) return false;
-  const std::size_t length = Number(rest, head, 4);
+  const std::size_t length = NumberAt(rest, head, 4);
   const std::size_t left = rest.size() - head - 4;
   if (length > left) return false;
   parts.head = rest.substr(0, head);
@@ -76,11 +72,11 @@ std::size_t FieldBytes(std::string_view rest) {
   constexpr std::size_t kHead = 5;
   if (rest.size() < kHead || rest[0] != '\x1C') return 0;
   std::size_t head = kHead;
-  std::size_t length = Number(rest, 3, 2);
+  std::size_t length = NumberAt(rest, 3, 2);
   if (length & 0x8000) {
     const std::size_t more = length & 0x7FFF;
     if (more > 4 || rest.size() < kHead + more) return 0;
-    length = Number(rest, kHead, static_cast<int>(more));
+    length = NumberAt(rest, kHead, static_cast<int>(more));
     head += more;
   }
   return length <= rest.size() - head ? head + length : 0;

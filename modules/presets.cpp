@@ -16,7 +16,6 @@
 #include "modules/presets.h"
 
 #include <algorithm>
-#include <cstdint>
 
 #include "modules/skin_tones.h"
 #include "modules/white_balance.h"
@@ -29,7 +28,6 @@
 namespace tarnwell {
 namespace {
 
-constexpr std::uint64_t kMostBytes = 1 << 20;
 constexpr int kHeaderLines = 6;
 
 using FourLines = std::array<std::string, 4>;
@@ -38,7 +36,7 @@ Result<FourLines> CustomWhiteLines(Files& files, const frmModules& panel) {
   FourLines four = {"0", "0", "0", "0"};
   const std::string& path = panel.custom_white_file;
   if (path.empty() || !files.FileExists(path)) return four;
-  const Result<std::string> text = files.Read(path, kMostBytes);
+  const Result<std::string> text = files.Read(path, kMostTextBytes);
   if (!text.ok()) return text.status;
   LineReader lines(*text, files.Display(path));
   for (std::string& kept : four) {
@@ -185,7 +183,7 @@ Status PresetLoad(Module1& app, Platform& platform, frmModules& panel, const std
   }
   chosen = platform.files.Absolute(chosen);
   app.preset_path = chosen;
-  const Result<std::string> text = platform.files.Read(chosen, kMostBytes);
+  const Result<std::string> text = platform.files.Read(chosen, kMostTextBytes);
   if (!text.ok()) return text.status;
   const Result<WhiteBalanceMode> mode =
       ApplyPresetText(panel, *text, chosen, platform.files.Display(chosen), platform.events);

@@ -11,13 +11,13 @@
 #include "platform/platform.h"
 #include "shell/letter_case.h"
 #include "shell/module1.h"
+#include "shell/tell.h"
 
 namespace tarnwell {
 namespace {
 
 constexpr char kCurrentMarker = '>';
 constexpr char kOtherMarker = ' ';
-constexpr char kDefaultName[] = "Default";
 
 // Makes `folder` (no backslash at its end) and those above it, from the first that exists on.
 Status EnsureFolder(Files& files, const std::string& folder) {
@@ -33,10 +33,6 @@ Status EnsureFolder(Files& files, const std::string& folder) {
   return made;
 }
 
-void Explain(const Module1& app, Platform& platform, const Status& failed) {
-  platform.dialogs.Tell(app.title, failed.message, Icon::kExclamation);
-}
-
 // The typed name, clean and usable; empty when there is none, which the user has been told.
 std::string AskForName(const Module1& app, Platform& platform, const std::string& title,
                        const std::string& prompt) {
@@ -44,7 +40,7 @@ std::string AskForName(const Module1& app, Platform& platform, const std::string
   if (name.empty()) return {};
   const Status usable = CheckProfileName(name);
   if (usable.ok()) return name;
-  Explain(app, platform, usable);
+  TellFailure(app, platform, usable);
   return {};
 }
 
@@ -60,7 +56,7 @@ Status MakeNewFolder(Files& files, const std::string& parent, const std::string&
 Status MakeCamera(const Module1& app, Files& files, const std::string& name) {
   Status made = MakeNewFolder(files, app.cameras_root, name, "camera");
   if (!made.ok()) return made;
-  made = files.CreateFolder(app.cameras_root + name + "\\" + kDefaultName);
+  made = files.CreateFolder(app.cameras_root + name + "\\" + kDefaultProfile);
   if (made.ok()) return made;
   // A camera without any mode must not stay behind; if even that fails, the first reason counts.
   static_cast<void>(files.DeleteFolder(app.cameras_root + name));
@@ -101,7 +97,7 @@ void SelectProfileByName(Module1& app, Platform& platform, frmModules& panel, st
   panel.mode = std::move(mode);
   // A camera folder that was made by hand may lack the mode.
   const Status there = EnsureProfileFolders(app, platform.files);
-  if (!there.ok()) return Explain(app, platform, there);
+  if (!there.ok()) return TellFailure(app, platform, there);
   picMode_Click(app, platform, panel, WhiteBalanceMode::kModeDefault);
 }
 
@@ -110,7 +106,7 @@ void SelectProfile(Module1& app, Platform& platform, frmModules& panel, ProfileL
   if (entry.empty()) return;
   const std::string name = entry.substr(1);
   if (list == ProfileList::kCameras) {
-    SelectProfileByName(app, platform, panel, name, kDefaultName);
+    SelectProfileByName(app, platform, panel, name, kDefaultProfile);
   } else {
     SelectProfileByName(app, platform, panel, panel.camera, name);
   }
@@ -120,7 +116,7 @@ void NewCamera(Module1& app, Platform& platform, frmModules& panel) {
   const std::string name = AskForName(app, platform, "New Camera", "Type the name of the camera:");
   if (name.empty()) return;
   const Status made = MakeCamera(app, platform.files, name);
-  if (!made.ok()) return Explain(app, platform, made);
+  if (!made.ok()) return TellFailure(app, platform, made);
   panel.camera = name;
   app.camera_folder = app.cameras_root + name + "\\";
 }
@@ -130,7 +126,7 @@ void NewMode(Module1& app, Platform& platform, frmModules& panel) {
       app, platform, "New Mode", "Type the name of the mode for the " + panel.camera + " camera:");
   if (name.empty()) return;
   const Status made = MakeNewFolder(platform.files, app.camera_folder, name, "mode");
-  if (!made.ok()) return Explain(app, platform, made);
+  if (!made.ok()) return TellFailure(app, platform, made);
   panel.mode = name;
   app.mode_folder = app.camera_folder + name + "\\";
 }

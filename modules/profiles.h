@@ -14,6 +14,9 @@ struct Platform;
 
 // Cameras and modes are folders: Cameras\CAMERA\MODE\. Nothing here deletes or renames one.
 
+// The camera, and the mode of every camera, that are there from the start.
+inline constexpr char kDefaultProfile[] = "Default";
+
 // The two drop-down lists of the "Camera and Mode" module, by the index of their caption
 // (`lblList`).
 enum class ProfileList : int { kCameras = 0, kModes = 1 };

@@ -1,15 +1,11 @@
 #include "modules/skin_tones.h"
 
-#include <cstdint>
-
 #include "platform/files.h"
 #include "shell/line_reader.h"
 #include "shell/module1.h"
 
 namespace tarnwell {
 namespace {
-
-constexpr std::uint64_t kMostBytes = 1 << 20;
 
 std::string SkinTonesPath(const Module1& app) { return app.program_folder + "skintones.ski"; }
 
@@ -48,7 +44,7 @@ Status SkinTonesSave(const Module1& app, Files& files, const SkinTones& tones) {
 Status SkinTonesLoad(const Module1& app, Files& files, SkinTones& tones) {
   const std::string path = SkinTonesPath(app);
   if (!files.FileExists(path)) return Status::Ok();
-  const Result<std::string> text = files.Read(path, kMostBytes);
+  const Result<std::string> text = files.Read(path, kMostTextBytes);
   if (!text.ok()) return text.status;
   return ParseSkinTones(*text, files.Display(path), tones);
 }

@@ -20,8 +20,6 @@
 namespace tarnwell {
 namespace {
 
-// Settings files are a few hundred bytes; more than this is something else.
-constexpr std::uint64_t kMostBytes = 1 << 20;
 constexpr int kTagLength = 5;
 constexpr std::array<const char*, 4> kTags = {"Red: ", "Grn: ", "Blu: ", "Sld: "};
 constexpr std::array<int, 4> kHighest = {255, 255, 255, kKnobLast};
@@ -74,7 +72,7 @@ std::string WhiteBalanceText(const WhiteBalanceSetting& setting) {
 }
 
 Result<WhiteBalanceSetting> ReadWhiteBalanceFile(Files& files, const std::string& path) {
-  const Result<std::string> text = files.Read(path, kMostBytes);
+  const Result<std::string> text = files.Read(path, kMostTextBytes);
   if (!text.ok()) return text.status;
   return ParseWhiteBalance(*text, files.Display(path));
 }

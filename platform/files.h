@@ -51,9 +51,10 @@ class Files {
   // one is there at every instant: written beside it under a temporary name, flushed, then moved.
   virtual Status Replace(const std::string& path, std::string_view bytes) = 0;
 
-  // Adds `bytes`, lines with their ends, at the end of `path` (made when missing), on lines of their
-  // own also where the last line has no end. Two programs that append at the same time lose and
-  // interleave nothing. The file changes as by Replace, so that no power cut leaves half a line.
+  // Adds `bytes`, lines with their ends, at the end of `path` (made when missing), on lines of
+  // their own also where the last line has no end. Two programs that append at the same time lose
+  // and interleave nothing. The file changes as by Replace, so that no power cut leaves half a
+  // line.
   virtual Status Append(const std::string& path, std::string_view bytes) = 0;
 
   // Hands the content of `path` to `change` and replaces the file by what that gives, like Replace.
@@ -64,8 +65,9 @@ class Files {
   virtual Status Update(const std::string& path, const FileChange& change,
                         std::uint64_t most_bytes = std::uint64_t{1} << 32) = 0;
 
-  // A name for a new file, not made, in the folder of `path` that no other call or program is given.
-  // The first write into a folder, and this, deletes there what programs left that were ended.
+  // A name for a new file, not made, in the folder of `path` that no other call or program is
+  // given. The first write into a folder, and this, deletes there what programs left that were
+  // ended.
   virtual std::string TemporaryBeside(const std::string& path) = 0;
 
   // Flushes `temporary` and gives it the name `path`, never replacing anything: kExists when a

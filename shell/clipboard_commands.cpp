@@ -1,7 +1,5 @@
 #include "shell/clipboard_commands.h"
 
-#include <string>
-
 #include "engine/adjust_photo.h"
 #include "imaging/file_open.h"
 #include "imaging/load_photo.h"

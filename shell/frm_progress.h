@@ -7,7 +7,7 @@ namespace tarnwell {
 class PendingEvents;
 
 // The progress window's model. The correction writes stage and percentage; a view, if there is one,
-// draws lblJob and the bar whenever `on_change` tells it to.
+// draws lblJob and the bar when it is told.
 class ProgressView {
  public:
   virtual ~ProgressView() = default;

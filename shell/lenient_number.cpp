@@ -7,7 +7,6 @@
 #include "engine/rounding.h"
 
 namespace tarnwell {
-namespace {
 
 std::string_view WithoutBlanks(std::string_view text) {
   constexpr std::string_view kBlanks = " \t";
@@ -15,8 +14,6 @@ std::string_view WithoutBlanks(std::string_view text) {
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
-
-}  // namespace
 
 std::optional<double> ParseLenientNumber(std::string_view text) {
   std::string_view digits = WithoutBlanks(text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,6 +8,9 @@
 #include "platform/status.h"
 
 namespace tarnwell {
+
+// What is longer than this is no text file of the program's: those are a few hundred bytes.
+inline constexpr std::uint64_t kMostTextBytes = 1 << 20;
 
 // Reads the text of a positional file, one value per line, from top to bottom. Lines end in CR LF
 // or LF; the end behind the last line may be missing. A line end at the very end of the text starts

@@ -3,8 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/status.h"
-
 namespace tarnwell {
 
 class Files;

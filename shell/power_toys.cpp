@@ -1,6 +1,5 @@
 #include "shell/power_toys.h"
 
-#include <cstdint>
 #include <string>
 
 #include "platform/dialogs.h"
@@ -8,17 +7,12 @@
 #include "platform/platform.h"
 #include "shell/line_reader.h"
 #include "shell/module1.h"
+#include "shell/tell.h"
 
 namespace tarnwell {
 namespace {
 
-constexpr std::uint64_t kMostBytes = 1 << 20;
-
 std::string PowerToysPath(const Module1& app) { return app.program_folder + "powertoys.ini"; }
-
-void TellFailure(const Module1& app, Platform& platform, const Status& status) {
-  if (!status.ok()) platform.dialogs.Tell(app.title, status.message, Icon::kExclamation);
-}
 
 }  // namespace
 
@@ -26,7 +20,7 @@ Status LoadPowerToys(Module1& app, Files& files) {
   const std::string path = PowerToysPath(app);
   if (!files.FileExists(path)) return Status::Ok();
   app.power_toys = true;
-  const Result<std::string> text = files.Read(path, kMostBytes);
+  const Result<std::string> text = files.Read(path, kMostTextBytes);
   if (!text.ok()) return text.status;
   return ApplyPowerToysText(app, *text, files.Display(path));
 }

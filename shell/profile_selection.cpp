@@ -46,7 +46,7 @@ void NewModeClick(Form1& form) {
 
 bool DefaultValuesClick(Form1& form, int module) {
   if (!PicDefault_Click(form.app, form.platform, form.modules, module)) return false;
-  if (module == kCameraAndMode) SelectCameraAndMode(form, "Default", "Default");
+  if (module == kCameraAndMode) SelectCameraAndMode(form, kDefaultProfile, kDefaultProfile);
   if (module == kSavePhotoAs) {
     BuildOutputNames(form.names, form.app.current_file, form.platform.files);
   }

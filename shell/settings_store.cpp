@@ -37,16 +37,15 @@
 #include "platform/platform.h"
 #include "shell/field_visitors.h"
 #include "shell/form1.h"
+#include "shell/line_reader.h"
 #include "shell/module1.h"
 #include "shell/power_toys.h"
 
 namespace tarnwell {
 namespace {
 
-constexpr std::uint64_t kMostBytes = 1 << 20;
 constexpr int kLowest16 = std::numeric_limits<std::int16_t>::min();
 constexpr int kHighest16 = std::numeric_limits<std::int16_t>::max();
-constexpr int kHueLast = 105;
 
 template <typename Visitor>
 void VisitSliders(Visitor& visitor, frmModules& panel) {
@@ -96,8 +95,8 @@ void VisitFields(Visitor& visitor, const LastUsed& settings) {
   for (std::string& check : panel.checks) visitor.Flag(check);
   for (std::int16_t& open : panel.open) visitor.Flag(open);
   VisitWhiteBalance(visitor, panel);
-  visitor.Number(panel.hue.marker_x, 0, kHueLast);
-  visitor.Number(panel.hue.marker_y, 0, kHueLast);
+  visitor.Number(panel.hue.marker_x, 0, kHueFieldLast);
+  visitor.Number(panel.hue.marker_y, 0, kHueFieldLast);
   VisitPlacement(visitor, settings.memory.placement);
   if (!visitor.GoesOn(panel.save_switches[kLeavePlaceOut] ||
                       panel.save_switches[kQualityAsOriginal]))
@@ -138,7 +137,7 @@ Status INISave(Form1& form) {
 Status LoadLastUsedSettings(Form1& form) {
   Files& files = form.platform.files;
   const std::string& path = form.app.settings_file;
-  const Result<std::string> text = files.Read(path, kMostBytes);
+  const Result<std::string> text = files.Read(path, kMostTextBytes);
   if (text.status.failure == Failure::kNotFound) return Status::Ok();
   if (!text.ok()) return text.status;
   return ApplyLastUsedText(SettingsOf(form), *text, files.Display(path));

@@ -18,7 +18,6 @@
 namespace tarnwell {
 namespace {
 
-constexpr char kDefaultName[] = "Default";
 constexpr int kWhiteBalanceSlider = 2;
 
 // Puts a reference in force that does not come from the mode's file. False when it is gone.
@@ -41,8 +40,8 @@ bool TakeOwnReference(Form1& form, WhiteBalanceMode mode) {
 void SelectStartProfile(Form1& form) {
   frmModules& panel = form.modules;
   Files& files = form.platform.files;
-  if (!IsCamera(form.app, files, panel.camera)) panel.camera = panel.mode = kDefaultName;
-  if (!IsMode(form.app, files, panel.camera, panel.mode)) panel.mode = kDefaultName;
+  if (!IsCamera(form.app, files, panel.camera)) panel.camera = panel.mode = kDefaultProfile;
+  if (!IsMode(form.app, files, panel.camera, panel.mode)) panel.mode = kDefaultProfile;
 
   // Selecting a mode selects its own white balance.
   const WhiteBalanceMode mode = panel.white_balance_mode;
@@ -56,7 +55,7 @@ void SelectStartProfile(Form1& form) {
 void LoadStartState(Form1& form) {
   Files& files = form.platform.files;
   TellFailure(form, LoadPowerToys(form.app, files));
-  SetProfile(form.app, kDefaultName, kDefaultName);
+  SetProfile(form.app, kDefaultProfile, kDefaultProfile);
   const Status folders = EnsureProfileFolders(form.app, files);
   TellFailure(form, SkinTonesLoad(form.app, files, form.modules.skin_tones));
   TellFailure(form, LoadLastUsedSettings(form));

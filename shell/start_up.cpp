@@ -1,30 +1,23 @@
 #include "shell/start_up.h"
 
-#include <algorithm>
 #include <string_view>
 
-#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/instances.h"
 #include "platform/platform.h"
+#include "shell/lenient_number.h"
 #include "shell/letter_case.h"
 #include "shell/manifest.h"
 #include "shell/module1.h"
 #include "shell/photo_queue.h"
 #include "shell/preset_files.h"
+#include "shell/tell.h"
 
 namespace tarnwell {
 namespace {
 
 // Ends the program when there are no presets; for set-ups that start it only to apply them.
 constexpr std::string_view kPresetsOnly = "\\a";
-
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 std::string_view WithoutQuotes(std::string_view text) {
   if (!text.starts_with('"')) return text;
@@ -42,13 +35,12 @@ std::string BaseName(const std::string& executable) {
 // The other instance has a current folder of its own, so it is handed an absolute path.
 void QueuePhoto(const Module1& app, Platform& platform, std::string_view path) {
   const std::string line = QueueLine(platform.files.Absolute(std::string(path)));
-  const Status queued = platform.files.Append(app.queue_file, line);
-  if (!queued.ok()) platform.dialogs.Tell(app.title, queued.message, Icon::kExclamation);
+  TellFailure(app, platform, platform.files.Append(app.queue_file, line));
 }
 
 StartUp HandleCommandLine(const Module1& app, Platform& platform, RunningInstances& instances,
                           const std::string& command_line) {
-  const std::string_view words = Trimmed(command_line);
+  const std::string_view words = WithoutBlanks(command_line);
   if (words.empty()) return StartUp::kLoadMainWindow;
   if (FoldCase(words) == kPresetsOnly) {
     const bool any = !ListPresetFiles(platform.files, app.program_folder).empty();

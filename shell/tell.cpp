@@ -9,9 +9,13 @@
 
 namespace tarnwell {
 
-void TellFailure(Form1& form, const Status& status) {
+void TellFailure(const Module1& app, Platform& platform, const Status& status) {
   if (status.ok() || status.failure == Failure::kCancelled) return;
-  form.platform.dialogs.Tell(form.app.title, status.message, Icon::kExclamation);
+  platform.dialogs.Tell(app.title, status.message, Icon::kExclamation);
+}
+
+void TellFailure(Form1& form, const Status& status) {
+  TellFailure(form.app, form.platform, status);
 }
 
 void TellLackOfMemory(Form1& form, const std::function<void()>& command) {

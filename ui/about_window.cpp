@@ -8,7 +8,6 @@ namespace {
 constexpr int kWidth = 48 * kGrid;
 constexpr int kHeight = 30 * kGrid;
 constexpr int kMargin = 3 * kGrid;
-constexpr int kFootHeight = 7 * kGrid;
 constexpr int kIconSide = 8 * kGrid;
 
 }  // namespace
@@ -43,10 +42,7 @@ void AboutWindow::LayOut(const Box& client) {
 }
 
 void AboutWindow::PaintClient(Painter& painter, const Box& client) {
-  painter.Fill(client, theme().page);
-  const int foot = client.height - Px(kFootHeight);
-  painter.Fill({0, foot, client.width, Px(kFootHeight)}, theme().card);
-  painter.Fill({0, foot, client.width, 1}, theme().border);
+  PaintWithFoot(painter, client);
   const Box icon = {Px(kMargin), Px(kMargin), Px(kIconSide), Px(kIconSide)};
   painter.ProgramIcon(icon);
   const int left = icon.right() + Px(2 * kGrid);

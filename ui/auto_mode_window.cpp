@@ -7,7 +7,6 @@ namespace {
 
 constexpr int kWidth = 56 * kGrid;
 constexpr int kMargin = 3 * kGrid;
-constexpr int kFootHeight = 7 * kGrid;
 constexpr int kIconSide = 4 * kGrid;
 constexpr int kStatusHeight = 11 * kGrid;
 constexpr int kDetailsHeight = 9 * kGrid;
@@ -75,10 +74,7 @@ void AutoModeWindow::LayOut(const Box& client) {
 }
 
 void AutoModeWindow::PaintClient(Painter& painter, const Box& client) {
-  painter.Fill(client, theme().page);
-  const int foot = client.height - Px(kFootHeight);
-  painter.Fill({0, foot, client.width, Px(kFootHeight)}, theme().card);
-  painter.Fill({0, foot, client.width, 1}, theme().border);
+  PaintWithFoot(painter, client);
   const Box icon = {Px(kMargin), Px(kMargin), Px(kIconSide), Px(kIconSide)};
   if (mode_.worked) {
     painter.BusyIcon(icon);

@@ -32,12 +32,6 @@ void Button::Create(HWND parent, const std::wstring& name, bool text_shown) {
   Control::Create(parent, name, ROLE_SYSTEM_PUSHBUTTON, true);
 }
 
-void Button::SetGlyph(Glyph glyph) {
-  if (glyph_ == glyph) return;
-  glyph_ = glyph;
-  Invalidate();
-}
-
 void Button::SetChosen(bool chosen) {
   if (chosen_ == chosen) return;
   chosen_ = chosen;
@@ -102,11 +96,8 @@ void Button::Paint(Painter& painter, const Box& client) {
 
 LRESULT Button::Handle(UINT message, WPARAM w, LPARAM l) {
   // A repeated key press goes on holding.
-  if (w == VK_SPACE && (message == WM_KEYDOWN || message == WM_KEYUP) && !(l & (1 << 30))) {
-    holding(message == WM_KEYDOWN);
-  } else if (message == WM_KEYUP && w == VK_SPACE) {
-    holding(false);
-  }
+  if (message == WM_KEYDOWN && w == VK_SPACE && !(l & (1 << 30))) holding(true);
+  if (message == WM_KEYUP && w == VK_SPACE) holding(false);
   if (message == WM_CAPTURECHANGED || message == WM_KILLFOCUS) holding(false);
   return Control::Handle(message, w, l);
 }

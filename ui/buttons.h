@@ -45,7 +45,6 @@ class Button : public Control {
   // Told when the button goes down (true) and up again; for what lasts as long as it is held.
   std::function<void(bool)> holding = [](bool) {};
 
-  void SetGlyph(Glyph glyph);
   // Drawn as chosen, for one of several or for a switch.
   void SetChosen(bool chosen);
 

@@ -18,6 +18,7 @@ class Control : public Window {
  public:
   explicit Control(const Look& look, Ground ground = Ground::kCard)
       : look_(look), ground_(ground) {}
+  ~Control() override;
 
   // Makes the control in `parent`, visible. `name` is what screen readers call it; "&" marks an
   // access key. `role` is a ROLE_SYSTEM_ constant.

@@ -100,6 +100,13 @@ void FrameWindow::PaintClient(Painter& painter, const Box& client) {
   painter.Fill(client, theme().page);
 }
 
+void FrameWindow::PaintWithFoot(Painter& painter, const Box& client) {
+  painter.Fill(client, theme().page);
+  const int foot = client.height - Px(kFootHeight);
+  painter.Fill({0, foot, client.width, Px(kFootHeight)}, theme().card);
+  painter.Fill({0, foot, client.width, 1}, theme().border);
+}
+
 LRESULT FrameWindow::FieldColours(HDC dc) {
   if (field_brush_) DeleteObject(field_brush_);
   field_brush_ = CreateSolidBrush(ToColorRef(theme().card));
@@ -159,7 +166,6 @@ LRESULT FrameWindow::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_SETTINGCHANGE:
       look_.ReadTheme();
       ThemeTitleBar(handle(), look_.theme);
-      OnThemeChanged();
       RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
       return 0;
     case WM_CTLCOLOREDIT:

@@ -5,6 +5,9 @@
 
 namespace tarnwell {
 
+// Of the strip for a window's buttons, at 96 dpi.
+inline constexpr int kFootHeight = 7 * kGrid;
+
 // A window with a frame: it has a look of its own, for the screen that it stands on, and keeps up
 // with changes of scale and theme.
 class FrameWindow : public Window {
@@ -32,9 +35,11 @@ class FrameWindow : public Window {
   // Gives a system's own control (a field, a list) this look.
   void Dress(HWND control);
 
+  // The ground of a window with a foot for its buttons.
+  void PaintWithFoot(Painter& painter, const Box& client);
+
   virtual void LayOut(const Box& client) = 0;
   virtual void PaintClient(Painter& painter, const Box& client);
-  virtual void OnThemeChanged() {}
   // Enter outside a button, and Esc or the close button.
   virtual void OnConfirm() {}
   virtual void OnDismiss() { Show(false); }

@@ -1,7 +1,5 @@
 #include "ui/host_clipboard.h"
 
-#include <cstring>
-
 namespace tarnwell {
 namespace {
 

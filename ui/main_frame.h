@@ -6,7 +6,6 @@
 
 #include "shell/main_view.h"
 #include "shell/main_window.h"
-#include "shell/menus.h"
 #include "ui/buttons.h"
 #include "ui/frame_window.h"
 #include "ui/histogram_control.h"

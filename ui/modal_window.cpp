@@ -11,7 +11,6 @@ namespace {
 constexpr int kMargin = 3 * kGrid;
 constexpr int kButtonWidth = 12 * kGrid;
 constexpr int kButtonHeight = 4 * kGrid;
-constexpr int kFootHeight = 7 * kGrid;
 constexpr int kChoiceHeight = 4 * kGrid;
 constexpr int kQuestionHeight = 4 * kGrid;
 constexpr int kMostChoicesShown = 8;  // the rest is scrolled to
@@ -60,10 +59,7 @@ void ModalWindow::LayOut(const Box& client) {
 }
 
 void ModalWindow::PaintClient(Painter& painter, const Box& client) {
-  painter.Fill(client, theme().page);
-  const int foot = client.height - Px(kFootHeight);
-  painter.Fill({0, foot, client.width, Px(kFootHeight)}, theme().card);
-  painter.Fill({0, foot, client.width, 1}, theme().border);
+  PaintWithFoot(painter, client);
 }
 
 ChoiceWindow::ChoiceWindow(HWND owner, const std::wstring& title, const std::wstring& question,

@@ -9,7 +9,6 @@
 #include "shell/main_window.h"
 #include "shell/module1.h"
 #include "shell/power_toys.h"
-#include "shell/tips.h"
 #include "ui/about_window.h"
 #include "ui/frame_window.h"
 #include "ui/host_dialogs.h"

@@ -13,6 +13,7 @@
 #include "shell/tell.h"
 #include "ui/buttons.h"
 #include "ui/hue_field.h"
+#include "ui/look/hue_wheel.h"
 #include "ui/slider_control.h"
 #include "ui/swatch_control.h"
 #include "ui/wide_text.h"
@@ -305,7 +306,6 @@ void AddHueSwatch(HWND parent, const Look& look, PanelHost& host, int index, Par
 }
 
 Parts HueRow(HWND parent, const Look& look, PanelHost& host) {
-  constexpr int kFieldSide = 106;
   frmModules& panel = host.form.modules;
   auto field = std::make_unique<HueField>(look);
   HueField* made = field.get();
@@ -322,7 +322,7 @@ Parts HueRow(HWND parent, const Look& look, PanelHost& host) {
   parts.push_back(
       {std::move(field),
        [&look](const Box& row) {
-         const int side = look.Px(kFieldSide);
+         const int side = look.Px(kHueFieldSide);
          return Box{row.x + look.Px(kGrid), row.y + (row.height - side) / 2, side, side};
        },
        [made] { made->Update(); }});

@@ -11,7 +11,6 @@ namespace {
 constexpr int kWidth = 70 * kGrid;
 constexpr int kHeight = 52 * kGrid;
 constexpr int kMargin = 3 * kGrid;
-constexpr int kFootHeight = 7 * kGrid;
 constexpr int kCaptionHeight = 20;
 constexpr int kFieldHeight = 4 * kGrid;
 constexpr int kButtonWidth = 15 * kGrid;
@@ -171,10 +170,7 @@ void SkinTonesWindow::LayOut(const Box& client) {
 }
 
 void SkinTonesWindow::PaintClient(Painter& painter, const Box& client) {
-  painter.Fill(client, theme().page);
-  const int foot = client.height - Px(kFootHeight);
-  painter.Fill({0, foot, client.width, Px(kFootHeight)}, theme().card);
-  painter.Fill({0, foot, client.width, 1}, theme().border);
+  PaintWithFoot(painter, client);
   const auto caption = [&](const Box& field, const wchar_t* text) {
     painter.Text({field.x, field.y - Px(kCaptionHeight), field.width, Px(kCaptionHeight)}, text,
                  Face::kCaption, theme().quiet);

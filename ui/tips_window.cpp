@@ -9,7 +9,6 @@ namespace {
 constexpr int kWidth = 48 * kGrid;
 constexpr int kHeight = 42 * kGrid;
 constexpr int kMargin = 3 * kGrid;
-constexpr int kFootHeight = 7 * kGrid;
 constexpr int kButtonHeight = 4 * kGrid;
 
 }  // namespace
@@ -73,10 +72,7 @@ void TipsWindow::LayOut(const Box& client) {
 }
 
 void TipsWindow::PaintClient(Painter& painter, const Box& client) {
-  painter.Fill(client, theme().page);
-  const int foot = client.height - Px(kFootHeight);
-  painter.Fill({0, foot, client.width, Px(kFootHeight)}, theme().card);
-  painter.Fill({0, foot, client.width, 1}, theme().border);
+  PaintWithFoot(painter, client);
   const int side = Px(28);
   const Box icon = {Px(kMargin), Px(3 * kGrid), side, side};
   painter.Icon(icon, Glyph::kTips, theme().accent);

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "imaging/gif_structure.h"
-#include "platform/posix/memory_limit.h"
+#include "platform/memory_limit.h"
 
 namespace tarnwell {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "platform/memory_limit.h"
 #include "platform/posix/jpeg_steps.h"
-#include "platform/posix/memory_limit.h"
 
 namespace tarnwell {
 namespace {

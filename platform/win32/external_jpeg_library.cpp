@@ -1,6 +1,5 @@
 #include "platform/win32/external_jpeg_library.h"
 
-#include <climits>
 #include <optional>
 #include <windows.h>
 

@@ -2,7 +2,6 @@
 
 #include <objbase.h>
 #include <string>
-#include <string_view>
 #include <wincodec.h>
 #include <windows.h>
 #include <wrl/client.h>

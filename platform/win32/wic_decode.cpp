@@ -9,7 +9,7 @@
 
 #include "imaging/gif_structure.h"
 #include "imaging/jpeg_structure.h"
-#include "platform/win32/memory_limit.h"
+#include "platform/memory_limit.h"
 #include "platform/win32/wic.h"
 
 namespace tarnwell {

@@ -39,7 +39,9 @@ struct AutoModeTest : testing::Test, AutoModeHost, Tray {
   void Report(const std::string& line) override { reports.push_back(line); }
   void PhotoDone(const std::string&, const std::string&) override {}
   void RefreshMainWindow() override { tray_log.push_back("refresh"); }
-  void CorrectPhotos(AutoPass& pass) override { CorrectInWindow(pass, window.form); }
+  void CorrectPhotos(AutoPass& pass) override {
+    for (std::size_t i = 0; i < pass.size() && pass.Begin(i); ++i) pass.Correct(i, window.form);
+  }
   void SetIcon(TrayPicture picture) override {
     tray_log.push_back(picture == TrayPicture::kBusy ? "busy" : "idle");
   }
@@ -176,7 +178,7 @@ TEST_F(AutoModeTest, ATickDuringAPassAndTheEndOfTheModeAreHeardBetweenPhotos) {
   Arrive("b.jpg");
   window.events.on_run = [&](int) {
     AutoModeTick(mode, window.platform, tray, *this);
-    if (mode.current_name == "a.jpg") mode.automated = false;
+    if (!statuses.empty() && statuses.back().starts_with("a.jpg")) mode.automated = false;
   };
   Take();
   EXPECT_EQ(folder.Names("done"), Lines{"a.jpg"});

@@ -11,6 +11,7 @@
 #include "automation/auto_setup.h"
 #include "imaging/jpeg_segments.h"
 #include "imaging/load_photo.h"
+#include "imaging/photo_size.h"
 #include "modules/presets.h"
 #include "modules/white_balance.h"
 #include "shell/main_window.h"
@@ -201,7 +202,8 @@ std::map<std::string, Row> Rows() {
   rows["a photo that needs more memory than there is"] = {[](Desk& desk) {
     const std::string bytes = BuildBmp({.width = 12'000, .height = 9'000});
     desk.EndOfPreparation();
-    return CheckMemoryFor(bytes, std::uint64_t{1} << 30, desk.files->Display("photo.bmp")).message;
+    const std::uint64_t needed = MemoryToCorrect(bytes, desk.modules);
+    return CheckMemory(needed, std::uint64_t{1} << 30, desk.files->Display("photo.bmp")).message;
   }};
   rows["a damaged metadata segment"] = {CorrectPhoto(JpegWithCutExif()), {"photoA.jpg"}};
   rows["a damaged photo in the window"] = {[=](Desk& desk) {

@@ -24,7 +24,7 @@ bool Says(const Program& program, const std::wstring& text) {
                      [&](HWND child) { return TextOf(child).find(text) != std::wstring::npos; });
 }
 
-void SetUp(Program& program) {
+void WriteSetup(Program& program) {
   std::string setup;
   for (const char* name : {"in", "out", "done"}) {
     setup += program.folder.MakeFolder(name) + "\\\r\n";
@@ -50,7 +50,7 @@ void StartMode(Program& program) {
 // Photos arrive, are corrected and moved, one is damaged; then the program is closed.
 TEST(AutomatedModeWindow, CorrectsWhatArrivesUntilTheProgramIsClosed) {
   Program program(L"100");
-  SetUp(program);
+  WriteSetup(program);
   ASSERT_NO_FATAL_FAILURE(StartMode(program));
   EXPECT_EQ(TextOf(program.Find(kDialog)), L" Fully Automated Mode Running");
   EXPECT_EQ(program.Find(kMain), nullptr) << "the main window makes way";
@@ -92,7 +92,7 @@ TEST(AutomatedModeWindow, KilledAtRandomInstantsItLosesNothing) {
   const char* wanted = std::getenv("TARNWELL_WINDOW_KILLS");
   const int kills = wanted ? std::atoi(wanted) : 2;
   Program program(L"100");
-  SetUp(program);
+  WriteSetup(program);
   const TempFolder& folder = program.folder;
   const auto codec = MakeSystemPictureCodec();
   std::mt19937 random(static_cast<unsigned>(GetTickCount64()));

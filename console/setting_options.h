@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace tarnwell {
+
+struct Settings;
+
+// Words that several commands share. What they say is written when `app` parses; it must outlive
+// that.
+CLI::Option* AddProgramFolder(CLI::App& app, std::string& folder);
+void AddSettings(CLI::App& app, Settings& settings);
+
+// For commands whose corrections are learnt from, or kept with that wish.
+void AddLearning(CLI::App& app, Settings& settings);
+
+}  // namespace tarnwell
