@@ -14,9 +14,10 @@ struct Form1;
 // size.
 void RepairDeadPixels(MutablePixelView pixels, const PixelView& map, int threshold);
 
-// Repairs the working pixels from the map of the current camera and the photo's resolution and
-// makes them the new picOriginal. Without a map (or one of another size) the photo stays as it is
-// and a tip is offered. Events run meanwhile; fails with kCancelled only.
+// Repairs picOriginal from the map of the current camera and the photo's resolution, and shows the
+// result. Without a map (or one of another size) the photo stays as it is and a tip is offered; the
+// user is told when the map cannot be read or memory does not suffice. Events run meanwhile; fails
+// with kCancelled only.
 Status RepairOpenedPhoto(Form1& form);
 
 }  // namespace tarnwell

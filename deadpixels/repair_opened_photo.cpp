@@ -49,12 +49,16 @@ struct MapOfSensor {
   }
 };
 
-// The photo repaired, as much as memory allows; null when it does not.
+// The photo repaired. A map that could not be turned is null.
 Result<Picture> Repaired(const Picture& photo, const Result<Picture>& map, int threshold) {
   if (!map.ok()) return map.status;
-  const std::shared_ptr<PixelArray> repaired = TryCopyPixels(photo->view());
-  if (repaired && *map) RepairDeadPixels(repaired->mutable_view(), (*map)->view(), threshold);
-  return Picture(*map ? repaired : nullptr);
+  const std::shared_ptr<PixelArray> repaired = *map ? TryCopyPixels(photo->view()) : nullptr;
+  if (!repaired) {
+    return Status::Error(Failure::kTooLarge,
+                         "There is not enough memory to repair the dead pixels of this photo.");
+  }
+  RepairDeadPixels(repaired->mutable_view(), (*map)->view(), threshold);
+  return Picture(repaired);
 }
 
 void TellWhyNot(Form1& form, const Status& status) {
@@ -79,8 +83,10 @@ Status RepairOpenedPhoto(Form1& form) {
     repaired = Repaired(photo, map.Load(form.platform.codec, go_on), *threshold);
   });
   if (!finished) return Status::Cancelled(form.platform.files.Display(form.app.current_file));
-  if (!repaired.ok()) TellWhyNot(form, repaired.status);
-  if (!repaired.ok() || !*repaired) return Status::Ok();
+  if (!repaired.ok()) {
+    TellWhyNot(form, repaired.status);
+    return Status::Ok();
+  }
   Display(form.buffer.surfaces.picOriginal, *repaired);
   Display(form.buffer.surfaces.picSource, *repaired);
   MakeThumbnail(form.buffer, form.platform.events);
