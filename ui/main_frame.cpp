@@ -225,20 +225,29 @@ void MainFrame::OpenMenu(int menu) {
 
 std::optional<int> MainFrame::ChooseMenuRow(int menu) {
   if (menu < 0 || menu >= kMenuCount) return std::nullopt;
-  return PickFromMenu(menu, nullptr);
+  return PickFromMenu(menu, BelowTool(kOptionsButton), nullptr);
 }
 
 // From menu to menu, until a row is chosen or the user backs out.
 MainFrame::MenuPick MainFrame::PickFromMenus(int menu) {
   for (;;) {
     std::optional<int> other_menu;
-    const std::optional<int> row = PickFromMenu(menu, &other_menu);
+    const std::optional<int> row = PickFromMenu(menu, menus_.Below(menu), &other_menu);
     if (row || !other_menu) return {menu, row};
     menu = *other_menu;
   }
 }
 
-std::optional<int> MainFrame::PickFromMenu(int menu, std::optional<int>* other_menu) {
+POINT MainFrame::BelowTool(int index) const {
+  RECT rect = {};
+  for (const Tool& tool : tools_) {
+    if (tool.index == index) GetWindowRect(tool.button->handle(), &rect);
+  }
+  return {rect.left, rect.bottom + look_.Px(2)};
+}
+
+// With `other_menu` the user can go on to the menus beside this one.
+std::optional<int> MainFrame::PickFromMenu(int menu, POINT at, std::optional<int>* other_menu) {
   std::vector<MenuEntry> entries;
   std::vector<int> rows;
   for (int row = 0; row < static_cast<int>(kMenus[menu].rows.size()); ++row) {
@@ -252,10 +261,9 @@ std::optional<int> MainFrame::PickFromMenu(int menu, std::optional<int>* other_m
                        .checked = IsRowChecked(*window_, menu, row)});
   }
   const MenuNeighbours neighbours = menus_.NeighboursOf(menu);
-  menus_.ShowDropped(menu, true);
-  const MenuAnswer answer =
-      ChooseFromMenu(handle(), look_, entries, menus_.Below(menu), Px(28 * kGrid), look_.show_focus,
-                     other_menu ? &neighbours : nullptr);
+  if (other_menu) menus_.ShowDropped(menu, true);
+  const MenuAnswer answer = ChooseFromMenu(handle(), look_, entries, at, Px(28 * kGrid),
+                                           look_.show_focus, other_menu ? &neighbours : nullptr);
   menus_.ShowDropped(menu, false);
   if (other_menu) *other_menu = answer.other_menu;
   if (!answer.chosen) return std::nullopt;

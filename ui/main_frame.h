@@ -86,7 +86,8 @@ class MainFrame : public FrameWindow, public MainView {
     std::optional<int> row;
   };
   MenuPick PickFromMenus(int menu);
-  std::optional<int> PickFromMenu(int menu, std::optional<int>* other_menu);
+  POINT BelowTool(int index) const;
+  std::optional<int> PickFromMenu(int menu, POINT at, std::optional<int>* other_menu);
   void OpenMenu(int menu);
   void OpenDropped(const std::wstring& path);
   void Poll();
