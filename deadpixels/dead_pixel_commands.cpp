@@ -9,6 +9,7 @@
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/frm_progress.h"
+#include "shell/long_work.h"
 #include "shell/module1.h"
 #include "shell/tell.h"
 
@@ -83,14 +84,17 @@ void AddTestShotsClick(Form1& form, const ChooseShots& choose) {
   Report report;
   int dark = 0;
   int light = 0;
+  const Module1 app = form.app;
   for (const std::string& path : choose(kAddTitle)) {
-    form.platform.events.Run();
-    const Result<AddedShot> added = AddTestShot(form.app, form.platform, path);
+    Result<AddedShot> added = AddedShot();
+    const bool goes_on = DoBesideEvents(
+        form, kCollectingText, [&](const GoOn&) { added = AddTestShot(app, form.platform, path); });
     if (!added.ok()) {
       report.AddFailure(added.status.message);
     } else {
       ++(added->kind == ShotKind::kDark ? dark : light);
     }
+    if (!goes_on) break;
   }
   if (dark + light > 0) {
     report.Add("Added for the camera " + form.modules.camera + ": " + std::to_string(dark) +

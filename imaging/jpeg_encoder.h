@@ -19,9 +19,14 @@ struct BgrRows {
 };
 
 // The content of a baseline JPEG file of the picture, YCbCr, at `quality` 0 to 100, the chrominance
-// at half the resolution both ways where `half_chrominance`. Every platform gives the same bytes.
-// Empty when `go_on` ends it. Throws std::bad_alloc when memory does not suffice.
-std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance,
-                       const GoOn& go_on = ToTheEnd);
+// at half the resolution both ways where `half_chrominance`, with the recommended Huffman tables.
+// Every platform gives the same bytes. Throws std::bad_alloc when memory does not suffice.
+std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance);
+
+// The same pixels with Huffman tables fitted to the picture, which make the file smaller, and in
+// stripes that up to `threads` threads encode; the file is the same for any number of them. Empty
+// when `go_on`, asked on the calling thread, ends it. Throws likewise.
+std::string EncodeJpegInStripes(const BgrRows& rows, int quality, bool half_chrominance,
+                                int threads, const GoOn& go_on = ToTheEnd);
 
 }  // namespace tarnwell

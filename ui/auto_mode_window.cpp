@@ -44,7 +44,7 @@ void AutoModeWindow::Update() {
     ResizeClient(kWidth, details.empty() ? kHeight : kHeight + kDetailsHeight);
   }
   details_.SetText(details);
-  // Loading and saving let no events in.
+  // At once, whatever begins now.
   RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 

@@ -76,7 +76,8 @@ Status Win32JpegLibrary::WritePicture(const std::string& path, const JpegPicture
   const PixelView& pixels = picture.pixels;
   const BgrRows rows = {pixels.data, static_cast<std::ptrdiff_t>(pixels.stride()), pixels.width,
                         pixels.height, kBytesPerPixel};
-  std::string bytes = EncodeJpeg(rows, picture.quality, picture.half_chrominance, picture.go_on);
+  std::string bytes = EncodeJpegInStripes(rows, picture.quality, picture.half_chrominance,
+                                          picture.threads, picture.go_on);
   if (!picture.go_on(1)) return Status::Cancelled(path);
   if (!picture.segments.empty()) bytes = WithSegments(bytes, picture.segments);
   return WriteNewFile(path, bytes, picture.go_on);

@@ -162,6 +162,25 @@ TEST(AdjustPhotoTest, ProgressGoesThroughTheStages) {
   EXPECT_EQ(Drawn(view, "Adjusting Photo..."), sevenths);
 }
 
+TEST(AdjustPhotoTest, ALongPassTellsHowLongItWillStillTake) {
+  class TimeView : public RecordingView {
+   public:
+    std::vector<std::string> told;
+    void ShowTimeLeft(const std::string& time_left) override { told.push_back(time_left); }
+  };
+  TestWindow window;
+  TimeView view;
+  window.progress.view = &view;
+  SetModules(window, {});
+  window.Show(NoisyPicture(40, 160, 1));
+  window.clock.step = 1'000'000'000;  // a second for each row
+  ASSERT_TRUE(AdjustPhoto(window.form, false).ok());
+  EXPECT_EQ(view.told, (std::vector<std::string>{"about 3 minutes left", "about 2 minutes left",
+                                                 "about 1 minute left", "about 50 seconds left",
+                                                 "about 40 seconds left", "about 30 seconds left",
+                                                 "about 20 seconds left", ""}));
+}
+
 // --- Previews and full runs ---------------------------------------------------------------------
 
 TEST(AdjustPhotoTest, RepeatedPreviewsDoNotCompound) {

@@ -8,6 +8,7 @@
 
 #include "platform/picture_codec.h"
 #include "platform/system.h"
+#include "tests/support/pictures.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarnwell {
@@ -80,6 +81,33 @@ TEST(JpegEncoderTest, LowerQualityStillDecodes) {
     EXPECT_LE(WorstError(Noise(40, 40), quality, quality % 2), 255) << quality;
   }
   EXPECT_LE(WorstError(Slopes(40, 40), 75, true), 16);
+}
+
+// Several stripes with a broken unit at both edges, from pixels of three bytes and of four.
+TEST(JpegEncoderTest, StripesGiveTheSamePixelsInFewerBytesOnAnyNumberOfThreads) {
+  const auto picture = NoisyPicture(1021, 403, 5);
+  const PixelView view = picture->view();
+  const BgrRows rows = {view.data, static_cast<std::ptrdiff_t>(view.stride()), view.width,
+                        view.height, kBytesPerPixel};
+  Bgr plain(view.width, view.height);
+  for (std::size_t i = 0; i < plain.bytes.size(); ++i) {
+    plain.bytes[i] = view.data[i / 3 * 4 + i % 3];
+  }
+  const auto codec = MakeSystemPictureCodec();
+  for (const bool half : {false, true}) {
+    const std::string in_one_go = EncodeJpeg(plain.rows(), 85, half);
+    EXPECT_EQ(EncodeJpeg(rows, 85, half), in_one_go);
+    const std::string file = EncodeJpegInStripes(rows, 85, half, 1);
+    EXPECT_NE(file.find("\xFF\xDD"), std::string::npos) << "no restart interval";
+    EXPECT_LT(file.size(), in_one_go.size());
+    for (const int threads : {2, 5}) {
+      EXPECT_EQ(EncodeJpegInStripes(rows, 85, half, threads), file);
+    }
+    const Result<Picture> decoded = codec->Decode(file, "stripes");
+    const Result<Picture> expected = codec->Decode(in_one_go, "one go");
+    ASSERT_TRUE(decoded.ok() && expected.ok()) << decoded.status.message;
+    EXPECT_TRUE(**decoded == **expected);
+  }
 }
 
 }  // namespace
