@@ -160,7 +160,7 @@ Status NoMemoryToSave(Files& files, const std::string& path) {
 
 // Through a section of 24 bits and without segments: what the external library knows. The segments
 // come in afterwards.
-Status WriteJpegSection(Form1& form, const std::string& path, const PhotoToWrite& photo) {
+Status WriteJpegSection(Form1& form, const std::string& path, const PhotoToWrite& photo) try {
   Files& files = form.platform.files;
   const std::string shown_path = files.Display(path);
   cDIBSection section;
@@ -175,6 +175,8 @@ Status WriteJpegSection(Form1& form, const std::string& path, const PhotoToWrite
   const Result<std::string> plain = files.Read(path);
   if (!plain.ok()) return plain.status;
   return files.Replace(path, WithSegments(*plain, photo.segments));
+} catch (const std::bad_alloc&) {
+  return NoMemoryToSave(form.platform.files, path);
 }
 
 // `lost` is told what of the photo's metadata cannot be kept.
