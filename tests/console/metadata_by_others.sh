@@ -51,7 +51,7 @@ for orientation in {1..8}; do
   exiftool -q -overwrite_original -n "-IFD0:Orientation=$orientation" -Make=Maker -Model=Phone \
     -DateTimeOriginal="2024:05:06 07:08:09" -GPSLatitude=50.7 -GPSLatitudeRef=N -GPSAltitude=60 \
     -ExifImageWidth=1 -ExifImageHeight=1 -SubjectArea="3 4 5 6" -XMP-exif:SubjectLocation=3 \
-    -JFIF:XResolution=300 -JFIF:YResolution=300 -JFIF:ResolutionUnit=inches "-ThumbnailImage<=thumbnail" \
+    -JFIF:XResolution=300 -JFIF:YResolution=300 -JFIF:ResolutionUnit=2 "-ThumbnailImage<=thumbnail" \
     -XMP-dc:Title="A title" -XMP-exif:GPSLatitude=50.7 -XMP-photoshop:City=Bonn \
     -IPTC:Keywords=one -IPTC:Keywords=two -IPTC:City=Bonn -Comment="A comment" \
     photos/*-"$orientation.jpg"
