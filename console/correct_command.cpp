@@ -81,11 +81,18 @@ std::string CorrectCommand::OutputPath(const std::string& photo) {
 // Looked at before the work begins: what cannot be saved is not worth correcting. The folder of the
 // photo itself needs no look, because opening the photo tells more.
 Result<std::string> CorrectCommand::PlanOutput(const std::string& photo) {
-  const std::string path = OutputPath(photo);
-  if (files().FileExists(path) || files().FolderExists(path)) {
-    std::string text = TakenText(path);
-    if (options_.output.empty()) text += ", and so do all names before; --output names another";
-    return Status::Error(Failure::kExists, std::move(text));
+  std::string path = OutputPath(photo);
+  while (files().FileExists(path) || files().FolderExists(path)) {
+    if (!options_.output.empty()) return Status::Error(Failure::kExists, TakenText(path));
+    // Another program may have taken the name since it was proposed; the last of all names is
+    // proposed again and again.
+    std::string next = OutputPath(photo);
+    if (next == path) {
+      return Status::Error(Failure::kExists, TakenText(path) +
+                                                 ", and so do all names before; --output names "
+                                                 "another");
+    }
+    path = std::move(next);
   }
   const bool elsewhere = !options_.output.empty() || !options_.output_folder.empty();
   const std::string folder = SplitPhotoPath(path).folder;

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Kills "watch", "directory" and "correct" in turn at random instants, again and again over the same
-# folders, and looks after each kill that no photo was lost or changed, no output is cut short, none
-# was replaced, and what was learnt is whole.
+# Kills "watch", "directory" and "correct" in turn at random instants of their work, again and again
+# over the same folders, and looks after each kill that no photo was lost or changed, no output is cut
+# short, none was replaced, and what was learnt is whole.
 #
 #   kills.sh PROGRAM        TARNWELL_KILLS: how many kills (30)
 set -euo pipefail
@@ -43,6 +43,16 @@ run() { # COMMAND
   exec "$program" "$@" --threads 2 --quiet --program-folder "$work/program"
 }
 
+# Puts new photos into the watched folder.
+fill() {
+  while (($(find "$work/in" -type f | wc -l) < 10)); do
+    make_photo in
+    arrived=$((arrived + 1))
+  done
+}
+
+milliseconds() { echo $(($(date +%s%N) / 1000000)); }
+
 # Files whose name starts with a dot are work in progress.
 check() {
   local file
@@ -78,21 +88,28 @@ commands=(watch directory correct)
 round=0
 seen=0
 too_late=0
+declare -A takes
+for command in "${commands[@]}"; do
+  fill
+  began=$(milliseconds)
+  (run "$command") || fail "$command ended with code $?"
+  takes[$command]=$(($(milliseconds) - began + 1))
+  check
+done
 while ((round < kills)); do
-  while (($(find "$work/in" -type f | wc -l) < 10)); do
-    make_photo in
-    arrived=$((arrived + 1))
-  done
-  (run "${commands[round % 3]}") &
+  fill
+  command=${commands[round % 3]}
+  delay=$((RANDOM % takes[$command]))
+  (run "$command") &
   child=$!
-  sleep "0.$(printf %03d $((RANDOM % 150)))"
+  sleep "$((delay / 1000)).$(printf %03d $((delay % 1000)))"
   kill -KILL "$child" 2>/dev/null || true
   code=0
   wait "$child" 2>/dev/null || code=$?
   case $code in
-    0) too_late=$((too_late + 1)) ;;
+    0) too_late=$((too_late + 1)) ;; # it was faster than the one that was timed
     137) round=$((round + 1)) ;;
-    *) fail "${commands[round % 3]} ended with code $code" ;;
+    *) fail "$command ended with code $code" ;;
   esac
   check
 done
