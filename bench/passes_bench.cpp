@@ -9,6 +9,7 @@
 #include "bench/generated_picture.h"
 #include "deadpixels/repair_dead_pixels.h"
 #include "engine/analysis.h"
+#include "engine/color_rotation.h"
 #include "engine/final_rotation.h"
 #include "engine/focus_pass.h"
 #include "engine/histogram.h"
@@ -121,6 +122,14 @@ void FocusDefault(benchmark::State& state) {
   });
 }
 TARNWELL_PHOTO_BENCHMARK(FocusDefault);
+
+void HueRotation(benchmark::State& state) {
+  const auto working = Copy(Photo(state));
+  MeasureInFloors(state, Megapixels(state), [&] {
+    for (int y = 0; y < working->height(); ++y) RotateHueOfRow(working->mutable_view(), y, 77);
+  });
+}
+TARNWELL_PHOTO_BENCHMARK(HueRotation);
 
 void FinalRotation(benchmark::State& state, Turn turn) {
   const Picture photo = Photo(state);

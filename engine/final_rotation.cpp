@@ -7,6 +7,7 @@
 
 #include "engine/pass.h"
 #include "imaging/pixel_buffer.h"
+#include "imaging/pixel_square.h"
 
 namespace tarnwell {
 namespace {
@@ -26,33 +27,6 @@ constexpr int kBand = 16;
 // Rows of a quarter turn's target that are worked on at once. One band over all rows would touch
 // every page of the target's memory, and the first one would wait for the system to provide them.
 constexpr int kTargetRows = 512;
-
-// Four pixels as one vector; lanes are compared to nothing, only moved.
-typedef std::uint32_t FourPixels __attribute__((vector_size(16)));
-
-inline FourPixels Load(const std::uint8_t* pixels) {
-  FourPixels four;
-  std::memcpy(&four, pixels, sizeof(four));
-  return four & 0x00FFFFFF;
-}
-
-inline void Store(FourPixels four, std::uint8_t* pixels) {
-  std::memcpy(pixels, &four, sizeof(four));
-}
-
-// The pixels of four rows, of which `step` leads to the next, as four columns.
-inline void LoadColumns(const std::uint8_t* row, std::ptrdiff_t step, FourPixels (&columns)[4]) {
-  const FourPixels a = Load(row), b = Load(row + step);
-  const FourPixels c = Load(row + 2 * step), d = Load(row + 3 * step);
-  const FourPixels ab_low = __builtin_shufflevector(a, b, 0, 4, 1, 5);
-  const FourPixels ab_high = __builtin_shufflevector(a, b, 2, 6, 3, 7);
-  const FourPixels cd_low = __builtin_shufflevector(c, d, 0, 4, 1, 5);
-  const FourPixels cd_high = __builtin_shufflevector(c, d, 2, 6, 3, 7);
-  columns[0] = __builtin_shufflevector(ab_low, cd_low, 0, 1, 4, 5);
-  columns[1] = __builtin_shufflevector(ab_low, cd_low, 2, 3, 6, 7);
-  columns[2] = __builtin_shufflevector(ab_high, cd_high, 0, 1, 4, 5);
-  columns[3] = __builtin_shufflevector(ab_high, cd_high, 2, 3, 6, 7);
-}
 
 // Row i of a quarter turn's target takes source column i, or counted from the right; its column j
 // takes source row j, or counted from below.
@@ -88,13 +62,15 @@ struct Quarter {
 
   void TurnFourColumns(const std::uint8_t* from, std::ptrdiff_t step, int x,
                        int first_column) const {
-    FourPixels columns[4][4];
+    PixelSquare squares[4];
     for (int i = 0; i < 4; ++i) {
-      LoadColumns(from + 4 * i * step + std::ptrdiff_t{x} * kBytesPerPixel, step, columns[i]);
+      squares[i] = LoadColumns(from + 4 * i * step + std::ptrdiff_t{x} * kBytesPerPixel, step);
     }
     for (int row = 0; row < 4; ++row) {
       std::uint8_t* to = target.at(first_column, TargetRow(x + row));
-      for (int i = 0; i < 4; ++i) Store(columns[i][row], to + 16 * i);
+      for (int i = 0; i < 4; ++i) {
+        StoreFour(squares[i].columns[row] & 0x00FFFFFF, to + 16 * i);
+      }
     }
   }
 };

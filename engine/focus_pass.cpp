@@ -82,7 +82,7 @@ FocusPass::FocusPass(const PixelView& start, const PixelView& smooth, MutablePix
       out_(out),
       settings_(settings),
       table_(table),
-      instructions_(instructions),
+      in_vectors_(SuitFocusVectors(settings, instructions)),
       width_(start.width),
       height_(start.height),
       distance_(settings.focus->distance),
@@ -155,66 +155,44 @@ void FocusPass::AdjustPixel(Column& column, int y, double divisor) {
   column.sum += change;
 }
 
-// Columns that can be worked on in step, with all that changes from row to row at hand: their
-// windows are inside the picture from row `top` to `bottom` - 1, less the lag of the columns before
-// them.
-[[gnu::always_inline]] inline void FocusPass::AdjustInside(Column* columns, int top, int bottom) {
-  const Common common = {settings_.focus->amount, table_, &settings_};
-  const std::ptrdiff_t distance = distance_;
-  Sum sums[kColumnsAtOnce];
-  double divisors[kColumnsAtOnce];
-  std::uint8_t* pixels[kColumnsAtOnce];
-  const std::uint8_t *smooth[kColumnsAtOnce], *entering[kColumnsAtOnce], *leaving[kColumnsAtOnce];
-  RowSum* rows[kColumnsAtOnce];
+// Columns that can be worked on in vectors: their windows are inside the picture from row `top` to
+// `bottom` - 1, less the lag of the columns before them.
+void FocusPass::AdjustInside(Column* columns, int top, int bottom) {
+  FocusPlace places[kColumnsAtOnce];
   for (int i = 0; i < kColumnsAtOnce; ++i) {
-    const std::ptrdiff_t y = top - i * lag_, ahead = (y + distance_) * kBytesPerPixel;
-    sums[i] = columns[i].sum;
-    divisors[i] = Divisor(columns[i], static_cast<int>(y));
-    pixels[i] = columns[i].pixels + y * kBytesPerPixel;
-    smooth[i] = columns[i].smooth + y * kBytesPerPixel;
-    entering[i] = columns[i].entering + ahead;
-    leaving[i] = columns[i].leaving + ahead;
-    rows[i] = row_sums_.data() + y;
+    const Column& column = columns[i];
+    const std::ptrdiff_t y = top - i * lag_;
+    const std::ptrdiff_t byte = y * kBytesPerPixel, ahead = byte + distance_ * kBytesPerPixel;
+    FocusPlace& place = places[i];
+    place = {column.pixels + byte,
+             column.smooth + byte,
+             column.entering + ahead,
+             column.leaving + ahead,
+             reinterpret_cast<std::int32_t*>(row_sums_.data() + y),
+             Divisor(column, static_cast<int>(y)),
+             {}};
+    std::memcpy(place.sum, &column.sum, sizeof(place.sum));
   }
-  const std::ptrdiff_t steps = bottom - top;
-  for (std::ptrdiff_t step = 0; step < steps; ++step) {
-#pragma GCC unroll 6
-    for (int i = 0; i < kColumnsAtOnce; ++i) {
-      const std::ptrdiff_t byte = step * kBytesPerPixel;
-      RowSum* row = rows[i] + step;
-      const Sum entered = row[distance].sum + Load(entering[i] + byte) - Load(leaving[i] + byte);
-      row[distance].sum = entered;
-      const Sum sum = sums[i] + entered - row[-1 - distance].sum;
-      const Sum before = Load(pixels[i] + byte);
-      const Sum change =
-          AdjustOne(common, before, sum - before, divisors[i], smooth[i] + byte, pixels[i] + byte);
-      row->sum += change;
-      sums[i] = sum + change;
-    }
+  AdjustInFocusVectors(settings_, places, bottom - top);
+  for (int i = 0; i < kColumnsAtOnce; ++i) {
+    std::memcpy(&columns[i].sum, places[i].sum, sizeof(places[i].sum));
   }
-  for (int i = 0; i < kColumnsAtOnce; ++i) columns[i].sum = sums[i];
-}
-
-#if defined(__x86_64__) || defined(__i386__)
-[[gnu::target("avx2")]]
-#endif
-void FocusPass::AdjustInsideAvx2(Column* columns, int top, int bottom) {
-  AdjustInside(columns, top, bottom);
 }
 
 // Takes each column from row `top` to `bottom` - 1, less the lag of the columns before it.
 void FocusPass::AdjustSteps(Column* columns, int first_column, int count, int top, int bottom) {
-  // Where every column's window is inside the picture from top to bottom.
-  const int first_inside = distance_ + 1 + (count - 1) * lag_;
-  const int last_inside = height_ - 1 - distance_;
-  if (count == kColumnsAtOnce && top >= first_inside && bottom - 1 <= last_inside) {
-    if (instructions_ == Instructions::kAvx2) {
-      AdjustInsideAvx2(columns, top, bottom);
-    } else {
-      AdjustInside(columns, top, bottom);
-    }
-    return;
+  int inside = bottom, below = bottom;
+  if (in_vectors_ && count == kColumnsAtOnce) {
+    // From where to where every column's window is inside the picture.
+    inside = std::clamp(distance_ + 1 + (count - 1) * lag_, top, bottom);
+    below = std::clamp(height_ - distance_, inside, bottom);
   }
+  AdjustAnywhere(columns, first_column, count, top, inside);
+  if (inside < below) AdjustInside(columns, inside, below);
+  AdjustAnywhere(columns, first_column, count, below, bottom);
+}
+
+void FocusPass::AdjustAnywhere(Column* columns, int first_column, int count, int top, int bottom) {
   for (int step = top; step < bottom; ++step) {
     for (int i = 0; i < count; ++i) {
       const int y = step - i * lag_;

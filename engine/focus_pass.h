@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "engine/focus_vectors.h"
 #include "engine/pixel_adjustments.h"
 #include "engine/processor.h"
 #include "imaging/pixel_array.h"
@@ -22,8 +23,7 @@ namespace tarnwell {
 // those of different threads waiting for each other.
 class FocusPass {
  public:
-  // Columns that are worked on together.
-  static constexpr int kColumnsAtOnce = 6;
+  static constexpr int kColumnsAtOnce = kFocusColumns;
 
   // Whether `settings` are within what this can do; FocusColumn can do all.
   static bool Suits(const FocusSettings& settings);
@@ -69,7 +69,7 @@ class FocusPass {
   double Divisor(const Column& column, int y) const;
   void AdjustPixel(Column& column, int y, double divisor);
   void AdjustInside(Column* columns, int top, int bottom);
-  void AdjustInsideAvx2(Column* columns, int top, int bottom);
+  void AdjustAnywhere(Column* columns, int first_column, int count, int top, int bottom);
   void AdjustSteps(Column* columns, int first_column, int count, int top, int bottom);
   bool WaitFor(int part, int rows) const;
 
@@ -81,7 +81,7 @@ class FocusPass {
   MutablePixelView out_;
   const AdjustmentSettings& settings_;
   const ToneTable* table_;
-  Instructions instructions_;
+  bool in_vectors_;
   int width_;
   int height_;
   int distance_;

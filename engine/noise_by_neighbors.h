@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -25,6 +26,12 @@ class NoiseByNeighbors {
   static double Cost(int radius, int limit, Instructions instructions);
 
  private:
+  // Per lane of a job.
+  struct Centres {
+    std::uint16_t limits[kCentres] = {};
+    float shares[kCentres] = {};
+  };
+  void FindMoved(const Centres& centres, const NeighborSums& sums, bool (&moved)[kCentres]) const;
   template <typename Use>
   void ForEachSlice(int x, int y, std::ptrdiff_t row, Use use) const;
 
@@ -32,7 +39,9 @@ class NoiseByNeighbors {
   const NoiseRule& rule_;
   int radius_;
   AddNeighbors add_neighbors_;
-  std::vector<int> half_widths_;  // of the disc, for |dy| = 0 to radius
+  bool is_small_;
+  std::array<float, 766> shares_;  // 1 / T by the sum of a pixel's channels
+  std::vector<int> half_widths_;   // of the disc, for |dy| = 0 to radius
 };
 
 }  // namespace tarnwell

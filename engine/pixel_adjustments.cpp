@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstring>
 
 #include "engine/rounding.h"
@@ -65,6 +66,24 @@ void AdjustTones(PixelValues& pixel, int starting_sum, const AdjustmentSettings&
   adjust(pixel.blue, kBlue);
   adjust(pixel.green, kGreen);
   adjust(pixel.red, kRed);
+}
+
+double FarthestTone(const AdjustmentSettings& settings, double farthest) {
+  double most = farthest;
+  // Every step may round up.
+  const auto reaches = [&](double distance) { most = std::max(most, farthest = distance + 1); };
+  const auto adds_share = [&](const auto& factors) {
+    double largest = 0;
+    for (const double factor : factors) largest = std::max(largest, std::abs(factor));
+    reaches(farthest + farthest * largest);
+  };
+  reaches(std::max(farthest - settings.black_level, 0.0));
+  reaches(farthest * std::abs(settings.gain));
+  if (settings.hue_factors) adds_share(*settings.hue_factors);
+  if (settings.white_balance_offsets) adds_share(*settings.white_balance_offsets);
+  reaches((farthest + 255) * std::abs(settings.saturation_multiplier) + 255);
+  reaches(farthest + (farthest + 128) * std::abs(settings.contrast_factor));
+  return most;
 }
 
 void StoreClamped(const PixelValues& pixel, std::uint8_t* bytes) {

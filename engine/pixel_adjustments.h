@@ -37,6 +37,10 @@ struct PixelValues {
 // rounded half to even; one that does not fit 16 bits leaves its channel as it was.
 void AdjustTones(PixelValues& pixel, int starting_sum, const AdjustmentSettings& settings);
 
+// How far from 0 a channel that starts within `farthest` of it can be between two of those steps at
+// most, if each of them is done. Below 32767 each is.
+double FarthestTone(const AdjustmentSettings& settings, double farthest);
+
 // Clamps the channels to 0..255 and writes them; the unused byte stays.
 void StoreClamped(const PixelValues& pixel, std::uint8_t* bytes);
 

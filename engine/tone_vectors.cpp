@@ -7,22 +7,10 @@
 #include "engine/rounding.h"
 
 namespace tarnwell {
-namespace {
-
-// The largest size that a channel of 0..255 can have on its way, if no step leaves it as it was.
-double FarthestTone(const AdjustmentSettings& settings) {
-  const double lifted = std::max(255.0 - settings.black_level, 0.0);
-  const double start = lifted * std::abs(settings.gain) + 1;
-  const double tone = (start + 255) * std::abs(settings.saturation_multiplier) + 256;
-  const double end = tone + (tone + 128) * std::abs(settings.contrast_factor) + 1;
-  return std::max({lifted, start, tone, end});
-}
-
-}  // namespace
 
 bool SuitToneVectors(const AdjustmentSettings& settings, Instructions instructions) {
   return instructions == Instructions::kAvx2 && !settings.hue_factors &&
-         !settings.white_balance_offsets && FarthestTone(settings) < 32767;
+         !settings.white_balance_offsets && FarthestTone(settings, 255) < 32767;
 }
 
 #ifdef TARNWELL_AVX2
