@@ -116,7 +116,7 @@ void FocusDefault(benchmark::State& state) {
   MeasureInFloors(state, Megapixels(state), [&] {
     const auto working = TryMakePixels(photo->width(), photo->height());
     FocusPass focus(photo->view(), photo->view(), working->mutable_view(), settings, &table);
-    for (int band = 0; band < focus.band_count(); ++band) focus.Read(band);
+    for (int strip = 0; strip < focus.strip_count(); ++strip) focus.Read(strip);
     for (int part = 0; part < focus.part_count(); ++part) focus.Adjust(part);
     for (int band = 0; band < focus.band_count(); ++band) focus.Write(band);
   });

@@ -95,7 +95,7 @@ bool FocusColumns(Stages& stages, const PixelView& smooth, const PartDone& part_
 bool FocusInWaves(Stages& stages, FocusPass& focus, const PartDone& part_done,
                   const PartDone& go_on) {
   const bool read = ForEachPart(
-      focus.band_count(), 1, stages.threads, [&](int band) { focus.Read(band); }, go_on);
+      focus.strip_count(), 1, stages.threads, [&](int strip) { focus.Read(strip); }, go_on);
   if (!read) return false;
   const bool adjusted = ForEachPart(
       focus.part_count(), 1, stages.threads, [&](int part) { focus.Adjust(part); },

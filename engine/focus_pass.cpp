@@ -94,16 +94,24 @@ FocusPass::FocusPass(const PixelView& start, const PixelView& smooth, MutablePix
   if (smooth.data != start.data) smooth_pixels_ = PixelArray(height_, width_);
 }
 
-PicturePiece FocusPass::Band(int band) const {
-  return {0, band * kBandHeight, width_, std::min((band + 1) * kBandHeight, height_)};
+PicturePiece FocusPass::Piece(int strip, int band) const {
+  return {strip * kStripWidth, band * kBandHeight, std::min((strip + 1) * kStripWidth, width_),
+          std::min((band + 1) * kBandHeight, height_)};
 }
 
-void FocusPass::Read(int band) {
-  const PicturePiece rows = Band(band);
-  Transpose(start_, rows, pixels_.mutable_view());
-  if (!smooth_pixels_.view().empty()) Transpose(smooth_, rows, smooth_pixels_.mutable_view());
-  // The window of column 0 before its right end comes in.
-  for (int y = rows.top; y < rows.bottom; ++y) {
+void FocusPass::Read(int strip) {
+  const bool smoothed = !smooth_pixels_.view().empty();
+  for (int band = 0; band < band_count(); ++band) {
+    const PicturePiece piece = Piece(strip, band);
+    Transpose(start_, piece, pixels_.mutable_view());
+    if (smoothed) Transpose(smooth_, piece, smooth_pixels_.mutable_view());
+  }
+  if (strip == 0) SumFirstRows();
+}
+
+// The window of column 0 before its right end comes in.
+void FocusPass::SumFirstRows() {
+  for (int y = 0; y < height_; ++y) {
     const std::uint8_t* pixel = start_.at(0, y);
     for (int x = 0; x < std::min(distance_, width_); ++x, pixel += kBytesPerPixel) {
       for (int i = 0; i < 4; ++i) row_sums_[y].sum[i] += pixel[i];
@@ -112,8 +120,10 @@ void FocusPass::Read(int band) {
 }
 
 void FocusPass::Write(int band) {
-  const PicturePiece rows = Band(band);
-  Transpose(pixels_.view(), {rows.top, 0, rows.bottom, width_}, out_);
+  for (int strip = 0; strip < strip_count(); ++strip) {
+    const PicturePiece piece = Piece(strip, band);
+    Transpose(pixels_.view(), {piece.top, piece.left, piece.bottom, piece.right}, out_);
+  }
 }
 
 FocusPass::Column FocusPass::Begin(int x) {

@@ -35,11 +35,14 @@ class FocusPass {
             const AdjustmentSettings& settings, const ToneTable* table,
             Instructions instructions = BestInstructions());
 
-  // Three stages, each on any number of threads, each after the one before: read the pictures, band
-  // by band; adjust, part by part; write the bands.
+  // Three stages, each on any number of threads, each after the one before: read the pictures,
+  // strip by strip of columns; adjust, part by part; write band by band of rows. So each step
+  // touches little new memory, of which the system may take its time to give.
+  static constexpr int kStripWidth = 256;
+  int strip_count() const { return (width_ + kStripWidth - 1) / kStripWidth; }
+  void Read(int strip);
   static constexpr int kBandHeight = 128;
   int band_count() const { return (height_ + kBandHeight - 1) / kBandHeight; }
-  void Read(int band);
   void Write(int band);
 
   // Parts must be begun in order, as each waits for the one before it.
@@ -74,7 +77,8 @@ class FocusPass {
   bool WaitFor(int part, int rows) const;
 
   std::uint8_t* at(int x, int y) { return pixels_.mutable_view().at(y, x); }
-  PicturePiece Band(int band) const;
+  PicturePiece Piece(int strip, int band) const;
+  void SumFirstRows();
 
   PixelView start_;
   PixelView smooth_;

@@ -33,11 +33,15 @@ PixelArray::PixelArray(const PixelArray& other) : PixelArray(other.width_, other
   if (bytes_) std::memcpy(bytes_.get(), other.bytes_.get(), view().byte_count());
 }
 
-PixelArray& PixelArray::operator=(const PixelArray& other) {
-  PixelArray copy(other);
-  width_ = copy.width_;
-  height_ = copy.height_;
-  bytes_ = std::move(copy.bytes_);
+PixelArray::PixelArray(PixelArray&& other) noexcept
+    : width_(std::exchange(other.width_, 0)),
+      height_(std::exchange(other.height_, 0)),
+      bytes_(std::move(other.bytes_)) {}
+
+PixelArray& PixelArray::operator=(PixelArray other) noexcept {
+  std::swap(width_, other.width_);
+  std::swap(height_, other.height_);
+  std::swap(bytes_, other.bytes_);
   return *this;
 }
 

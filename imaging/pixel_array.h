@@ -55,7 +55,8 @@ class PixelArray {
   // TryMakePixels is the form for sizes that come from a file.
   PixelArray(int width, int height);
   PixelArray(const PixelArray& other);
-  PixelArray& operator=(const PixelArray& other);
+  PixelArray(PixelArray&& other) noexcept;  // leaves `other` empty
+  PixelArray& operator=(PixelArray other) noexcept;
 
   int width() const { return width_; }
   int height() const { return height_; }

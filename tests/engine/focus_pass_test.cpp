@@ -46,7 +46,7 @@ void ExpectSameAsColumnByColumn(const PixelArray& picture, const PixelArray* smo
                       actual.mutable_view(), settings, tones, instructions);
       const auto go_on = [](int) { return true; };
       ForEachPart(
-          focus.band_count(), 1, threads, [&](int i) { focus.Read(i); }, go_on);
+          focus.strip_count(), 1, threads, [&](int i) { focus.Read(i); }, go_on);
       ForEachPart(
           focus.part_count(), 1, threads, [&](int i) { focus.Adjust(i); }, go_on);
       ForEachPart(
@@ -60,8 +60,16 @@ void ExpectSameAsColumnByColumn(const PixelArray& picture, const PixelArray* smo
 }
 
 TEST(FocusPassTest, GivesTheSameAsColumnByColumn) {
-  for (const auto& [width, height] :
-       {std::pair{1, 1}, {1, 9}, {9, 1}, {3, 2}, {4, 4}, {5, 70}, {31, 23}, {70, 131}, {13, 330}}) {
+  for (const auto& [width, height] : {std::pair{1, 1},
+                                      {1, 9},
+                                      {9, 1},
+                                      {3, 2},
+                                      {4, 4},
+                                      {5, 70},
+                                      {31, 23},
+                                      {70, 131},
+                                      {13, 330},
+                                      {530, 20}}) {
     const auto picture = NoisyPicture(width, height, width + height);
     const auto smooth = RandomPixels(width, height, 8);
     for (const int distance : {1, 2, 3, 7, 12, 40, 200}) {
