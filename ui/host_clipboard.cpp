@@ -38,10 +38,22 @@ Picture PictureOf(HBITMAP bitmap) {
   return pixels;
 }
 
+// Other programs hold the clipboard for a moment, those that keep its history at every change of
+// it. So this waits for it, up to half a second.
+bool OpenClipboardSoon(HWND owner) {
+  constexpr int kTries = 20;
+  constexpr DWORD kPauseMilliseconds = 25;
+  for (int i = 0; i < kTries; ++i) {
+    if (OpenClipboard(owner)) return true;
+    Sleep(kPauseMilliseconds);
+  }
+  return false;
+}
+
 }  // namespace
 
 bool HostClipboard::SetPicture(const PixelView& picture) {
-  if (picture.empty() || !OpenClipboard(owner)) return false;
+  if (picture.empty() || !OpenClipboardSoon(owner)) return false;
   const HBITMAP bitmap = EmptyClipboard() ? BitmapOf(picture) : nullptr;
   const bool taken = bitmap && SetClipboardData(CF_BITMAP, bitmap);
   CloseClipboard();
@@ -51,7 +63,7 @@ bool HostClipboard::SetPicture(const PixelView& picture) {
 }
 
 Picture HostClipboard::GetPicture() {
-  if (!IsClipboardFormatAvailable(CF_BITMAP) || !OpenClipboard(owner)) return nullptr;
+  if (!IsClipboardFormatAvailable(CF_BITMAP) || !OpenClipboardSoon(owner)) return nullptr;
   const auto bitmap = static_cast<HBITMAP>(GetClipboardData(CF_BITMAP));
   Picture picture = bitmap ? PictureOf(bitmap) : nullptr;
   CloseClipboard();
