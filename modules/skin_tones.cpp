@@ -1,5 +1,8 @@
 #include "modules/skin_tones.h"
 
+#include <algorithm>
+
+#include "modules/frm_modules.h"
 #include "platform/files.h"
 #include "shell/line_reader.h"
 #include "shell/module1.h"
@@ -55,6 +58,18 @@ void SelectEntry(SkinTones& tones, int index) {
 
 std::string SkinToneCaption(const SkinTones& tones) {
   return tones.HasSelection() ? tones.names[tones.selected] : "";
+}
+
+Rgb ColourOfTone(const std::string& text) {
+  const auto channel = [&text](std::size_t at) {
+    int value = 0;
+    for (std::size_t i = at; i < at + 3 && i < text.size(); ++i) {
+      if (text[i] < '0' || text[i] > '9') return 0;
+      value = value * 10 + (text[i] - '0');
+    }
+    return std::min(value, 255);
+  };
+  return {channel(0), channel(4), channel(8)};
 }
 
 }  // namespace tarnwell

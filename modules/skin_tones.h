@@ -10,6 +10,7 @@ namespace tarnwell {
 
 class Files;
 struct Module1;
+struct Rgb;
 
 // The list of skin tones and its file "skintones.ski" in the program folder: per entry two lines,
 // the name and the colour text.
@@ -31,5 +32,9 @@ void SelectEntry(SkinTones& tones, int index);
 
 // The selected tone's name, as the panel shows it; empty when none is selected.
 std::string SkinToneCaption(const SkinTones& tones);
+
+// The colour of a colour text, digits at 1 to 3, 5 to 7 and 9 to 11: at most 255 a channel, 0 for
+// one that is not written in digits.
+Rgb ColourOfTone(const std::string& text);
 
 }  // namespace tarnwell

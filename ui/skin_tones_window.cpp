@@ -1,5 +1,6 @@
 #include "ui/skin_tones_window.h"
 
+#include "modules/skin_tones.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "ui/fields.h"
@@ -21,16 +22,10 @@ constexpr int kDescriptionId = 102;
 constexpr int kFirstColourId = 103;
 constexpr std::array<const wchar_t*, 3> kColourNames = {L"Red", L"Green", L"Blue"};
 
-Colour ColourOf(const std::string& text) {
-  const auto channel = [&text](std::size_t at) {
-    int value = 0;
-    for (std::size_t i = at; i < at + 3 && i < text.size(); ++i) {
-      if (text[i] < '0' || text[i] > '9') return std::uint8_t{0};
-      value = value * 10 + (text[i] - '0');
-    }
-    return static_cast<std::uint8_t>(std::min(value, 255));
-  };
-  return {channel(0), channel(4), channel(8)};
+Colour ColourOf(const std::string& tone) {
+  const Rgb colour = ColourOfTone(tone);
+  return {static_cast<std::uint8_t>(colour.red), static_cast<std::uint8_t>(colour.green),
+          static_cast<std::uint8_t>(colour.blue)};
 }
 
 }  // namespace

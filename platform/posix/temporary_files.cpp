@@ -7,11 +7,11 @@
 #include <cstdio>
 #include <dirent.h>
 #include <memory>
-#include <mutex>
-#include <set>
 #include <sys/random.h>
 #include <unistd.h>
 #include <vector>
+
+#include "platform/first_use.h"
 
 namespace tarnwell {
 namespace {
@@ -48,17 +48,10 @@ bool IsInUse(const TemporaryName& name) {
   return kill(static_cast<pid_t>(name.process), 0) == 0 || errno != ESRCH;
 }
 
-bool IsFirstCallFor(const std::string& folder) {
-  static std::mutex mutex;
-  static std::set<std::string> seen;
-  const std::lock_guard lock(mutex);
-  return seen.insert(folder).second;
-}
-
 }  // namespace
 
 std::string NewTemporaryIn(const std::string& folder) {
-  if (IsFirstCallFor(folder)) DeleteStraysIn(folder);
+  if (IsFirstUseOf(folder)) DeleteStraysIn(folder);
   static std::atomic<unsigned> counter = 0;
   char name[64];
   std::snprintf(name, sizeof name, ".tarnwell-%ld-%u-%08x.tmp", static_cast<long>(getpid()),

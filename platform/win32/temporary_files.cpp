@@ -2,13 +2,12 @@
 
 #include <atomic>
 #include <cstdio>
-#include <mutex>
 #include <optional>
-#include <set>
 #include <string_view>
 #include <vector>
 #include <windows.h>
 
+#include "platform/first_use.h"
 #include "platform/win32/utf16.h"
 #include "platform/win32/wide_path.h"
 
@@ -47,17 +46,10 @@ bool IsInUse(const TemporaryName& name) {
   return runs;
 }
 
-bool IsFirstCallFor(const std::string& folder) {
-  static std::mutex mutex;
-  static std::set<std::string> seen;
-  const std::lock_guard lock(mutex);
-  return seen.insert(folder).second;
-}
-
 }  // namespace
 
 std::string NewTemporaryIn(const std::string& folder) {
-  if (IsFirstCallFor(folder)) DeleteStraysIn(folder);
+  if (IsFirstUseOf(folder)) DeleteStraysIn(folder);
   static std::atomic<unsigned long> counter = 0;
   char name[64];
   std::snprintf(name, sizeof name, "~tp%lu-%lu-%08lx.tmp", GetCurrentProcessId(), counter++,

@@ -141,5 +141,16 @@ TEST_F(SkinToneManagerTest, OkGivesTheListToPanelAndFile) {
   EXPECT_EQ(desk.dialogs.Told(), Texts{std::string(kPath) + ": the disk is full"});
 }
 
+TEST(SkinTonesTest, AColourTextOfAnyShapeHasAColour) {
+  const std::pair<const char*, Rgb> kRows[] = {
+      {"245,199,159", {245, 199, 159}},
+      {"999,000,256", {255, 0, 255}},
+      {"12x,7", {0, 7, 0}},
+      {"010,2", {10, 2, 0}},
+      {"", {0, 0, 0}},
+  };
+  for (const auto& [text, colour] : kRows) EXPECT_EQ(ColourOfTone(text), colour) << text;
+}
+
 }  // namespace
 }  // namespace tarnwell

@@ -21,6 +21,7 @@
 #include "shell/tool_button.h"
 #include "tests/platform/posix/own_process.h"
 #include "tests/support/bmp_builder.h"
+#include "tests/support/folder_contents.h"
 #include "tests/support/main_desk.h"
 #include "tests/support/tiny_pictures.h"
 #include "tests/support/told.h"
@@ -32,19 +33,6 @@ constexpr char kMode[] = "program\\Cameras\\Default\\Default\\";
 constexpr char kMaps[] = "program\\Cameras\\Default\\~ Dead Pixels\\16x16\\";
 
 using Words = std::vector<std::string>;
-
-using Contents = std::map<std::string, std::string>;
-
-Contents ContentsOf(const TempFolder& folder) {
-  Contents contents;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.SystemPath())) {
-    if (!entry.is_regular_file()) continue;
-    std::string name = entry.path().lexically_relative(folder.SystemPath()).string();
-    std::replace(name.begin(), name.end(), '/', '\\');
-    contents[name] = folder.Read(name);
-  }
-  return contents;
-}
 
 struct Desk : MainDesk {
   Contents prepared;  // what the files were once everything was prepared

@@ -25,6 +25,7 @@
 #include "tests/platform/posix/faulty_calls.h"
 #include "tests/platform/posix/own_process.h"
 #include "tests/support/exif_builder.h"
+#include "tests/support/folder_contents.h"
 #include "tests/support/pictures.h"
 #include "tests/support/test_window.h"
 #include "tests/support/tiny_pictures.h"
@@ -193,19 +194,6 @@ const std::vector<Operation>& Operations() {
        }},
   };
   return operations;
-}
-
-using Contents = std::map<std::string, std::string>;  // by path below the folder
-
-Contents ContentsOf(const TempFolder& folder) {
-  Contents contents;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.SystemPath())) {
-    if (!entry.is_regular_file()) continue;
-    std::string name = entry.path().lexically_relative(folder.SystemPath()).string();
-    std::replace(name.begin(), name.end(), '/', '\\');
-    contents[name] = folder.Read(name);
-  }
-  return contents;
 }
 
 bool IsTemporary(const std::string& name) {
