@@ -109,7 +109,7 @@ struct Desk : Program {
   void Close() { PostMessageW(main(), WM_CLOSE, 0, 0); }
   void WaitForEnd() {
     DWORD code = STILL_ACTIVE;
-    ASSERT_TRUE(WaitFor([&] { return Ended(code); }));
+    ASSERT_TRUE(WaitFor([&] { return Ended(code); })) << "it asks: " << Asked();
     EXPECT_EQ(code, 0u);
   }
   // The wheel over a window's middle, by so many notches.
@@ -119,6 +119,11 @@ struct Desk : Program {
     SetCursorPos((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
     PostMessageW(main(), WM_MOUSEWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA),
                  MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2));
+  }
+  // What a message box says; empty while there is none.
+  std::string Asked() const {
+    const HWND box = Find(kSystemDialog);
+    return box ? Narrowed(WordsIn(box)) : std::string();
   }
   static std::string Narrowed(const std::wstring& text) { return WideToUtf8(text).value_or("?"); }
 };

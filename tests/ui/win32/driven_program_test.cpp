@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "platform/picture_codec.h"
+#include "platform/system.h"
+#include "tests/support/pictures.h"
 #include "tests/ui/win32/desk.h"
 
 namespace tarnwell {
@@ -49,7 +52,12 @@ TEST(DrivenProgram, OpensAdjustsAndSavesAPhoto) {
 
 TEST(DrivenProgram, ACancelledCorrectionLeavesThePhotoAsItWas) {
   Desk desk(L"100");
-  desk.StartWith(desk.folder.Write("a.bmp", Landscape(3000, 2000)), L"a.bmp");
+  // Extended noise over many colours takes minutes: no machine is through before Cancel is pressed.
+  desk.folder.Write("powertoys.ini", "-1\r\n0\r\n");
+  const std::string photo = desk.folder.File("a.bmp");
+  ASSERT_TRUE(
+      MakeSystemPictureCodec()->SaveBitmap(photo, NoisyPicture(2000, 1500, 1)->view()).ok());
+  desk.StartWith(photo, L"a.bmp");
   desk.OpenModule(L"Noise Reduction", L"Noise radius");
   desk.Press(L"Adjust");
   HWND progress = nullptr;
