@@ -97,7 +97,8 @@ bool TagReader::ReadAttributes(Tag& tag) {
       tag.end = ++at_;
       return true;
     }
-    if (!ReadAttribute(tag, begin)) return Fail();
+    // Without blanks between, what is left over of two attributes would run together.
+    if (at_ == begin || !ReadAttribute(tag, begin)) return Fail();
   }
 }
 

@@ -151,6 +151,7 @@ TEST(PhotoMetadata, DamagedSegmentsAreDroppedAndTold) {
       {{{1, std::string("Exif\0\0II*\0\xFF\xFF\xFF\x7F", 14)}},
        "The EXIF data is damaged and is left out."},
       {{{1, Packet("", "<tiff:Make>")}}, "The XMP data is damaged and is left out."},
+      {{{1, Packet(" tiff:Make='A'tiff:Model='B'")}}, "The XMP data is damaged and is left out."},
       {{{1, Packet("", "<!DOCTYPE a [<!ENTITY b \"bbbb\">]>")}},
        "The XMP data is damaged and is left out."},
       {{{2, Icc(1, 2, profile.substr(0, 150))}},
