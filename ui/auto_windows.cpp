@@ -19,8 +19,9 @@ AutoWindows::AutoWindows(Form1& form, Messages& messages, HostTray& tray)
     : form_(form), messages_(messages), tray_(tray) {}
 AutoWindows::~AutoWindows() = default;
 
-void AutoWindows::Attach(HWND main_window, AutoWindow& automated) {
-  main_window_ = main_window;
+void AutoWindows::Attach(const FrameWindow& main_window, AutoWindow& automated) {
+  main_window_ = main_window.handle();
+  main_look_ = &main_window.look();
   automated_ = &automated;
   tray_.menu_wanted = [this](POINT at) { OpenTrayMenu(at); };
   tray_.selected = [this] { automated_->mode().automated ? ShowStatusWindow() : ShowMainWindow(); };
@@ -34,6 +35,10 @@ void AutoWindows::Attach(HWND main_window, AutoWindow& automated) {
 void AutoWindows::ShowMainWindow() {
   ShowWindow(main_window_, IsIconic(main_window_) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(main_window_);
+}
+
+void AutoWindows::ShowFocus(bool show) {
+  if (status_) status_->ShowFocus(show);
 }
 
 void AutoWindows::CloseAll() {
@@ -65,6 +70,7 @@ bool AutoWindows::AskSetup(frmAutoSetup& setup) {
 void AutoWindows::ShowStatusWindow() {
   if (!status_) {
     status_ = std::make_unique<AutoModeWindow>(automated_->mode(), form_.app.preset_path);
+    status_->ShowFocus(main_look_->show_focus);
   }
   status_->Open();
 }

@@ -8,10 +8,12 @@
 namespace tarnwell {
 
 class AutoModeWindow;
+class FrameWindow;
 class HostTray;
 class Messages;
 class NotificationPanel;
 struct Form1;
+struct Look;
 
 // The windows of the automated mode and the menu of its icon.
 class AutoWindows : public AutoModeView {
@@ -21,9 +23,11 @@ class AutoWindows : public AutoModeView {
   AutoWindows(const AutoWindows&) = delete;
   AutoWindows& operator=(const AutoWindows&) = delete;
 
-  // Once both are there. `main_window` is given the ticks, as timer kAutoModeTimer.
-  void Attach(HWND main_window, AutoWindow& automated);
+  // Once both are there. `main_window` is given the ticks, as timer kAutoModeTimer; windows that
+  // are made later begin with its look.
+  void Attach(const FrameWindow& main_window, AutoWindow& automated);
   void ShowMainWindow();
+  void ShowFocus(bool show);
   void CloseAll();
 
   void ModeStarted() override;
@@ -39,6 +43,7 @@ class AutoWindows : public AutoModeView {
   Messages& messages_;
   HostTray& tray_;
   HWND main_window_ = nullptr;
+  const Look* main_look_ = nullptr;
   AutoWindow* automated_ = nullptr;
   std::unique_ptr<AutoModeWindow> status_;
   std::unique_ptr<NotificationPanel> notification_;

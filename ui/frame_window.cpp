@@ -92,6 +92,12 @@ void FrameWindow::FillHeight() {
   Place(ToBox({own.left, work.top, own.right, work.bottom}));
 }
 
+void FrameWindow::ShowFocus(bool show) {
+  if (look_.show_focus == show) return;
+  look_.show_focus = show;
+  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
 void FrameWindow::Dress(HWND control) {
   SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(look_.fonts.Get(Face::kBody)), TRUE);
 }

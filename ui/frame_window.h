@@ -15,7 +15,10 @@ class FrameWindow : public Window {
   FrameWindow() : look_(StartScale()) {}
   ~FrameWindow() override;
 
-  Look& look() { return look_; }
+  const Look& look() const { return look_; }
+
+  // Whether focus and access keys are drawn: the keyboard was used last.
+  void ShowFocus(bool show);
 
   // Shows a window that the user may work with, in the middle of its owner, or at its right.
   void ShowCentred();

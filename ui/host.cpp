@@ -124,9 +124,9 @@ void Host::OpenMainWindow() {
   LoadWindowState(window);
   ConnectTips(window);
   frame.Create(window, {others, auto_windows, automated});
-  others.Attach(frame.handle());
+  others.Attach(frame);
   tray.Create();
-  auto_windows.Attach(frame.handle(), automated);
+  auto_windows.Attach(frame, automated);
   clipboard.owner = frame.handle();
   messages.main_window = frame.handle();
   messages.on_shortcut = [this](const char* shortcut) { return frame.Shortcut(shortcut); };

@@ -6,6 +6,7 @@
 #include <wrl/client.h>
 
 #include "ui/look/dialog_filter.h"
+#include "ui/others_disabled.h"
 #include "ui/wide_text.h"
 
 namespace tarnwell {
@@ -25,6 +26,12 @@ UINT IconFlag(Icon icon) {
       break;
   }
   return 0;
+}
+
+int ShowBox(HWND owner, const std::string& title, const std::string& text, UINT type) {
+  // The system itself disables the owner, and no other window.
+  const OthersDisabled others(owner);
+  return MessageBoxW(owner, Wide(text).c_str(), Wide(title).c_str(), type);
 }
 
 // The kinds of files, with the texts that the dialog refers to.
@@ -73,6 +80,7 @@ bool ShowFileDialog(IFileDialog& dialog, HWND owner, const std::string& title,
   dialog.SetOptions(options | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | more);
   dialog.SetTitle(Wide(title).c_str());
   FileTypes(filter).Apply(dialog);
+  const OthersDisabled others(owner);
   return SUCCEEDED(dialog.Show(owner));
 }
 
@@ -131,14 +139,13 @@ std::vector<std::string> ChooseOpenFiles(HWND owner, const std::string& title,
 }
 
 Answer HostDialogs::Ask(const std::string& title, const std::string& text, Icon icon) {
-  const int answer = MessageBoxW(owner(), Wide(text).c_str(), Wide(title).c_str(),
-                                 MB_YESNOCANCEL | IconFlag(icon));
+  const int answer = ShowBox(owner(), title, text, MB_YESNOCANCEL | IconFlag(icon));
   if (answer == IDYES) return Answer::kYes;
   return answer == IDNO ? Answer::kNo : Answer::kCancel;
 }
 
 void HostDialogs::Tell(const std::string& title, const std::string& text, Icon icon) {
-  MessageBoxW(owner(), Wide(text).c_str(), Wide(title).c_str(), MB_OK | IconFlag(icon));
+  ShowBox(owner(), title, text, MB_OK | IconFlag(icon));
 }
 
 std::string HostDialogs::AskText(const std::string& title, const std::string& prompt) {

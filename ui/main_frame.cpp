@@ -208,10 +208,9 @@ void MainFrame::KeepPlacement() {
 }
 
 void MainFrame::KeyboardUsed(bool used) {
-  if (look_.show_focus == used) return;
-  look_.show_focus = used;
-  others_->SetShowFocus(used);
-  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+  ShowFocus(used);
+  others_->ShowFocus(used);
+  auto_windows_->ShowFocus(used);
 }
 
 bool MainFrame::Shortcut(const char* shortcut) { return PressShortcut(*window_, shortcut); }
@@ -329,7 +328,7 @@ bool MainFrame::IsTipsWindowShown() const { return others_->IsTipShown(); }
 // The panel is as tall as the window.
 void MainFrame::MaximizeModules() {
   if (!IsZoomed(handle())) FillHeight();
-  look_.show_focus = true;
+  KeyboardUsed(true);
   panel_->TakeFocus();
 }
 void MainFrame::ShowOpenMode() { others_->ShowOpenMode(); }

@@ -4,6 +4,7 @@
 
 #include "ui/fields.h"
 #include "ui/messages.h"
+#include "ui/others_disabled.h"
 
 namespace tarnwell {
 namespace {
@@ -32,12 +33,13 @@ bool ModalWindow::Run(Messages& messages, HWND owner) {
   cancel_.clicked = [this] { Answer(false); };
   cancel_.Create(handle(), L"&Cancel");
   LayOut(Client());
-  EnableWindow(owner, FALSE);
-  ShowCentred();
-  look_.show_focus = true;
-  SetFocus(FirstFocus());
-  messages.RunWhile([this] { return !answered_; });
-  EnableWindow(owner, TRUE);
+  {
+    const OthersDisabled others(handle());
+    ShowCentred();
+    look_.show_focus = true;
+    SetFocus(FirstFocus());
+    messages.RunWhile([this] { return !answered_; });
+  }
   Show(false);
   SetActiveWindow(owner);
   return confirmed_;

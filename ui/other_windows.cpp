@@ -1,5 +1,8 @@
 #include "ui/other_windows.h"
 
+#include <initializer_list>
+#include <utility>
+
 #include "engine/adjust_photo.h"
 #include "modules/open_mode.h"
 #include "modules/white_balance.h"
@@ -31,28 +34,32 @@ OtherWindows::OtherWindows(MainWindow& window, Messages& messages)
     : window_(window), messages_(messages) {}
 OtherWindows::~OtherWindows() = default;
 
-void OtherWindows::Attach(HWND main_window) {
-  main_window_ = main_window;
+void OtherWindows::Attach(const FrameWindow& main_window) {
+  main_window_ = main_window.handle();
+  main_look_ = &main_window.look();
   Form1& form = window_.form;
   progress_ = std::make_unique<ProgressBox>(form.progress, form.app.cancel_requested, messages_);
-  progress_->Create(main_window);
+  progress_->Create(main_window_);
   form.progress.view = progress_.get();
 }
 
-void OtherWindows::ShowTip(int tip) {
-  if (!tips_) tips_ = std::make_unique<TipsWindow>(main_window_, window_.tips);
-  tips_->ShowTip(tip);
+template <typename Kind, typename... Parts>
+Kind& OtherWindows::Made(std::unique_ptr<Kind>& window, Parts&&... parts) {
+  if (!window) {
+    window = std::make_unique<Kind>(std::forward<Parts>(parts)...);
+    window->ShowFocus(main_look_->show_focus);
+  }
+  return *window;
 }
+
+void OtherWindows::ShowTip(int tip) { Made(tips_, main_window_, window_.tips).ShowTip(tip); }
 
 bool OtherWindows::IsTipShown() const { return tips_ && IsWindowVisible(tips_->handle()); }
 
 void OtherWindows::ShowAbout() {
   Form1& form = window_.form;
-  if (!about_) {
-    about_ = std::make_unique<AboutWindow>(main_window_, form.app.power_toys,
-                                           [&form] { TogglePowerToys(form.app, form.platform); });
-  }
-  about_->Open();
+  const auto toggle = [&form] { TogglePowerToys(form.app, form.platform); };
+  Made(about_, main_window_, form.app.power_toys, toggle).Open();
 }
 
 void OtherWindows::ShowOpenMode() {
@@ -68,17 +75,15 @@ void OtherWindows::ShowOpenMode() {
 
 void OtherWindows::ShowZoom(ZoomMode mode) {
   Form1& form = window_.form;
-  if (!zoom_) {
-    zoom_ = std::make_unique<ZoomWindow>(
-        main_window_,
-        ZoomWindow::Models{zoom_model_, form.modules, skin_tones_model_, messages_, form.metadata});
-    zoom_->closed = [this] {
-      if (skin_tones_ && skin_tones_model_.visible) skin_tones_->Update();
-      window_.view.Refresh();
-    };
-  }
+  ZoomWindow& zoom = Made(
+      zoom_, main_window_,
+      ZoomWindow::Models{zoom_model_, form.modules, skin_tones_model_, messages_, form.metadata});
+  zoom.closed = [this] {
+    if (skin_tones_ && skin_tones_model_.visible) skin_tones_->Update();
+    window_.view.Refresh();
+  };
   OpenZoom(zoom_model_, mode, PhotoForZoom(mode));
-  zoom_->Open();
+  zoom.Open();
 }
 
 // A colour is picked from the photo as it was taken.
@@ -98,12 +103,10 @@ Status OtherWindows::CorrectPreviewQuietly() {
 
 void OtherWindows::ManageSkinTones() {
   Form1& form = window_.form;
-  if (!skin_tones_) {
-    skin_tones_ = std::make_unique<SkinTonesWindow>(main_window_, skin_tones_model_, form);
-    skin_tones_->closed = [this] { window_.view.Refresh(); };
-  }
+  SkinTonesWindow& manager = Made(skin_tones_, main_window_, skin_tones_model_, form);
+  manager.closed = [this] { window_.view.Refresh(); };
   OpenSkinTones(skin_tones_model_, form.modules.skin_tones);
-  skin_tones_->Update();
+  manager.Update();
 }
 
 void OtherWindows::SaveWhiteBalance() {
@@ -141,15 +144,12 @@ std::string OtherWindows::AskText(const std::string& title, const std::string& p
   return Narrow(dialog.text());
 }
 
-void OtherWindows::SetShowFocus(bool show) {
-  const auto set = [show](FrameWindow* window) {
-    if (window) window->look().show_focus = show;
-  };
-  set(progress_.get());
-  set(tips_.get());
-  set(about_.get());
-  set(zoom_.get());
-  set(skin_tones_.get());
+void OtherWindows::ShowFocus(bool show) {
+  const std::initializer_list<FrameWindow*> windows = {progress_.get(), tips_.get(), about_.get(),
+                                                       zoom_.get(), skin_tones_.get()};
+  for (FrameWindow* window : windows) {
+    if (window) window->ShowFocus(show);
+  }
 }
 
 void OtherWindows::Refresh() {

@@ -17,6 +17,7 @@ class ProgressBox;
 struct MainWindow;
 
 class AboutWindow;
+class FrameWindow;
 class SkinTonesWindow;
 class TipsWindow;
 class ZoomWindow;
@@ -29,8 +30,9 @@ class OtherWindows {
   OtherWindows(const OtherWindows&) = delete;
   OtherWindows& operator=(const OtherWindows&) = delete;
 
-  // Makes the progress window over `main_window` and lets the correction show itself there.
-  void Attach(HWND main_window);
+  // Makes the progress window over `main_window` and lets the correction show itself there. Windows
+  // that are made later begin with the main one's look.
+  void Attach(const FrameWindow& main_window);
 
   void ShowTip(int tip);
   bool IsTipShown() const;
@@ -47,15 +49,19 @@ class OtherWindows {
   Status CorrectPreviewQuietly();
   std::string AskText(const std::string& title, const std::string& prompt);
 
-  void SetShowFocus(bool show);  // in all of them
-  void Refresh();                // what shows settings that may have changed
+  void ShowFocus(bool show);  // in all of them
+  void Refresh();             // what shows settings that may have changed
   void CloseAll();
 
  private:
+  // The window, made from `parts` if it is not there yet.
+  template <typename Kind, typename... Parts>
+  Kind& Made(std::unique_ptr<Kind>& window, Parts&&... parts);
   const Picture& PhotoForZoom(ZoomMode mode) const;
   MainWindow& window_;
   Messages& messages_;
   HWND main_window_ = nullptr;
+  const Look* main_look_ = nullptr;
   frmZoom zoom_model_;
   frmSkinTones skin_tones_model_;
   std::unique_ptr<ProgressBox> progress_;

@@ -61,7 +61,8 @@ void ProgressBox::ShowWindow() {
   started_ = last_report_ = GetTickCount64();
   running_ = true;
   SetTimer(handle(), kTimer1, static_cast<UINT>(progress_.timer_interval), nullptr);
-  if (const HWND owner = GetWindow(handle(), GW_OWNER)) EnableWindow(owner, FALSE);
+  active_before_ = GetActiveWindow();
+  others_.emplace(handle());
 }
 
 void ProgressBox::ComeUpWhenDue() {
@@ -72,11 +73,14 @@ void ProgressBox::ComeUpWhenDue() {
   UpdateWindow(handle());
 }
 
-// The main window is enabled first, or another program's window would come to the front.
+// The others are enabled first, or another program's window would come to the front.
 void ProgressBox::HideWindow() {
   KillTimer(handle(), kTimer1);
   running_ = false;
-  if (const HWND owner = GetWindow(handle(), GW_OWNER)) EnableWindow(owner, TRUE);
+  others_.reset();
+  if (GetActiveWindow() == handle() && IsWindowVisible(active_before_)) {
+    SetActiveWindow(active_before_);
+  }
   Show(false);
 }
 

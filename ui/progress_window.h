@@ -1,8 +1,11 @@
 #pragma once
 
+#include <optional>
+
 #include "shell/frm_progress.h"
 #include "ui/buttons.h"
 #include "ui/frame_window.h"
+#include "ui/others_disabled.h"
 
 namespace tarnwell {
 
@@ -40,6 +43,8 @@ class ProgressBox : public FrameWindow, public ProgressView {
   Label lblFolder_;
   Button picCancel_;
   bool running_ = false;
+  std::optional<OthersDisabled> others_;
+  HWND active_before_ = nullptr;
   ULONGLONG started_ = 0;
   ULONGLONG last_report_ = 0;
 };

@@ -131,6 +131,29 @@ TEST_F(HandsAndEars, TabReachesEveryControlAndTheFocusComesBackAfterADialog) {
   EXPECT_TRUE(WaitFor([&] { return Focus() == at; })) << Desk::Narrowed(TextOf(Focus()));
 }
 
+// Whoever asks is answered first: what is open beside the main window waits as well.
+TEST_F(HandsAndEars, OtherWindowsWaitWhileOneAsks) {
+  desk.StartWith(desk.folder.Write("a.bmp", Landscape(800, 600)), L"a.bmp");
+  HWND tip = nullptr;
+  ASSERT_TRUE(WaitFor([&] { return (tip = desk.Dialog(L"Tips")) != nullptr; }));
+  const auto both = [&](bool enabled) {
+    return (IsWindowEnabled(tip) != FALSE) == enabled &&
+           (IsWindowEnabled(desk.main()) != FALSE) == enabled;
+  };
+  desk.PressAlt('Q');
+  ASSERT_TRUE(WaitFor([&] { return desk.Find(kSystemDialog) != nullptr; }));
+  EXPECT_TRUE(both(false)) << "a box of the system";
+  desk.Answer(L"Quick Launch bar?", IDNO);
+  EXPECT_TRUE(WaitFor([&] { return both(true); }));
+
+  Click(Part(L"New..."));
+  HWND asks = nullptr;
+  ASSERT_TRUE(WaitFor([&] { return (asks = desk.Dialog(L"New Camera")) != nullptr; }));
+  EXPECT_TRUE(both(false)) << "a window of the program";
+  PostMessageW(asks, WM_COMMAND, IDCANCEL, 0);
+  EXPECT_TRUE(WaitFor([&] { return both(true); }));
+}
+
 // A corrected preview follows the panel: the copied thumbnail is brighter without another command.
 TEST_F(HandsAndEars, ACorrectedPreviewFollowsTheSliders) {
   OpenLandscape();
