@@ -13,8 +13,16 @@ constexpr int kIconSide = 8 * kGrid;
 }  // namespace
 
 AboutWindow::AboutWindow(HWND owner, bool& power_toys, std::function<void()> toggle_power_toys)
-    : power_toys_(look_, Ground::kPage), close_(look_, Ground::kCard, ButtonKind::kAccent) {
+    : name_(look_, Ground::kPage, Face::kTitle),
+      version_(look_, Ground::kPage, Face::kBody, true),
+      purpose_(look_, Ground::kPage, Face::kBody),
+      power_toys_(look_, Ground::kPage),
+      close_(look_, Ground::kCard, ButtonKind::kAccent) {
   MakeDialog(L"About Tarnwell Pocket", owner, kWidth, kHeight);
+  name_.Create(handle(), L"Tarnwell Pocket");
+  version_.Create(handle(), L"Version " + Wide(TARNWELL_VERSION));
+  purpose_.SetWrapped(true);
+  purpose_.Create(handle(), L"Corrects photos that were taken with phone cameras.");
   power_toys_.is_on = [&power_toys] { return power_toys; };
   power_toys_.clicked = [this, toggle = std::move(toggle_power_toys)] {
     toggle();
@@ -32,8 +40,19 @@ void AboutWindow::Open() {
   SetFocus(close_.handle());
 }
 
+Box AboutWindow::IconBox() const {
+  return {Px(kMargin), Px(kMargin), Px(kIconSide), Px(kIconSide)};
+}
+
 void AboutWindow::LayOut(const Box& client) {
   if (!close_.handle()) return;
+  const Box icon = IconBox();
+  const int left = icon.right() + Px(2 * kGrid);
+  const int width = client.width - left - Px(kMargin);
+  name_.Place({left, icon.y + Px(4), width, Px(3 * kGrid)});
+  version_.Place({left, icon.y + Px(4 * kGrid), width, Px(3 * kGrid)});
+  purpose_.Place(
+      {Px(kMargin), icon.bottom() + Px(2 * kGrid), client.width - 2 * Px(kMargin), Px(5 * kGrid)});
   const int foot = client.height - Px(kFootHeight);
   power_toys_.Place(
       {Px(kMargin), foot - Px(5 * kGrid), client.width - 2 * Px(kMargin), Px(3 * kGrid)});
@@ -43,17 +62,7 @@ void AboutWindow::LayOut(const Box& client) {
 
 void AboutWindow::PaintClient(Painter& painter, const Box& client) {
   PaintWithFoot(painter, client);
-  const Box icon = {Px(kMargin), Px(kMargin), Px(kIconSide), Px(kIconSide)};
-  painter.ProgramIcon(icon);
-  const int left = icon.right() + Px(2 * kGrid);
-  const int width = client.width - left - Px(kMargin);
-  painter.Text({left, icon.y + Px(4), width, Px(3 * kGrid)}, L"Tarnwell Pocket", Face::kTitle,
-               theme().text);
-  painter.Text({left, icon.y + Px(4 * kGrid), width, Px(3 * kGrid)},
-               L"Version " + Wide(TARNWELL_VERSION), Face::kBody, theme().quiet);
-  painter.Paragraph(
-      {Px(kMargin), icon.bottom() + Px(2 * kGrid), client.width - 2 * Px(kMargin), Px(6 * kGrid)},
-      L"Corrects photos that were taken with phone cameras.", Face::kBody, theme().text);
+  painter.ProgramIcon(IconBox());
 }
 
 }  // namespace tarnwell

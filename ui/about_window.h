@@ -19,6 +19,11 @@ class AboutWindow : public FrameWindow {
   void OnConfirm() override { OnDismiss(); }
 
  private:
+  Box IconBox() const;
+
+  Label name_;
+  Label version_;
+  Label purpose_;
   CheckBox power_toys_;
   Button close_;
 };

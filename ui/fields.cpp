@@ -2,10 +2,14 @@
 
 namespace tarnwell {
 
+void MakeHiddenLabel(HWND parent, const std::wstring& name) {
+  CreateWindowExW(0, L"STATIC", name.c_str(), WS_CHILD, 0, 0, 0, 0, parent, nullptr,
+                  GetModuleHandleW(nullptr), nullptr);
+}
+
 HWND MakeField(HWND parent, int id, const std::wstring& name) {
   const HINSTANCE instance = GetModuleHandleW(nullptr);
-  CreateWindowExW(0, L"STATIC", name.c_str(), WS_CHILD, 0, 0, 0, 0, parent, nullptr, instance,
-                  nullptr);
+  MakeHiddenLabel(parent, name);
   return CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, 0, 0,
                          0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance,
                          nullptr);

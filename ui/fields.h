@@ -7,6 +7,9 @@
 
 namespace tarnwell {
 
+// Names the system's own control that is made next: screen readers read the label before it.
+void MakeHiddenLabel(HWND parent, const std::wstring& name);
+
 // A text field of the system inside a frame that the window around it draws. `name` goes before it
 // as a hidden label, which screen readers read.
 HWND MakeField(HWND parent, int id, const std::wstring& name);

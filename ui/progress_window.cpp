@@ -21,39 +21,29 @@ ProgressBox::ProgressBox(frmProgress& progress, bool& cancel_requested, PendingE
       cancel_requested_(cancel_requested),
       events_(events),
       lblJob_(look_, Ground::kPage, Face::kBody),
+      bar_(look_),
       lblFolder_(look_, Ground::kPage, Face::kCaption, true),
       picCancel_(look_, Ground::kPage, ButtonKind::kPlain) {}
 
 void ProgressBox::Create(HWND owner) {
   MakeDialog(L"Progress", owner, kWidth, kHeight);
   lblJob_.Create(handle(), L"");
+  bar_.Create(handle(), L"Progress");
   lblFolder_.Create(handle(), L"");
   picCancel_.clicked = [this] { Cancel(); };
   picCancel_.Create(handle(), L"&Cancel");
   LayOut(Client());
 }
 
-Box ProgressBox::BarBox() const {
-  const int margin = look_.Px(kMargin);
-  return {margin, look_.Px(7 * kGrid), Client().width - 2 * margin, look_.Px(6)};
-}
-
 void ProgressBox::LayOut(const Box& client) {
   if (!picCancel_.handle()) return;
   const int margin = Px(kMargin);
   lblJob_.Place({margin, Px(3 * kGrid), client.width - 2 * margin, Px(3 * kGrid)});
+  bar_.Place({margin, Px(7 * kGrid), client.width - 2 * margin, Px(6)});
   lblFolder_.Place({margin, client.height - Px(5 * kGrid) - Px(4),
                     client.width - 2 * margin - Px(13 * kGrid), Px(3 * kGrid)});
   picCancel_.Place({client.width - margin - Px(12 * kGrid), client.height - Px(6 * kGrid),
                     Px(12 * kGrid), Px(4 * kGrid)});
-}
-
-void ProgressBox::PaintClient(Painter& painter, const Box& client) {
-  painter.Fill(client, theme().page);
-  const Box bar = BarBox();
-  painter.Round(bar, bar.height / 2.0, theme().track);
-  const int done = static_cast<int>(bar.width * std::min(progress_.percentage, 100.0F) / 100);
-  painter.Round({bar.x, bar.y, done, bar.height}, bar.height / 2.0, theme().accent);
 }
 
 void ProgressBox::ShowWindow() {
@@ -84,11 +74,10 @@ void ProgressBox::HideWindow() {
   Show(false);
 }
 
-void ProgressBox::DrawBar(float) {
+void ProgressBox::DrawBar(float percentage) {
   last_report_ = GetTickCount64();
   ComeUpWhenDue();
-  const RECT bar = ToRect(Inset(BarBox(), -1, -1));
-  RedrawWindow(handle(), &bar, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  bar_.SetPercentage(percentage);
 }
 
 void ProgressBox::ShowText(const std::string& lblJob) {

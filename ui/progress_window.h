@@ -6,6 +6,7 @@
 #include "ui/buttons.h"
 #include "ui/frame_window.h"
 #include "ui/others_disabled.h"
+#include "ui/progress_bar.h"
 
 namespace tarnwell {
 
@@ -25,12 +26,10 @@ class ProgressBox : public FrameWindow, public ProgressView {
 
  protected:
   void LayOut(const Box& client) override;
-  void PaintClient(Painter& painter, const Box& client) override;
   void OnDismiss() override { Cancel(); }
   LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
 
  private:
-  Box BarBox() const;
   void ShowNote();
   void Cancel();
   void Animate();
@@ -40,6 +39,7 @@ class ProgressBox : public FrameWindow, public ProgressView {
   bool& cancel_requested_;
   PendingEvents& events_;
   Label lblJob_;
+  ProgressBar bar_;
   Label lblFolder_;
   Button picCancel_;
   bool running_ = false;

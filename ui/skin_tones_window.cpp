@@ -33,6 +33,7 @@ Colour ColourOf(const std::string& tone) {
 SkinTonesWindow::SkinTonesWindow(HWND owner, frmSkinTones& model, Form1& form)
     : model_(model), form_(form), swatch_(look_) {
   MakeDialog(Wide(frmSkinTones::kTitle), owner, kWidth, kHeight);
+  MakeHiddenLabel(handle(), L"Skin tones");
   list_ =
       CreateWindowExW(0, L"LISTBOX", L"Skin tones",
                       WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY |

@@ -15,6 +15,7 @@ constexpr int kButtonHeight = 4 * kGrid;
 
 TipsWindow::TipsWindow(HWND owner, Tips& tips)
     : tips_(tips),
+      heading_(look_, Ground::kPage, Face::kTitle),
       text_(look_, Ground::kPage, Face::kBody),
       hide_this_(look_, Ground::kPage),
       hide_all_(look_, Ground::kPage),
@@ -22,6 +23,7 @@ TipsWindow::TipsWindow(HWND owner, Tips& tips)
       next_(look_, Ground::kCard, ButtonKind::kPlain),
       close_(look_, Ground::kCard, ButtonKind::kAccent) {
   MakeDialog(L"Tips", owner, kWidth, kHeight);
+  heading_.Create(handle(), L"");
   text_.SetWrapped(true);
   text_.Create(handle(), L"");
   hide_this_.is_on = [this] { return tips_.hidden[tip_ - 1]; };
@@ -47,6 +49,7 @@ TipsWindow::TipsWindow(HWND owner, Tips& tips)
 
 void TipsWindow::ShowTip(int tip) {
   tip_ = tip;
+  heading_.SetText(L"Tip " + std::to_wstring(tip) + L" of " + std::to_wstring(kTipCount));
   text_.SetText(Wide(TipText(tip)));
   hide_this_.Update();
   hide_all_.Update();
@@ -55,8 +58,13 @@ void TipsWindow::ShowTip(int tip) {
   if (!IsWindowVisible(handle())) ShowAtRight();
 }
 
+Box TipsWindow::IconBox() const { return {Px(kMargin), Px(3 * kGrid), Px(28), Px(28)}; }
+
 void TipsWindow::LayOut(const Box& client) {
   if (!close_.handle()) return;
+  const Box icon = IconBox();
+  const int heading = icon.right() + Px(kGrid);
+  heading_.Place({heading, icon.y, client.width - heading - Px(kMargin), icon.height});
   const int margin = Px(kMargin);
   const int inner = client.width - 2 * margin;
   const int foot = client.height - Px(kFootHeight);
@@ -73,12 +81,7 @@ void TipsWindow::LayOut(const Box& client) {
 
 void TipsWindow::PaintClient(Painter& painter, const Box& client) {
   PaintWithFoot(painter, client);
-  const int side = Px(28);
-  const Box icon = {Px(kMargin), Px(3 * kGrid), side, side};
-  painter.Icon(icon, Glyph::kTips, theme().accent);
-  painter.Text({icon.right() + Px(kGrid), icon.y, client.width, side},
-               L"Tip " + std::to_wstring(tip_) + L" of " + std::to_wstring(kTipCount), Face::kTitle,
-               theme().text);
+  painter.Icon(IconBox(), Glyph::kTips, theme().accent);
 }
 
 }  // namespace tarnwell

@@ -19,8 +19,11 @@ class TipsWindow : public FrameWindow {
   void OnConfirm() override { OnDismiss(); }
 
  private:
+  Box IconBox() const;
+
   Tips& tips_;
   int tip_ = 1;
+  Label heading_;
   Label text_;
   CheckBox hide_this_;
   CheckBox hide_all_;
