@@ -79,7 +79,7 @@ void AddSettings(CLI::App& app, Settings& settings) {
             "Place of the hue marker, 0 to 105 each; 53,53 is the centre and changes nothing");
   CLI::Option* const white =
       AddSingle(app, "--white", "R,G,B", ParseColour, settings.white,
-                "The colour that is to become white, as module 2 corrects towards it");
+                "The color that is to become white, as module 2 corrects towards it");
   app.add_option("--white-file", settings.white_file, "A white balance file to take it from")
       ->type_name("FILE.wbs")
       ->excludes(white)

@@ -100,6 +100,8 @@ void MoveSelected(SkinTones& list, int places) {
 }  // namespace
 
 void OpenSkinTones(frmSkinTones& window, const SkinTones& tones) {
+  if (window.visible) return;
+  if (window.awaits_colour) return StopAwaitingColour(window);
   window = frmSkinTones();
   window.list = tones;
   window.list.selected = -1;
@@ -157,6 +159,7 @@ void SkinTonesCancel(frmSkinTones& window) { window.visible = false; }
 
 void GetColorFromPhoto(frmSkinTones& window, frmModules& panel) {
   window.visible = false;
+  window.awaits_colour = true;
   panel.ShowZoom(ZoomMode::kPickSkin);
 }
 
@@ -164,6 +167,12 @@ void TakeColorFromPhoto(frmSkinTones& window, const Rgb& colour) {
   window.fields = {std::to_string(colour.red), std::to_string(colour.green),
                    std::to_string(colour.blue)};
   window.swatch = colour;
+  StopAwaitingColour(window);
+}
+
+void StopAwaitingColour(frmSkinTones& window) {
+  if (!window.awaits_colour) return;
+  window.awaits_colour = false;
   window.visible = true;
 }
 

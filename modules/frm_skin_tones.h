@@ -16,6 +16,7 @@ struct frmSkinTones {
   static constexpr const char* kTitle = "Manage Skin Tones";
 
   bool visible = false;
+  bool awaits_colour = false;  // hidden while a colour is picked from the photo
   SkinTones list;
   std::string description;
   std::array<std::string, 3> fields = {"0", "0", "0"};  // "Red", "Green", "Blue", as typed
@@ -27,7 +28,8 @@ inline constexpr std::array<const char*, 5> kSkinToneButtons = {"&Add", "&Replac
                                                                 "Move Down", "&Move Up"};
 inline constexpr const char* kGetColorCaption = "&Get Color from Photo >";
 
-// Shows the window with a copy of the panel's list, nothing selected.
+// Shows the window with a copy of the panel's list, nothing selected. One that is open, or waits
+// for a colour, keeps its edits.
 void OpenSkinTones(frmSkinTones& window, const SkinTones& tones);
 
 // A click on a list entry: shows its name and colour in the fields.
@@ -49,10 +51,13 @@ void SkinTonesOk(const Module1& app, Platform& platform, frmSkinTones& window, f
 
 void SkinTonesCancel(frmSkinTones& window);
 
-// Hides the window, its edits kept, and opens the zoom window to pick a colour from the photo.
+// Hides the window, its edits kept, and opens the zoom window to pick a colour from the photo. It
+// awaits the colour until one is picked or the zoom window closes.
 void GetColorFromPhoto(frmSkinTones& window, frmModules& panel);
 
 // The way back from the zoom window: shows the window again with the picked colour in its fields.
 void TakeColorFromPhoto(frmSkinTones& window, const Rgb& colour);
+// Shows a window that awaits a colour again, as it was; nothing otherwise.
+void StopAwaitingColour(frmSkinTones& window);
 
 }  // namespace tarnwell

@@ -35,10 +35,53 @@ void FollowColour(frmZoom& zoom, ZoomPoint point) {
   zoom.lblColor = {pixel[kRed], pixel[kGreen], pixel[kBlue]};
 }
 
+// The places along one axis where a photo at `offset` is seen in the container.
+int InSight(int place, int offset, int photo, int container) {
+  const int first = std::max(offset, 0);
+  return std::clamp(place, first, std::max(first, std::min(offset + photo, container) - 1));
+}
+
+// The crosshair stays where it is in the window while the photo moves below it.
+void KeepCrossInSight(frmZoom& zoom) {
+  if (!zoom.cross || !zoom.photo) return;
+  zoom.cross = {InSight(zoom.cross->x, zoom.left, zoom.photo->width(), zoom.container_width),
+                InSight(zoom.cross->y, zoom.top, zoom.photo->height(), zoom.container_height)};
+  FollowColour(zoom, *zoom.cross);
+}
+
+// One step in the direction of an arrow key, -1, 0 or 1 along each axis.
+ZoomPoint DirectionOf(ArrowKey key) {
+  switch (key) {
+    case ArrowKey::kLeft:
+      return {-1, 0};
+    case ArrowKey::kRight:
+      return {1, 0};
+    case ArrowKey::kUp:
+      return {0, -1};
+    case ArrowKey::kDown:
+      return {0, 1};
+  }
+  return {};
+}
+
 void Hide(frmZoom& zoom) {
   zoom.action = frmZoom::Action::kNone;
+  zoom.cross = std::nullopt;
   zoom.visible = false;
   zoom.photo = nullptr;
+}
+
+// Takes the colour at `point` and closes the window.
+void Pick(frmZoom& zoom, ZoomPoint point, frmModules& panel, frmSkinTones& skin_tones,
+          PendingEvents& events) {
+  if (zoom.mode == ZoomMode::kPickWhite) {
+    SetPickedWhite(panel, GetWhiteClr(zoom.photo->view(), point.x - zoom.left, point.y - zoom.top));
+    events.Run();
+  } else {
+    FollowColour(zoom, point);
+    TakeColorFromPhoto(skin_tones, zoom.lblColor);
+  }
+  CloseZoom(zoom, skin_tones);
 }
 
 }  // namespace
@@ -50,6 +93,7 @@ void OpenZoom(frmZoom& zoom, ZoomMode mode, Picture photo) {
   zoom.left = 0;
   zoom.top = 0;
   zoom.action = frmZoom::Action::kNone;
+  zoom.cross = std::nullopt;
   if (mode == ZoomMode::kViewOnly) {
     zoom.instruction = "Use keyboard arrows or click photo and drag to move.";
     zoom.lblColor_visible = false;
@@ -80,10 +124,12 @@ void ResizeZoom(frmZoom& zoom, int container_width, int container_height) {
   if (zoom.photo->width() < container_width) zoom.left = 0;
   if (zoom.photo->height() < container_height) zoom.top = 0;
   MoveTo(zoom, zoom.left, zoom.top);
+  KeepCrossInSight(zoom);
 }
 
 void ZoomMouseDown(frmZoom& zoom, MouseButton button, ZoomPoint point) {
   if (!zoom.photo) return;
+  zoom.cross = std::nullopt;
   if (button != MouseButton::kLeft || zoom.mode == ZoomMode::kViewOnly) {
     zoom.action = frmZoom::Action::kDragging;
     zoom.grab = {point.x - zoom.left, point.y - zoom.top};
@@ -110,24 +156,47 @@ void ZoomMouseUp(frmZoom& zoom, MouseButton button, ZoomPoint point, frmModules&
   }
   if (button != MouseButton::kLeft) return;
   zoom.action = frmZoom::Action::kNone;
-  if (zoom.mode == ZoomMode::kPickWhite) {
-    SetPickedWhite(panel, GetWhiteClr(zoom.photo->view(), point.x - zoom.left, point.y - zoom.top));
-    events.Run();
-  } else {
-    FollowColour(zoom, point);
-    TakeColorFromPhoto(skin_tones, zoom.lblColor);
-  }
-  Hide(zoom);
+  Pick(zoom, point, panel, skin_tones, events);
 }
 
 void ZoomKeyDown(frmZoom& zoom, ArrowKey key) {
-  const int dx = key == ArrowKey::kLeft ? kArrowStep : key == ArrowKey::kRight ? -kArrowStep : 0;
-  const int dy = key == ArrowKey::kUp ? kArrowStep : key == ArrowKey::kDown ? -kArrowStep : 0;
-  MoveTo(zoom, zoom.left + dx, zoom.top + dy);
+  const ZoomPoint direction = DirectionOf(key);
+  MoveTo(zoom, zoom.left - kArrowStep * direction.x, zoom.top - kArrowStep * direction.y);
+  KeepCrossInSight(zoom);
+}
+
+void ShowZoomCross(frmZoom& zoom) {
+  if (!zoom.photo || zoom.mode == ZoomMode::kViewOnly) return;
+  const int right = std::min(zoom.left + zoom.photo->width(), zoom.container_width);
+  const int bottom = std::min(zoom.top + zoom.photo->height(), zoom.container_height);
+  zoom.cross = {(std::max(zoom.left, 0) + right) / 2, (std::max(zoom.top, 0) + bottom) / 2};
+  zoom.lblColor_visible = true;
+  KeepCrossInSight(zoom);
+}
+
+void MoveZoomCross(frmZoom& zoom, ArrowKey key, int step) {
+  if (!zoom.cross) ShowZoomCross(zoom);
+  if (!zoom.cross) return;
+  const ZoomPoint direction = DirectionOf(key);
+  const int x =
+      std::clamp(zoom.cross->x - zoom.left + step * direction.x, 0, zoom.photo->width() - 1);
+  const int y =
+      std::clamp(zoom.cross->y - zoom.top + step * direction.y, 0, zoom.photo->height() - 1);
+  MoveTo(zoom, std::clamp(zoom.left, -x, std::max(-x, zoom.container_width - 1 - x)),
+         std::clamp(zoom.top, -y, std::max(-y, zoom.container_height - 1 - y)));
+  zoom.cross = {zoom.left + x, zoom.top + y};
+  KeepCrossInSight(zoom);
+}
+
+void PickAtZoomCross(frmZoom& zoom, frmModules& panel, frmSkinTones& skin_tones,
+                     PendingEvents& events) {
+  if (!zoom.cross) return ShowZoomCross(zoom);
+  zoom.action = frmZoom::Action::kNone;
+  Pick(zoom, *zoom.cross, panel, skin_tones, events);
 }
 
 void CloseZoom(frmZoom& zoom, frmSkinTones& skin_tones) {
-  if (zoom.visible && zoom.mode == ZoomMode::kPickSkin) skin_tones.visible = true;
+  StopAwaitingColour(skin_tones);
   Hide(zoom);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "imaging/pixel_array.h"
@@ -31,8 +32,9 @@ struct frmZoom {
   int left = 0;  // of the photo in the container; 0 or less
   int top = 0;
 
-  Action action = Action::kNone;  // the pointer has another shape while dragging
-  ZoomPoint grab;                 // while dragging: the point of the photo below the pointer
+  Action action = Action::kNone;   // the pointer has another shape while dragging
+  ZoomPoint grab;                  // while dragging: the point of the photo below the pointer
+  std::optional<ZoomPoint> cross;  // what the keyboard picks; shown while there is one
 
   std::string instruction;
   Rgb lblColor;
@@ -61,6 +63,19 @@ void ZoomMouseUp(frmZoom& zoom, MouseButton button, ZoomPoint point, frmModules&
 
 // Moves the view by a fixed step.
 void ZoomKeyDown(frmZoom& zoom, ArrowKey key);
+
+// Where picking is on: shows the crosshair, in the middle of what is seen of the photo. The swatch
+// follows it, and the pointer's first press hides it.
+void ShowZoomCross(frmZoom& zoom);
+
+// Moves the crosshair by `step` pixels of the photo; the photo moves along where it would leave the
+// view.
+void MoveZoomCross(frmZoom& zoom, ArrowKey key, int step);
+
+// Picks below the crosshair as letting go of the left button does. Where none is shown yet, shows
+// it.
+void PickAtZoomCross(frmZoom& zoom, frmModules& panel, frmSkinTones& skin_tones,
+                     PendingEvents& events);
 
 // The user closes the window. A skin tone manager that waits for a colour is shown again,
 // unchanged.

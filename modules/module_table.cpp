@@ -4,11 +4,11 @@ namespace tarnwell {
 
 const std::array<ModuleInfo, kModuleCount> kModules = {{
     {"Camera and Mode", "Chooses whose settings and learnt corrections are used", true},
-    {"Smart Photo Correction", "Measures the photo and proposes tone and colour", true},
-    {"Smart White Balance", "Corrects colours towards a reference white", false},
+    {"Smart Photo Correction", "Measures the photo and proposes tone and color", true},
+    {"Smart White Balance", "Corrects colors towards a reference white", false},
     {"Adjust Brightness", "Makes the photo brighter or darker", false},
     {"Adjust Contrast", "Strengthens or softens contrast", false},
-    {"Adjust Saturation", "Strengthens or softens colours", false},
+    {"Adjust Saturation", "Strengthens or softens colors", false},
     {"Adjust Hue", "Tints the photo towards a chosen hue", false},
     {"Noise Reduction", "Smooths grain and keeps edges", false},
     {"Dead Pixel Correction", "Repairs the camera's stuck pixels", false},
@@ -16,7 +16,7 @@ const std::array<ModuleInfo, kModuleCount> kModules = {{
     {"JPEG Quality", "Quality of the saved JPEG file", true},
     {"Save Photo As...", "Name of the saved file, and learning from it", true},
     {"Adjust Focus", "Sharpens the photo", false},
-    {"Color Rotation", "Turns every colour around the colour circle", false},
+    {"Color Rotation", "Turns every color around the color circle", false},
 }};
 
 const std::array<SliderInfo, kSliderCount> kSliders = {{
@@ -32,7 +32,7 @@ const std::array<SliderInfo, kSliderCount> kSliders = {{
     {"Dead pixel threshold", kDeadPixelCorrection, SliderScale::kPercent, 0, 100, 91},
     {"Focus distance", kAdjustFocus, SliderScale::kOneToTen, 1, 10, 55},
     {"Focus amount", kAdjustFocus, SliderScale::kSignedPercent, -100, 100, 109},
-    {"Colour rotation in degrees", kColorRotation, SliderScale::kDegrees, -180, 180, 91},
+    {"Color rotation in degrees", kColorRotation, SliderScale::kDegrees, -180, 180, 91},
 }};
 
 const std::array<CheckInfo, kCheckCount> kChecks = {{

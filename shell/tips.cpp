@@ -32,9 +32,11 @@ constexpr std::array<std::string_view, kTipCount> kTexts = {
     "(press F1) for more information on setting up dead pixel correction for this camera and mode.",
     "To set the white balance, click on something in the photo that should be white or grey. Hold "
     "the left button to see the color below the pointer, and let go to take it. Drag with the "
-    "right button to move the photo.",
+    "right button to move the photo. By keyboard, Shift and the arrow keys move a cross, and the "
+    "space bar takes the color below it.",
     "To get a skin color, hold the left button on the photo. The color below the pointer is shown "
-    "at once, and is taken when you let go. Drag with the right button to move the photo.",
+    "at once, and is taken when you let go. Drag with the right button to move the photo. By "
+    "keyboard, Shift and the arrow keys move a cross, and the space bar takes the color below it.",
 };
 
 bool IsTip(int tip) { return tip >= 1 && tip <= kTipCount; }

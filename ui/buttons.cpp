@@ -151,7 +151,7 @@ bool RadioButton::OnKey(WPARAM key) {
   const HWND next = GetWindow(handle(), back ? GW_HWNDPREV : GW_HWNDNEXT);
   if (next && (SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON)) {
     SetFocus(next);
-    SendMessageW(next, BM_CLICK, 0, 0);
+    if (arrows_choose) SendMessageW(next, BM_CLICK, 0, 0);
   }
   return true;
 }

@@ -106,6 +106,9 @@ class RadioButton : public Control {
 
   std::function<bool()> is_on = [] { return false; };
   std::function<void()> clicked = [] {};
+  // Arrow keys choose what they come to. Not where a choice brings up a window: there they only
+  // move, and the space bar chooses.
+  bool arrows_choose = true;
 
  protected:
   void Paint(Painter& painter, const Box& client) override;

@@ -56,6 +56,7 @@ MainFrame::~MainFrame() = default;
 void MainFrame::Create(MainWindow& window, const Beside& beside) {
   window_ = &window;
   others_ = &beside.others;
+  others_->panel_changed = [this] { FollowPanel(); };
   auto_windows_ = &beside.auto_windows;
   automated_ = &beside.automated;
   const ClientSize start = StartClientSize({96});

@@ -34,7 +34,9 @@ bool IsNavigation(WPARAM key) {
 bool PressFocusedButton(const MSG& message) {
   if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
   if (!(SendMessageW(message.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_UNDEFPUSHBUTTON)) return false;
-  SendMessageW(message.hwnd, BM_CLICK, 0, 0);
+  // Held down, it must not press what the first press has brought up.
+  constexpr LPARAM kRepeated = 1 << 30;
+  if (!(message.lParam & kRepeated)) SendMessageW(message.hwnd, BM_CLICK, 0, 0);
   return true;
 }
 

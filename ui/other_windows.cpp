@@ -78,9 +78,10 @@ void OtherWindows::ShowZoom(ZoomMode mode) {
   ZoomWindow& zoom = Made(
       zoom_, main_window_,
       ZoomWindow::Models{zoom_model_, form.modules, skin_tones_model_, messages_, form.metadata});
-  zoom.closed = [this] {
+  zoom.closed = [this](bool picked) {
     if (skin_tones_ && skin_tones_model_.visible) skin_tones_->Update();
     window_.view.Refresh();
+    if (picked) panel_changed();
   };
   OpenZoom(zoom_model_, mode, PhotoForZoom(mode));
   zoom.Open();
@@ -105,6 +106,7 @@ void OtherWindows::ManageSkinTones() {
   Form1& form = window_.form;
   SkinTonesWindow& manager = Made(skin_tones_, main_window_, skin_tones_model_, form);
   manager.closed = [this] { window_.view.Refresh(); };
+  if (zoom_ && skin_tones_model_.awaits_colour) zoom_->Dismiss();
   OpenSkinTones(skin_tones_model_, form.modules.skin_tones);
   manager.Update();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,6 +30,9 @@ class OtherWindows {
   ~OtherWindows();
   OtherWindows(const OtherWindows&) = delete;
   OtherWindows& operator=(const OtherWindows&) = delete;
+
+  // A setting of the panel came from one of the windows.
+  std::function<void()> panel_changed = [] {};
 
   // Makes the progress window over `main_window` and lets the correction show itself there. Windows
   // that are made later begin with the main one's look.

@@ -168,6 +168,7 @@ PanelPart WhiteModeChoice(HWND parent, const Look& look, PanelHost& host, int mo
   Form1& form = host.form;
   auto radio = std::make_unique<RadioButton>(look);
   RadioButton* made = radio.get();
+  radio->arrows_choose = false;
   radio->is_on = [&form, mode] {
     return static_cast<int>(form.modules.white_balance_mode) == mode;
   };
@@ -290,7 +291,7 @@ void AddHueSwatch(HWND parent, const Look& look, PanelHost& host, int index, Par
   auto swatch = std::make_unique<SwatchControl>(look);
   SwatchControl* made = swatch.get();
   frmModules& panel = host.form.modules;
-  const std::wstring name = index == 0 ? L"Mean colour of the photo" : L"With this hue";
+  const std::wstring name = index == 0 ? L"Mean color of the photo" : L"With this hue";
   swatch->Create(parent, name);
   parts.push_back({std::move(swatch),
                    [&look, top](const Box& row) {

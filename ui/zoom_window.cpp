@@ -1,5 +1,6 @@
 #include "ui/zoom_window.h"
 
+#include <array>
 #include <oleacc.h>
 #include <optional>
 #include <windowsx.h>
@@ -14,6 +15,25 @@ constexpr int kHeight = 80 * kGrid;
 constexpr int kBarHeight = 6 * kGrid;
 constexpr int kSwatchSide = 4 * kGrid;
 constexpr int kWheelSteps = 3;
+constexpr int kCrossStep = 1;  // pixels of the photo; with the shift key the larger one
+constexpr int kLargeCrossStep = 16;
+constexpr int kCrossArm = 12;
+constexpr int kCrossGap = 4;  // around the pixel that is picked
+
+std::optional<ArrowKey> ArrowOf(WPARAM key) {
+  switch (key) {
+    case VK_LEFT:
+      return ArrowKey::kLeft;
+    case VK_RIGHT:
+      return ArrowKey::kRight;
+    case VK_UP:
+      return ArrowKey::kUp;
+    case VK_DOWN:
+      return ArrowKey::kDown;
+    default:
+      return std::nullopt;
+  }
+}
 
 std::optional<MouseButton> ButtonOf(UINT message) {
   switch (message) {
@@ -41,7 +61,7 @@ ZoomWindow::ZoomWindow(HWND owner, Models models)
   MakeTop(kDialogClass, L"Zoom", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, owner, kWidth, kHeight);
   container_.Create(handle());
   instruction_.Create(handle(), L"");
-  lblColor_.Create(handle(), L"Colour under the pointer");
+  lblColor_.Create(handle(), L"Color under the pointer");
   LayOut(Client());
 }
 
@@ -50,6 +70,7 @@ void ZoomWindow::Open() {
   LayOut(Client());
   instruction_.SetText(Wide(models_.zoom.instruction));
   instruction_.SetTip(instruction_.Text());
+  if (look_.show_focus) ShowZoomCross(models_.zoom);
   Changed();
   if (!IsWindowVisible(handle())) ShowCentred();
   SetForegroundWindow(handle());
@@ -60,18 +81,18 @@ void ZoomWindow::Changed() {
   lblColor_.Show(models_.zoom.lblColor_visible);
   lblColor_.SetColour(models_.zoom.lblColor);
   container_.Invalidate();
-  if (!models_.zoom.visible) Hide();
+  if (!models_.zoom.visible) Hide(/*picked=*/true);
 }
 
-void ZoomWindow::Hide() {
+void ZoomWindow::Hide(bool picked) {
   Show(false);
   if (const HWND owner = GetWindow(handle(), GW_OWNER)) SetActiveWindow(owner);
-  closed();
+  closed(picked);
 }
 
 void ZoomWindow::OnDismiss() {
   CloseZoom(models_.zoom, models_.skin_tones);
-  Hide();
+  Hide(/*picked=*/false);
 }
 
 void ZoomWindow::LayOut(const Box& client) {
@@ -118,25 +139,38 @@ void ZoomWindow::Container::Paint(Painter& painter, const Box&) {
   painter.Copy(zoom.left, zoom.top, zoom.photo->view());
   painter.Convert({zoom.left, zoom.top, zoom.photo->width(), zoom.photo->height()},
                   window_.colours_.For(handle(), window_.models_.metadata));
+  if (zoom.cross) PaintCross(painter, *zoom.cross);
+}
+
+// Light on dark, so that it is seen on every photo.
+void ZoomWindow::Container::PaintCross(Painter& painter, ZoomPoint at) {
+  const double x = at.x + 0.5;
+  const double y = at.y + 0.5;
+  const double from = look().scale.Exact(kCrossGap);
+  const double to = look().scale.Exact(kCrossArm);
+  const std::array<Line, 4> arms = {
+      Line{{x - to, y}, {x - from, y}}, Line{{x + from, y}, {x + to, y}},
+      Line{{x, y - to}, {x, y - from}}, Line{{x, y + from}, {x, y + to}}};
+  painter.Lines(arms, look().scale.Exact(4), {0, 0, 0});
+  painter.Lines(arms, look().scale.Exact(2), {255, 255, 255});
+}
+
+void ZoomWindow::Container::OnClick() {
+  const Models& models = window_.models_;
+  PickAtZoomCross(models.zoom, models.panel, models.skin_tones, models.events);
+  window_.Changed();
 }
 
 bool ZoomWindow::Container::OnKey(WPARAM key) {
+  const std::optional<ArrowKey> arrow = ArrowOf(key);
+  if (!arrow) return false;
   frmZoom& zoom = window_.models_.zoom;
-  switch (key) {
-    case VK_LEFT:
-      ZoomKeyDown(zoom, ArrowKey::kLeft);
-      break;
-    case VK_RIGHT:
-      ZoomKeyDown(zoom, ArrowKey::kRight);
-      break;
-    case VK_UP:
-      ZoomKeyDown(zoom, ArrowKey::kUp);
-      break;
-    case VK_DOWN:
-      ZoomKeyDown(zoom, ArrowKey::kDown);
-      break;
-    default:
-      return false;
+  if (GetKeyState(VK_SHIFT) < 0) {
+    MoveZoomCross(zoom, *arrow, kLargeCrossStep);
+  } else if (GetKeyState(VK_CONTROL) < 0) {
+    MoveZoomCross(zoom, *arrow, kCrossStep);
+  } else {
+    ZoomKeyDown(zoom, *arrow);
   }
   window_.Changed();
   return true;

@@ -26,7 +26,8 @@ class ZoomWindow : public FrameWindow {
   void Open();  // shows what the model was opened for
   void Dismiss() { OnDismiss(); }
 
-  std::function<void()> closed = [] {};  // after a pick or a close; other windows show anew
+  // After a pick (true) or a close; other windows show anew.
+  std::function<void(bool picked)> closed = [](bool) {};
 
  protected:
   void LayOut(const Box& client) override;
@@ -34,7 +35,7 @@ class ZoomWindow : public FrameWindow {
   LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
 
  private:
-  // The photo itself; takes pointer and arrow keys.
+  // The photo itself; takes pointer and keys.
   class Container : public Control {
    public:
     explicit Container(ZoomWindow& window);
@@ -42,17 +43,22 @@ class ZoomWindow : public FrameWindow {
 
    protected:
     void Paint(Painter& painter, const Box& client) override;
-    LRESULT WantedKeys() const override { return DLGC_WANTARROWS; }
+    // The space bar and Enter pick as they press a button.
+    LRESULT WantedKeys() const override {
+      return DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON | DLGC_WANTARROWS;
+    }
+    void OnClick() override;
     bool OnKey(WPARAM key) override;
     LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
 
    private:
+    void PaintCross(Painter& painter, ZoomPoint at);
     bool HandleButton(UINT message, ZoomPoint point);
     ZoomWindow& window_;
   };
 
   void Changed();  // the model has changed
-  void Hide();
+  void Hide(bool picked);
 
   Models models_;
   ColoursOnScreen colours_;

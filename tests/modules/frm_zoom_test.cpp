@@ -114,6 +114,40 @@ TEST_F(ZoomTest, OtherButtonsAndViewOnlyNeverPick) {
   }
 }
 
+// In a container of 200 x 100.
+TEST_F(ZoomTest, TheKeyboardPicksBelowACrosshair) {
+  Open(ZoomMode::kPickWhite, 300, 40);
+  PickAtZoomCross(zoom, desk.panel, manager, desk.events);
+  ASSERT_TRUE(zoom.cross);
+  EXPECT_FALSE(desk.panel.picked_white) << "nothing is taken unseen";
+  const int middle = zoom.top + 20;
+  EXPECT_EQ(zoom.cross->x, 100);
+  EXPECT_EQ(zoom.cross->y, middle);
+
+  // It stays on the photo, and the photo moves along at the container's edge.
+  MoveZoomCross(zoom, ArrowKey::kDown, 1000);
+  EXPECT_EQ(zoom.cross->y, zoom.top + 39);
+  MoveZoomCross(zoom, ArrowKey::kLeft, 1000);
+  EXPECT_EQ(zoom.left, 0);
+  MoveZoomCross(zoom, ArrowKey::kRight, 210);
+  EXPECT_EQ(zoom.cross->x, 199);
+  EXPECT_EQ(zoom.left, -11);
+  EXPECT_EQ(zoom.lblColor, PixelAt(210, 39));
+  // The arrows move the photo below it.
+  ZoomKeyDown(zoom, ArrowKey::kRight);
+  EXPECT_EQ(zoom.cross->x, 199);
+  EXPECT_EQ(zoom.lblColor, PixelAt(242, 39));
+
+  PickAtZoomCross(zoom, desk.panel, manager, desk.events);
+  EXPECT_EQ(desk.panel.picked_white, GetWhiteClr(photo->view(), 242, 39));
+  EXPECT_FALSE(zoom.visible);
+
+  Open(ZoomMode::kViewOnly, 300, 200);
+  PickAtZoomCross(zoom, desk.panel, manager, desk.events);
+  MoveZoomCross(zoom, ArrowKey::kDown, 1);
+  EXPECT_FALSE(zoom.cross);
+}
+
 TEST_F(ZoomTest, SkinColourGoesBackToTheManager) {
   OpenSkinTones(manager, desk.panel.skin_tones);
   manager.description = "Mine";
@@ -135,6 +169,14 @@ TEST_F(ZoomTest, SkinColourGoesBackToTheManager) {
   CloseZoom(zoom, manager);
   EXPECT_TRUE(manager.visible) << "closing without a pick loses no edits";
   EXPECT_EQ(manager.swatch, skin);
+
+  GetColorFromPhoto(manager, desk.panel);
+  Open(ZoomMode::kPickSkin, 300, 200);
+  Open(ZoomMode::kViewOnly, 300, 200);
+  CloseZoom(zoom, manager);
+  EXPECT_TRUE(manager.visible) << "the zoom window was wanted for something else meanwhile";
+  OpenSkinTones(manager, desk.panel.skin_tones);
+  EXPECT_EQ(manager.description, "Mine") << "it is open already";
 }
 
 }  // namespace
