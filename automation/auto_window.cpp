@@ -87,6 +87,12 @@ bool AutoWindow::IsTrayRowChecked(int row) const {
   return row == kTrayAutomatedMode && mode_.automated;
 }
 
+bool AutoWindow::IsTrayRowEnabled(int row) const {
+  const bool begins_something =
+      row == kTraySetup || (row == kTrayAutomatedMode && !mode_.automated);
+  return !begins_something || mode_.busy || !IsOccupied(window_);
+}
+
 void AutoWindow::PressWhenFree(int button) {
   if (mode_.busy && window_.occupied) {
     pressed_ = button;

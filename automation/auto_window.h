@@ -43,6 +43,8 @@ class AutoWindow : public AutoModeHost {
   void Tick();
 
   bool IsTrayRowChecked(int row) const;
+  // Not while a command of the user's runs, which the mode would come between.
+  bool IsTrayRowEnabled(int row) const;
   // The mode's row switches it off when it runs. What a command in hand does not let through now is
   // pressed between two photos.
   void TrayMenuClick(int row);

@@ -57,7 +57,7 @@ Result<DirectoryOutcome> RunDirectory(Form1& form, const DirectoryView& view) {
       form, {.begins =
                  [&](int number, int total, const std::string& name) {
                    const std::int64_t elapsed = form.platform.clock.Nanos() - started;
-                   form.progress.caption = "Progress - " + name;
+                   form.progress.caption = ProgressCaption(name);
                    form.progress.lblFolder =
                        "Photo " + ShownPosition(number, total, number - 1, elapsed);
                    ShowPercentage(form.progress, 0);

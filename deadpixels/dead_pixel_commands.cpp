@@ -2,7 +2,9 @@
 
 #include "deadpixels/add_test_shot.h"
 #include "deadpixels/assess_test_shots.h"
+#include "deadpixels/dead_pixel_files.h"
 #include "engine/pass_progress.h"
+#include "imaging/output_names.h"
 #include "modules/frm_modules.h"
 #include "platform/dialogs.h"
 #include "platform/events.h"
@@ -87,6 +89,7 @@ void AddTestShotsClick(Form1& form, const ChooseShots& choose) {
   const Module1 app = form.app;
   for (const std::string& path : choose(kAddTitle)) {
     Result<AddedShot> added = AddedShot();
+    form.progress.caption = ProgressCaption(SplitPhotoPath(path).file_name);
     const bool goes_on = DoBesideEvents(
         form, kCollectingText, [&](const GoOn&) { added = AddTestShot(app, form.platform, path); });
     if (!added.ok()) {
@@ -114,6 +117,7 @@ void AssessTestShotsClick(Form1& form, const CheckEntries& check) {
   }
   form.app.cancel_requested = false;
   for (const Resolution& resolution : ChooseResolutions(*resolutions, check)) {
+    form.progress.caption = ProgressCaption(ResolutionName(resolution));
     const ProgressWindow window(form.progress, kAnalyzing);
     AssessmentProgress progress(form);
     ReportAssessment(AssessTestShots(form.app, form.platform, resolution,

@@ -1,6 +1,8 @@
 #include "engine/adjust_photo.h"
 
+#include <array>
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "deadpixels/repair_dead_pixels.h"
@@ -128,13 +130,26 @@ void TakePhotoOut(Form1& form) {
   form.histogram = {};
 }
 
-Status RunCorrection(Form1& form, bool preview) try {
+// A run under way, for one scope.
+class Correcting {
+ public:
+  explicit Correcting(Form1& form) : form_(form) { form_.correcting = true; }
+  ~Correcting() { form_.correcting = false; }
+  Correcting(const Correcting&) = delete;
+  Correcting& operator=(const Correcting&) = delete;
+
+ private:
+  Form1& form_;
+};
+
+using WhiteBalance = std::optional<std::array<double, 3>>;
+
+Status RunCorrection(Form1& form, bool preview, const WhiteBalance& white_balance) try {
   const PixelView original = form.buffer.surfaces.picOriginal.image->view();
   const double scale_ratio =
       static_cast<double>(original.width) / ThumbnailSizeFor(original.width, original.height).width;
   const RunParameters run =
       CollectParameters(form.modules, preview, scale_ratio, form.app.extended_noise);
-  const auto white_balance = WhiteBalanceOfRun(form.app, form.platform, form.modules);
 
   AutomaticCorrection automatic;
   LearningRecord record = {};
@@ -187,17 +202,19 @@ Status AdjustPhoto(Form1& form, bool preview) {
   }
   // A run lets events in; a second one would take the pixels from under the first.
   if (form.correcting) return Status::Error(Failure::kOther, "a correction is already running");
-  form.correcting = true;
+  const Correcting correcting(form);
   form.app.cancel_requested = false;
+  // It may ask for an answer, which the progress window would cover.
+  const WhiteBalance white_balance = WhiteBalanceOfRun(form.app, form.platform, form.modules);
   if (!form.correction_ready) MeasureOriginal(form);
 
-  form.progress.caption = "Progress - " + CurrentPhotoName(form);
+  form.progress.caption = ProgressCaption(CurrentPhotoName(form));
   ProgressWindow window(form.progress, kAnalyzing);
   form.platform.events.Run();
   PhotoSurfaces before;
   if (form.keeps_original) before = form.buffer.surfaces;
-  Status status = RunCorrection(form, preview);
-  form.correcting = false;
+  Status status = RunCorrection(form, preview, white_balance);
+  form.correction_cancelled = status.failure == Failure::kCancelled;
   if (status.ok()) {
     form.app.photo_changed = true;
   } else {

@@ -17,21 +17,13 @@
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/module1.h"
+#include "shell/tell.h"
 
 namespace tarnwell {
 namespace {
 
 constexpr char kOpenTitle[] = "Open Photo";
 constexpr char kOpenFilter[] = "Image Files (*.bmp; *.gif; *.jpg)|*.bmp;*.gif;*.jpg";
-
-void TellFailure(Form1& form, const Status& status) {
-  form.platform.dialogs.Tell(form.app.title, status.message, Icon::kExclamation);
-}
-
-// For steps after the photo has been taken in. A cancelled one needs no words: the user did that.
-void TellUnlessCancelled(Form1& form, const Status& status) {
-  if (!status.ok() && status.failure != Failure::kCancelled) TellFailure(form, status);
-}
 
 // The path to open: from the dialog, or handed over. Empty when there is none.
 std::string PathToOpen(Form1& form, bool show_dialog) {
@@ -54,7 +46,7 @@ bool AskToSaveChanges(Form1& form) {
       break;
   }
   const Status saved = FileSave(form, /*notify=*/true);
-  if (!saved.ok()) TellFailure(form, saved);
+  TellFailure(form, saved);
   return saved.ok();
 }
 
@@ -70,39 +62,7 @@ Status FileOpen(Form1& form, bool show_dialog) {
 
 namespace {
 
-Status TakeIn(Form1& form, const std::string& path, LoadedPhoto photo) {
-  OpenPhotoKept before(form);
-  form.app.opened_path = path;
-  form.app.current_file = path;
-  TakeAsOriginal(form, std::move(photo));
-  Status shown = ShowOpenedPhoto(form);
-  if (shown.ok()) before.Forget();
-  return shown;
-}
-
-}  // namespace
-
-Status OpenPhotoFile(Form1& form, const std::string& path) {
-  // Decoded before anything changes, so that a photo that cannot be read leaves the window alone.
-  const bool cancel_requested = form.app.cancel_requested;
-  Result<LoadedPhoto> photo = LoadPhotoFile(form, path);
-  Status opened = photo.ok() ? TakeIn(form, path, std::move(*photo)) : photo.status;
-  if (!opened.ok()) {
-    // What was cancelled is the opening, no correction.
-    form.app.cancel_requested = cancel_requested;
-    return opened;
-  }
-  if (form.app.auto_preview) TellUnlessCancelled(form, AdjustPhoto(form, /*preview=*/true));
-  return Status::Ok();
-}
-
-void TakeAsOriginal(Form1& form, LoadedPhoto photo) {
-  Display(form.buffer.surfaces.picOriginal, std::move(photo.picture));
-  form.buffer.surfaces.picOriginal.turned = false;
-  form.metadata = std::move(photo.metadata);
-  form.metadata_notes_told = false;
-}
-
+// Takes the photo that picOriginal displays into the rest of the window.
 Status ShowOpenedPhoto(Form1& form) {
   Module1& app = form.app;
   PhotoSurfaces& surfaces = form.buffer.surfaces;
@@ -111,6 +71,7 @@ Status ShowOpenedPhoto(Form1& form) {
   app.photo_changed = false;
   app.learning_record.clear();
   form.correction_ready = false;
+  form.correction_cancelled = false;
 
   surfaces.picSource.visible = false;
   surfaces.picReturn.visible = false;
@@ -124,6 +85,41 @@ Status ShowOpenedPhoto(Form1& form) {
   surfaces.picThumb.visible = true;
   BuildOutputNames(form.names, app.current_file, form.platform.files);
   return AnalyzeOpenedPhoto(form);
+}
+
+Status TakeIn(Form1& form, const std::string& path, LoadedPhoto photo) {
+  OpenPhotoKept before(form);
+  form.app.opened_path = path;
+  form.app.current_file = path;
+  TakeAsOriginal(form, std::move(photo));
+  Status shown = ShowOpenedPhoto(form);
+  if (shown.ok()) before.Forget();
+  return shown;
+}
+
+}  // namespace
+
+Status OpenLoadedPhoto(Form1& form, const std::string& path, LoadedPhoto photo) {
+  if (Status taken = TakeIn(form, path, std::move(photo)); !taken.ok()) return taken;
+  if (form.app.auto_preview) TellFailure(form, AdjustPhoto(form, /*preview=*/true));
+  return Status::Ok();
+}
+
+Status OpenPhotoFile(Form1& form, const std::string& path) {
+  // Decoded before anything changes, so that a photo that cannot be read leaves the window alone.
+  const bool cancel_requested = form.app.cancel_requested;
+  Result<LoadedPhoto> photo = LoadPhotoFile(form, path);
+  Status opened = photo.ok() ? OpenLoadedPhoto(form, path, std::move(*photo)) : photo.status;
+  // What was cancelled is the opening, which is over.
+  if (!opened.ok()) form.app.cancel_requested = cancel_requested;
+  return opened;
+}
+
+void TakeAsOriginal(Form1& form, LoadedPhoto photo) {
+  Display(form.buffer.surfaces.picOriginal, std::move(photo.picture));
+  form.buffer.surfaces.picOriginal.turned = false;
+  form.metadata = std::move(photo.metadata);
+  form.metadata_notes_told = false;
 }
 
 }  // namespace tarnwell

@@ -28,12 +28,12 @@ Status FileOpen(Form1& form, bool show_dialog);
 // Fails with kCancelled and with the loader's reason.
 Status OpenPhotoFile(Form1& form, const std::string& path);
 
+// The part behind the reading: takes `photo` into the window as the one of this path, empty for a
+// pasted one. Fails with kCancelled when the user did not wait for the repair of dead pixels; the
+// photo that was open then stays.
+Status OpenLoadedPhoto(Form1& form, const std::string& path, LoadedPhoto photo);
+
 // Makes `photo` the window's original, with its metadata.
 void TakeAsOriginal(Form1& form, LoadedPhoto photo);
-
-// The part of FileOpen that takes the photo which picOriginal displays into the rest of the window;
-// also for pasted photos. form.app.current_file is set before (empty for a pasted one). kCancelled
-// when the user did not wait for the repair of dead pixels.
-Status ShowOpenedPhoto(Form1& form);
 
 }  // namespace tarnwell

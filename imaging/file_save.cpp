@@ -24,6 +24,7 @@
 #include "platform/picture_codec.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
+#include "shell/frm_progress.h"
 #include "shell/letter_case.h"
 #include "shell/long_work.h"
 #include "shell/module1.h"
@@ -61,17 +62,14 @@ Status SettleWhatToSave(Form1& form, bool& thumbnail_only) {
       break;
     case Answer::kYes:
       if (Status adjusted = AdjustPhoto(form, /*preview=*/false); !adjusted.ok()) return adjusted;
-      break;
+      return form.app.cancel_requested ? Cancelled(form) : Status::Ok();
   }
-  if (!form.app.cancel_requested) return Status::Ok();
-  // A cancel by the user just now needs no words, but one of the run before does.
-  if (thumbnail_only) {
-    form.platform.dialogs.Tell(form.app.title,
-                               CurrentPhotoName(form) +
-                                   " was not saved, because its last correction was cancelled. "
-                                   "Correct it again first.",
-                               Icon::kInformation);
-  }
+  if (!form.correction_cancelled) return Status::Ok();
+  form.platform.dialogs.Tell(form.app.title,
+                             CurrentPhotoName(form) +
+                                 " was not saved, because its last correction was cancelled. "
+                                 "Correct it again first.",
+                             Icon::kInformation);
   return Cancelled(form);
 }
 
@@ -234,6 +232,7 @@ Status WriteBesideEvents(Form1& form, const PhotoToWrite& photo, const std::stri
   const Platform& platform = form.platform;
   const int threads = form.threads;
   Status status;
+  form.progress.caption = ProgressCaption(CurrentPhotoName(form));
   DoBesideEvents(form, "Saving Photo...", [&](const GoOn& go_on) {
     status = Publish(platform.files, WriteImage(platform, photo, threads, temporary, go_on),
                      temporary, path);

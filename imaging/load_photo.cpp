@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "imaging/output_names.h"
 #include "imaging/photo_size.h"
 #include "imaging/upright.h"
 #include "platform/files.h"
@@ -47,6 +48,7 @@ Result<LoadedPhoto> LoadPhotoFile(Form1& form, const std::string& path) {
   const std::string name = form.platform.files.Display(path);
   try {
     Result<LoadedPhoto> photo = Status::Cancelled(name);
+    form.progress.caption = ProgressCaption(SplitPhotoPath(name).file_name);
     const bool finished = DoBesideEvents(form, kCollectingText, [&](const GoOn& go_on) {
       photo = Load(form.platform, form.modules, path, go_on);
     });

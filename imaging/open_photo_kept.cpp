@@ -14,6 +14,7 @@ OpenPhotoKept::OpenPhotoKept(Form1& form)
       histogram_(form.histogram),
       learnt_(form.learnt),
       correction_ready_(form.correction_ready),
+      correction_cancelled_(form.correction_cancelled),
       title_(form.lblTitleCaption),
       caption_(form.caption) {}
 
@@ -35,6 +36,7 @@ OpenPhotoKept::~OpenPhotoKept() {
   form_.histogram = histogram_;
   form_.learnt = learnt_;
   form_.correction_ready = correction_ready_;
+  form_.correction_cancelled = correction_cancelled_;
   form_.lblTitleCaption = title_;
   form_.caption = caption_;
 }

@@ -36,6 +36,7 @@ class OpenPhotoKept {
   const PictureHistogram histogram_;
   const LearntProposal learnt_;
   const bool correction_ready_;
+  const bool correction_cancelled_;
   const std::string title_;
   const std::string caption_;
 };

@@ -33,17 +33,14 @@ void PasteSource(Form1& form) {
   // user sees on the clipboard now is what is pasted.
   const Picture pasted = form.platform.clipboard.GetPicture();
   if (!pasted) {
-    form.platform.dialogs.Tell(form.app.title, "There is no picture on the clipboard.",
-                               Icon::kInformation);
+    form.platform.dialogs.Tell(
+        form.app.title, "There is no picture on the clipboard, or another program is using it.",
+        Icon::kInformation);
     return;
   }
   if (!AskToSaveChanges(form)) return;
 
-  form.app.opened_path.clear();
-  form.app.current_file.clear();
-  TakeAsOriginal(form, {pasted, nullptr});
-  TellFailure(form, ShowOpenedPhoto(form));
-  if (form.app.auto_preview) TellFailure(form, AdjustPhoto(form, /*preview=*/true));
+  TellFailure(form, OpenLoadedPhoto(form, /*path=*/"", {pasted, nullptr}));
 }
 
 }  // namespace tarnwell

@@ -39,6 +39,8 @@ struct Form1 {
   // A correction run is under way. It lets events in, and whatever would change the photo or its
   // surfaces meanwhile must wait or refuse.
   bool correcting = false;
+  // The last run was cancelled; what is shown is from the one before.
+  bool correction_cancelled = false;
 
   std::string lblTitleCaption = " - Unnamed Photo";
   std::string caption = {};             // of the window

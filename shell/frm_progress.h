@@ -41,6 +41,9 @@ struct frmProgress {
   ProgressView* view = nullptr;  // not owned; null when nobody looks
 };
 
+// The caption while the photo of this name is worked at.
+inline std::string ProgressCaption(const std::string& name) { return "Progress - " + name; }
+
 inline constexpr char kCollectingText[] = "Collecting Information...";
 
 // Sets lblJob from the stage; a number without a text leaves it. The previous stage follows.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 namespace tarnwell {
 
 class MainView;
@@ -24,6 +26,8 @@ struct MainWindow {
   bool pass_running = false;
   // The user closed the window while a command or a pass ran.
   bool close_wanted = false;
+  // The close itself asks about unsaved changes; another one has nothing to add.
+  bool close_asked = false;
 
   bool start_up_tip_due = true;
   int timer1_interval = 1;  // milliseconds; 0 is off
@@ -43,6 +47,17 @@ class Occupied {
 
  private:
   MainWindow& window_;
+};
+
+// The same where a command may have occupied the window already.
+class OccupiedMeanwhile {
+ public:
+  explicit OccupiedMeanwhile(MainWindow& window) {
+    if (!window.occupied) occupied_.emplace(window);
+  }
+
+ private:
+  std::optional<Occupied> occupied_;
 };
 
 }  // namespace tarnwell

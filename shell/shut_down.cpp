@@ -21,18 +21,31 @@ Status KeepSettings(MainWindow& window) {
   return INISave(window.form);
 }
 
+// Ends what runs, and closes the window behind it.
+void CloseAfterwards(MainWindow& window) {
+  window.form.app.cancel_requested = true;
+  window.close_wanted = true;
+}
+
+// Whether the unsaved changes, if any, are settled.
+bool MayClose(MainWindow& window) {
+  window.close_asked = true;
+  const bool may_close = AskToSaveChanges(window.form);
+  window.close_asked = false;
+  return may_close;
+}
+
 }  // namespace
 
 bool CloseMainWindow(MainWindow& window) {
   Form1& form = window.form;
-  if (form.app.closing) return false;
+  if (form.app.closing || window.close_asked) return false;
   if (IsOccupied(window) || window.pass_running) {
-    form.app.cancel_requested = true;
-    window.close_wanted = true;
+    CloseAfterwards(window);
     return false;
   }
   const Occupied occupied(window);
-  if (!AskToSaveChanges(form)) return false;
+  if (!MayClose(window)) return false;
   window.view.ReleaseDrawing();
   TellFailure(form, KeepSettings(window));
 
@@ -48,9 +61,13 @@ bool CloseMainWindow(MainWindow& window) {
 bool MayEndSession(MainWindow& window) {
   // The automated mode loses nothing when it is ended at any moment.
   if (window.form.app.closing || window.pass_running) return true;
-  if (IsOccupied(window)) return false;
+  if (window.close_asked) return false;
+  if (IsOccupied(window)) {
+    CloseAfterwards(window);
+    return false;
+  }
   const Occupied occupied(window);
-  return AskToSaveChanges(window.form);
+  return MayClose(window);
 }
 
 void EndSession(MainWindow& window) {

@@ -10,7 +10,8 @@ struct MainWindow;
 // and the close requested again at its end.
 bool CloseMainWindow(MainWindow& window);
 
-// Whether the system may end this session: asks about unsaved changes. Not while a command runs.
+// Whether the system may end this session: asks about unsaved changes. Not while a command runs;
+// that one is cancelled and the program closes at its end.
 bool MayEndSession(MainWindow& window);
 
 // The system ends the session, and this program with it: keeps the settings.

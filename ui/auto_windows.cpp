@@ -84,6 +84,7 @@ void AutoWindows::OpenTrayMenu(POINT at) {
   for (int row = 0; row < static_cast<int>(kTrayMenu.size()); ++row) {
     entries.push_back({.text = Wide(kTrayMenu[row]),
                        .separator = kTrayMenu[row] == "-",
+                       .enabled = automated_->IsTrayRowEnabled(row),
                        .checked = automated_->IsTrayRowChecked(row)});
   }
   const Look& look = tray_.FreshLook();

@@ -18,6 +18,7 @@
 #include "shell/frm_progress.h"
 #include "shell/main_window.h"
 #include "shell/module1.h"
+#include "shell/occupying.h"
 #include "shell/start_state.h"
 #include "shell/start_up.h"
 #include "shell/tips.h"
@@ -48,11 +49,18 @@ class ComponentsOfThread {
   bool entered_;
 };
 
+// Programs of one folder have the same name for it, and no others: a photo is handed over in the
+// program's folder, where a copy elsewhere would not look.
+std::wstring InstanceName(std::wstring executable) {
+  CharLowerW(executable.data());
+  return L"Local\\TarnwellPocketRuns" + std::to_wstring(std::hash<std::wstring>()(executable));
+}
+
 // A program that runs holds a named object; the first to make it is the only one.
 class NamedInstance : public RunningInstances {
  public:
-  NamedInstance() {
-    mutex_ = CreateMutexW(nullptr, FALSE, L"Local\\TarnwellPocketRuns");
+  explicit NamedInstance(const std::wstring& name) {
+    mutex_ = CreateMutexW(nullptr, FALSE, name.c_str());
     another_ = GetLastError() == ERROR_ALREADY_EXISTS;
   }
   ~NamedInstance() override { Release(); }
@@ -100,7 +108,8 @@ struct Host {
   std::unique_ptr<Clock> clock = MakeSystemClock();
   HostDialogs dialogs;
   UnattendedDialogs nobody{[this](const std::string& text) { automated.Report(text); }};
-  SwitchedDialogs switched_dialogs{dialogs, nobody};
+  OccupyingDialogs occupying_dialogs{dialogs, window};
+  SwitchedDialogs switched_dialogs{occupying_dialogs, nobody};
   HostClipboard clipboard;
   Messages messages;
   Platform platform = {*files, *codec, *jpeg, switched_dialogs, messages, *clock, clipboard};
@@ -149,7 +158,8 @@ HWND DialogOwner(HWND main_window) {
 
 int RunWindows(const std::wstring& command_line) {
   const ComponentsOfThread components;
-  NamedInstance instance;
+  const std::wstring executable = ExecutablePath();
+  NamedInstance instance(InstanceName(executable));
   Host host;
   host.dialogs.owner = [&host] { return DialogOwner(host.frame.handle()); };
   host.dialogs.first_folder = [&host] {
@@ -159,7 +169,6 @@ int RunWindows(const std::wstring& command_line) {
   host.dialogs.ask_text = [&host](const std::string& title, const std::string& prompt) {
     return host.others.AskText(title, prompt);
   };
-  const std::wstring executable = ExecutablePath();
   switch (
       StartProgram(host.app, host.platform, instance, Narrow(executable), Narrow(command_line))) {
     case StartUp::kEnd:

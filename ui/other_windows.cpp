@@ -31,14 +31,14 @@ constexpr char kPhotoFilter[] = "Image Files (*.bmp; *.gif; *.jpg)|*.bmp;*.gif;*
 }  // namespace
 
 OtherWindows::OtherWindows(MainWindow& window, Messages& messages)
-    : window_(window), messages_(messages) {}
+    : window_(window), messages_(messages), events_(messages, window) {}
 OtherWindows::~OtherWindows() = default;
 
 void OtherWindows::Attach(const FrameWindow& main_window) {
   main_window_ = main_window.handle();
   main_look_ = &main_window.look();
   Form1& form = window_.form;
-  progress_ = std::make_unique<ProgressBox>(form.progress, form.app.cancel_requested, messages_);
+  progress_ = std::make_unique<ProgressBox>(form.progress, form.app.cancel_requested, events_);
   progress_->Create(main_window_);
   form.progress.view = progress_.get();
 }
@@ -77,7 +77,7 @@ void OtherWindows::ShowZoom(ZoomMode mode) {
   Form1& form = window_.form;
   ZoomWindow& zoom = Made(
       zoom_, main_window_,
-      ZoomWindow::Models{zoom_model_, form.modules, skin_tones_model_, messages_, form.metadata});
+      ZoomWindow::Models{zoom_model_, form.modules, skin_tones_model_, events_, form.metadata});
   zoom.closed = [this](bool picked) {
     if (skin_tones_ && skin_tones_model_.visible) skin_tones_->Update();
     window_.view.Refresh();

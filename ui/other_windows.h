@@ -9,6 +9,7 @@
 #include "modules/frm_skin_tones.h"
 #include "modules/frm_zoom.h"
 #include "platform/status.h"
+#include "shell/occupying.h"
 #include "ui/look.h"
 
 namespace tarnwell {
@@ -64,6 +65,7 @@ class OtherWindows {
   const Picture& PhotoForZoom(ZoomMode mode) const;
   MainWindow& window_;
   Messages& messages_;
+  OccupyingEvents events_;
   HWND main_window_ = nullptr;
   const Look* main_look_ = nullptr;
   frmZoom zoom_model_;

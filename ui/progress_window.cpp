@@ -14,6 +14,14 @@ constexpr ULONGLONG kSilentMilliseconds = 500;
 // A run that is over sooner, as most previews are, shows no window that would only flicker.
 constexpr ULONGLONG kShownAfterMilliseconds = 300;
 
+// Whether one of the system's boxes waits for an answer; the answer goes first.
+bool IsBoxOpen(HWND owner) {
+  wchar_t name[16] = {};
+  const HWND front = GetLastActivePopup(owner);
+  GetClassNameW(front, name, 16);
+  return lstrcmpW(name, L"#32770") == 0 && IsWindowVisible(front);
+}
+
 }  // namespace
 
 ProgressBox::ProgressBox(frmProgress& progress, bool& cancel_requested, PendingEvents& events)
@@ -58,6 +66,7 @@ void ProgressBox::ShowWindow() {
 void ProgressBox::ComeUpWhenDue() {
   if (!running_ || IsWindowVisible(handle())) return;
   if (GetTickCount64() - started_ < kShownAfterMilliseconds) return;
+  if (IsBoxOpen(GetWindow(handle(), GW_OWNER))) return;
   ShowCentred();
   SetFocus(picCancel_.handle());
   UpdateWindow(handle());

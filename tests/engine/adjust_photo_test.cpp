@@ -162,6 +162,18 @@ TEST(AdjustPhotoTest, ProgressGoesThroughTheStages) {
   EXPECT_EQ(Drawn(view, "Adjusting Photo..."), sevenths);
 }
 
+// The progress window would cover the box and take the answer's keys.
+TEST(AdjustPhotoTest, WhatIsToldAboutTheWhiteBalanceComesBeforeTheProgressWindow) {
+  TestWindow window;
+  RecordingView view;
+  window.progress.view = &view;
+  SetModules(window, {kSmartWhiteBalance});
+  window.Show(NoisyPicture(7, 5, 1));
+  window.dialogs.on_box = [&] { EXPECT_EQ(view.lines, std::vector<std::string>{}); };
+  ASSERT_TRUE(AdjustPhoto(window.form, true).ok());
+  EXPECT_EQ(window.dialogs.Told().size(), 1u);
+}
+
 TEST(AdjustPhotoTest, ALongPassTellsHowLongItWillStillTake) {
   class TimeView : public RecordingView {
    public:

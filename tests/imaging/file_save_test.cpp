@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "engine/adjust_photo.h"
 #include "imaging/file_open.h"
 #include "tests/support/forwarding_files.h"
 #include "tests/support/pictures.h"
@@ -306,17 +307,23 @@ TEST(FileSaveTest, ACorrectedThumbnailAsksWhatIsToBeSaved) {
   }
 }
 
-// The cancel of an earlier run still holds: nobody waits for a file that never comes.
+// Nobody waits for a file that never comes. A cancel of something else has no say.
 TEST(FileSaveTest, AThumbnailThatIsNotSavedAfterACancelIsTold) {
   CorrectedWindow window;
   window.Correct(Uniform(8, 6, 200));
-  window.app.cancel_requested = true;
-  window.dialogs.answers = {Answer::kNo};
+  window.events.on_run = [&](int) { window.app.cancel_requested = true; };
+  EXPECT_EQ(AdjustPhoto(window.form, true).failure, Failure::kCancelled);
+  window.events.on_run = nullptr;
+  window.dialogs.answers = {Answer::kNo, Answer::kNo};
   EXPECT_EQ(FileSave(window.form, false).failure, Failure::kCancelled);
   window.ExpectNothingSaved();
   EXPECT_EQ(window.dialogs.Told(),
             Strings{"img.bmp was not saved, because its last correction was cancelled. Correct it "
                     "again first."});
+
+  EXPECT_TRUE(AdjustPhoto(window.form, true).ok());
+  window.app.cancel_requested = true;
+  EXPECT_TRUE(FileSave(window.form, false).ok());
 }
 
 }  // namespace

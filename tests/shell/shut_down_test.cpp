@@ -7,6 +7,7 @@
 
 #include "shell/menu_click.h"
 #include "shell/menus.h"
+#include "shell/occupying.h"
 #include "shell/start_state.h"
 #include "shell/tool_button.h"
 #include "tests/support/main_desk.h"
@@ -43,6 +44,32 @@ TEST(CloseMainWindow, AsksAboutUnsavedChanges) {
   }
 }
 
+// From the notification area, or the system: the question stands already.
+TEST(CloseMainWindow, ASecondCloseDuringTheQuestionAddsNothing) {
+  MainDesk desk;
+  desk.ShowLargePhoto();
+  desk.app.photo_changed = true;
+  desk.dialogs.answers = {Answer::kCancel};
+  desk.dialogs.on_box = [&] {
+    EXPECT_FALSE(CloseMainWindow(desk.window));
+    EXPECT_FALSE(MayEndSession(desk.window));
+  };
+  EXPECT_FALSE(CloseMainWindow(desk.window));
+  EXPECT_EQ(desk.dialogs.Asked().size(), 1u);
+  EXPECT_EQ(desk.view.log, Log{}) << "the close was refused";
+  EXPECT_FALSE(desk.app.cancel_requested);
+}
+
+// A window beside the main one asks outside a command, with its own handler on the stack.
+TEST(CloseMainWindow, WaitsForABoxThatNoCommandOpened) {
+  MainDesk desk;
+  OccupyingDialogs dialogs(desk.dialogs, desk.window);
+  desk.dialogs.on_box = [&] { EXPECT_FALSE(CloseMainWindow(desk.window)); };
+  dialogs.Tell("", "Color values must be numeric.", Icon::kInformation);
+  EXPECT_EQ(desk.view.log, Log{"close"}) << "asked for again behind it";
+  EXPECT_TRUE(CloseMainWindow(desk.window));
+}
+
 TEST(EndOfSession, AsksAboutUnsavedChangesAndKeepsTheSettings) {
   const struct {
     bool changed, command_runs, automated_photo;
@@ -62,6 +89,7 @@ TEST(EndOfSession, AsksAboutUnsavedChangesAndKeepsTheSettings) {
     desk.form.names.output_path = desk.folder.File("saved.bmp");
     if (row.answer) desk.dialogs.answers = {*row.answer};
     EXPECT_EQ(MayEndSession(desk.window), row.may_end);
+    EXPECT_EQ(desk.window.close_wanted, row.command_runs && !row.automated_photo);
     EXPECT_EQ(desk.dialogs.Asked().size(), row.answer ? 1u : 0u);
     EXPECT_EQ(desk.folder.Holds("saved.bmp"), row.answer == Answer::kYes);
     EXPECT_FALSE(desk.app.closing) << "another program may keep the session";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -33,6 +34,9 @@ class ScriptedDialogs : public Dialogs {
   std::deque<std::optional<std::string>> save_files;
   std::deque<std::optional<std::string>> folders;
 
+  // While a box is up.
+  std::function<void()> on_box = [] {};
+
   // Every box in the order of its appearance.
   std::vector<Shown> shown;
 
@@ -49,10 +53,12 @@ class ScriptedDialogs : public Dialogs {
 
   Answer Ask(const std::string& title, const std::string& text, Icon icon) override {
     shown.push_back({Kind::kAsk, title, text, icon});
+    on_box();
     return Next(answers, Answer::kCancel);
   }
   void Tell(const std::string& title, const std::string& text, Icon icon) override {
     shown.push_back({Kind::kTell, title, text, icon});
+    on_box();
   }
   std::string AskText(const std::string& title, const std::string& prompt) override {
     shown.push_back({Kind::kAskText, title, prompt});
