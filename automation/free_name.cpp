@@ -22,8 +22,9 @@ std::string FreeName(const std::string& path, Files& files) {
 Status NameLeadsSomewhere(Files& files, const std::string& path, const std::string& wish) {
   const std::string folder = SplitPhotoPath(path).folder;
   if (folder == SplitPhotoPath(wish).folder || files.FolderExists(folder)) return Status::Ok();
-  return Status::Error(Failure::kNotFound, files.Display(wish) + ": is there already, and " +
-                                               files.Display(path) + " lies in no folder");
+  return Status::Error(Failure::kNotFound,
+                       files.Display(wish) + ": is there already, and " + files.Display(path) +
+                           " lies in no folder, because of the dot in a folder's name");
 }
 
 }  // namespace tarnwell

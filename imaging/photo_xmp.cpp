@@ -13,6 +13,7 @@ constexpr std::string_view kExif = "http://ns.adobe.com/exif/1.0/";
 constexpr std::string_view kBasic = "http://ns.adobe.com/xap/1.0/";
 constexpr std::string_view kNote = "http://ns.adobe.com/xmp/note/";
 constexpr std::string_view kCamera = "http://ns.google.com/photos/1.0/camera/";
+constexpr std::string_view kDublinCore = "http://purl.org/dc/elements/1.1/";
 constexpr std::string_view kPhotoshop = "http://ns.adobe.com/photoshop/1.0/";
 constexpr std::string_view kIptcCore = "http://iptc.org/std/Iptc4xmpCore/1.0/xmlns/";
 constexpr std::string_view kIptcExtension = "http://iptc.org/std/Iptc4xmpExt/2008-02-29/";
@@ -45,7 +46,7 @@ bool IsPlace(const XmpName& name) {
   if (name.vocabulary == kPhotoshop) return is_one_of({"City", "State", "Country"});
   if (name.vocabulary == kIptcCore) return is_one_of({"Location", "CountryCode"});
   if (name.vocabulary == kIptcExtension) return is_one_of({"LocationCreated", "LocationShown"});
-  return false;
+  return name.vocabulary == kDublinCore && name.local == "coverage";
 }
 
 // What tells where something lies in the picture.

@@ -22,17 +22,23 @@ bool LeadsThroughNameWithBackslash(const std::string& word) {
   return false;
 }
 
-// Without empty names and those that are a lone dot, so that rules on names see none of them.
+// `path`, absolute, without empty names, lone dots and steps back, so that rules on names see none
+// of them. A step back leads out of where a link leads to, as the system takes it.
 std::string WithoutIdleParts(const std::string& path) {
   std::string kept;
   for (std::size_t at = 0; at < path.size();) {
-    const std::size_t end = std::min(path.find('\\', at), path.size());
+    const std::size_t end = std::min(path.find('/', at), path.size());
     const std::string name = path.substr(at, end - at);
-    if (!name.empty() && name != ".") kept += '\\' + name;
     at = end + 1;
+    if (name.empty() || name == ".") continue;
+    kept += '/' + name;
+    if (name != "..") continue;
+    std::error_code failed;
+    const std::filesystem::path real = std::filesystem::canonical(kept, failed);
+    if (failed) return path;  // it leads nowhere, which is told when it is used
+    kept = real == "/" ? "" : real.string();
   }
-  if (!kept.empty() && path.back() == '\\') kept += '\\';
-  return kept;
+  return kept.empty() || path.back() == '/' ? kept + '/' : kept;
 }
 
 }  // namespace
@@ -66,17 +72,14 @@ std::string DisplayPath(const std::string& path) {
 std::string AbsolutePath(const std::string& path) {
   if (path.empty()) return path;
   std::string spelled = path;
-  if (LeadsThroughNameWithBackslash(path)) {
-    spelled = FromSystemPath(path);
-  } else {
-    std::replace(spelled.begin(), spelled.end(), '/', '\\');
+  if (!LeadsThroughNameWithBackslash(path)) std::replace(spelled.begin(), spelled.end(), '\\', '/');
+  if (spelled.front() != '/') {
+    std::error_code failed;
+    const std::string current = std::filesystem::current_path(failed).string();
+    if (failed) return FromSystemPath(spelled);
+    spelled = current + '/' + spelled;
   }
-  if (spelled.front() == '\\') return spelled;
-  std::error_code failed;
-  const std::string current = std::filesystem::current_path(failed).string();
-  if (failed) return spelled;
-  const std::string relative = WithoutIdleParts(spelled);
-  return current == "/" && !relative.empty() ? relative : FromSystemPath(current) + relative;
+  return FromSystemPath(WithoutIdleParts(spelled));
 }
 
 std::string SystemFolderOf(const std::string& system_path) {

@@ -5,9 +5,13 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <dirent.h>
+#include <functional>
 #include <memory>
 #include <sys/random.h>
+#include <sys/stat.h>
+#include <sys/utsname.h>
 #include <unistd.h>
 #include <vector>
 
@@ -33,17 +37,34 @@ std::optional<TemporaryName> ParseTemporaryName(const std::string& name) {
   return parsed;
 }
 
+constexpr unsigned kPlaceBits = 0xFFFF0000;
+
+// Where numbers of processes mean the same: this machine, and on it the container.
+unsigned Place() {
+  utsname machine = {};
+  uname(&machine);
+  char processes[64] = {};
+  if (readlink("/proc/self/ns/pid", processes, sizeof processes - 1) < 0) processes[0] = 0;
+  const std::string place = std::string(machine.nodename) + "/" + processes;
+  return static_cast<unsigned>(std::hash<std::string>()(place)) & kPlaceBits;
+}
+
 unsigned Session() {
   static const unsigned session = [] {
     std::uint32_t random = 0;
     if (getrandom(&random, sizeof random, GRND_NONBLOCK) < 0) random = 0;
-    return random;
+    return Place() | (random & ~kPlaceBits);
   }();
   return session;
 }
 
-// Whether the process that was given this name still runs.
-bool IsInUse(const TemporaryName& name) {
+// Whether the process that was given this name may still run: one elsewhere, for a day.
+bool IsInUse(const TemporaryName& name, const std::string& path) {
+  if ((name.session ^ Session()) & kPlaceBits) {
+    constexpr std::time_t kDay = 24 * 60 * 60;
+    struct stat found;
+    return lstat(path.c_str(), &found) != 0 || std::time(nullptr) - found.st_mtime < kDay;
+  }
   if (name.process == getpid()) return name.session == Session();
   return kill(static_cast<pid_t>(name.process), 0) == 0 || errno != ESRCH;
 }
@@ -72,7 +93,7 @@ int DeleteStraysIn(const std::string& folder) {
   std::vector<std::string> strays;
   while (const dirent* entry = readdir(open.get())) {
     const auto name = ParseTemporaryName(entry->d_name);
-    if (name && !IsInUse(*name)) strays.push_back(folder + entry->d_name);
+    if (name && !IsInUse(*name, folder + entry->d_name)) strays.push_back(folder + entry->d_name);
   }
   int deleted = 0;
   for (const std::string& stray : strays) deleted += unlink(stray.c_str()) == 0 ? 1 : 0;

@@ -1,8 +1,11 @@
 #include "platform/win32/temporary_files.h"
 
 #include <atomic>
+#include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 #include <windows.h>
@@ -29,15 +32,36 @@ std::optional<TemporaryName> ParseTemporaryName(const std::string& name) {
   return parsed;
 }
 
-// When this process began: numbers of processes are given again, but not at the same time.
+constexpr unsigned long kPlaceBits = 0xFFFF0000;
+
+// Where numbers of processes mean the same: this computer.
+unsigned long Place() {
+  wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+  DWORD length = MAX_COMPUTERNAME_LENGTH + 1;
+  GetComputerNameW(name, &length);
+  return static_cast<unsigned long>(std::hash<std::wstring>()(name)) & kPlaceBits;
+}
+
+// And when this process began: numbers are given again, but not at the same time.
 unsigned long Session() {
   FILETIME began = {}, ended, kernel, user;
   GetProcessTimes(GetCurrentProcess(), &began, &ended, &kernel, &user);
-  return began.dwLowDateTime;
+  return Place() | ((began.dwLowDateTime >> 16) & ~kPlaceBits);
 }
 
-// Whether the process that was given this name still runs.
-bool IsInUse(const TemporaryName& name) {
+bool IsOlderThanADay(const FILETIME& written) {
+  FILETIME now = {};
+  GetSystemTimeAsFileTime(&now);
+  const auto ticks = [](const FILETIME& time) {
+    return std::int64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
+  };
+  constexpr std::int64_t kTicksPerDay = 24LL * 60 * 60 * 10'000'000;
+  return ticks(now) - ticks(written) > kTicksPerDay;
+}
+
+// Whether the process that was given this name may still run: one elsewhere, for a day.
+bool IsInUse(const TemporaryName& name, const FILETIME& written) {
+  if ((name.session ^ Session()) & kPlaceBits) return !IsOlderThanADay(written);
   if (name.process == GetCurrentProcessId()) return name.session == Session();
   const HANDLE opened = OpenProcess(SYNCHRONIZE, FALSE, name.process);
   if (opened == nullptr) return GetLastError() != ERROR_INVALID_PARAMETER;
@@ -66,7 +90,7 @@ int DeleteStraysIn(const std::string& folder) {
   do {
     const std::string name = WideToUtf8(found.cFileName).value_or("");
     const auto parsed = ParseTemporaryName(name);
-    if (parsed && !IsInUse(*parsed)) strays.push_back(folder + name);
+    if (parsed && !IsInUse(*parsed, found.ftLastWriteTime)) strays.push_back(folder + name);
   } while (FindNextFileW(search, &found));
   FindClose(search);
   int deleted = 0;

@@ -59,6 +59,14 @@ TEST_F(PosixFilesTest, AbsoluteLeavesIdlePartsOut) {
   EXPECT_EQ(files.Absolute("./a.jpg"), here);
   EXPECT_EQ(files.Absolute(".//./a.jpg"), here);
   EXPECT_EQ(files.Absolute("/home/me/a.jpg"), "\\home\\me\\a.jpg");
+  EXPECT_EQ(files.Absolute("/home//./me/"), "\\home\\me\\");
+  // Out of the folder that a link leads to, not out of the one that holds it.
+  folder.MakeFolder("there\\deep");
+  std::filesystem::create_symlink("there/deep", folder.SystemPath("link"));
+  const std::string base = folder.SystemPath().string();
+  EXPECT_EQ(files.Absolute(base + "/there/deep/../a.jpg"), folder.File("there\\a.jpg"));
+  EXPECT_EQ(files.Absolute(base + "/link/../a.jpg"), folder.File("there\\a.jpg"));
+  EXPECT_EQ(files.Absolute(base + "/gone/../a.jpg"), folder.File("gone\\..\\a.jpg"));
   EXPECT_EQ(files.Absolute("."), here.substr(0, here.size() - 6));
   EXPECT_EQ(files.Absolute(""), "");
 }
