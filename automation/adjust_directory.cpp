@@ -59,6 +59,12 @@ Status MakeOutputFolder(Files& files, const std::string& folder) {
 
 }  // namespace
 
+std::string SavedText(std::size_t corrected, std::size_t total, const std::string& output_folder) {
+  return std::to_string(corrected) + " of " + std::to_string(total) +
+         (total == 1 ? " photo " : " photos ") + (corrected == 1 ? "was" : "were") +
+         " corrected and saved in " + output_folder;
+}
+
 Result<DirectoryOutcome> AdjustDirectory(Form1& form, const DirectoryFollower& follower) {
   Files& files = form.platform.files;
   const std::string folder = SplitPhotoPath(files.Absolute(form.app.current_file)).folder;

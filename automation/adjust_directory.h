@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -22,6 +23,9 @@ struct DirectoryOutcome {
   std::vector<std::string> notes;     // what of saved photos was left out, a line for each photo
   bool cancelled = false;             // the rest was not begun
 };
+
+// "3 of 5 photos were corrected and saved in ..."; `output_folder` as the user is shown it.
+std::string SavedText(std::size_t corrected, std::size_t total, const std::string& output_folder);
 
 // Who follows the run.
 struct DirectoryFollower {

@@ -76,13 +76,14 @@ bool RunPass(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& ho
   return pass.moved_on();
 }
 
-void ShowIdle(AutoMode& mode, SysTray& tray, AutoModeHost& host) {
+void ShowIdle(AutoMode& mode, Files& files, SysTray& tray, AutoModeHost& host) {
   if (mode.worked || tray.state != TrayState::kIdle) {
     SetTrayIcon(tray, TrayPicture::kIdle);
     SetTrayState(tray, TrayState::kIdle);
   }
   SetStatus(mode, host,
-            mode.hold_reason.empty() ? IdleText(mode.folders[kInputFolder]) : mode.hold_reason);
+            mode.hold_reason.empty() ? IdleText(files.Display(mode.folders[kInputFolder]))
+                                     : mode.hold_reason);
 }
 
 }  // namespace
@@ -182,7 +183,7 @@ void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHos
   mode.busy = true;
   while (RunPass(mode, platform, tray, host) && mode.automated && !mode.once) {
   }
-  if (mode.automated) ShowIdle(mode, tray, host);
+  if (mode.automated) ShowIdle(mode, platform.files, tray, host);
   if (mode.worked) host.RefreshMainWindow();
   mode.worked = false;
   mode.busy = false;

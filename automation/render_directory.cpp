@@ -41,8 +41,7 @@ std::string Listed(const char* title, const std::vector<std::string>& lines) {
 }
 
 std::string Summary(const DirectoryOutcome& outcome, const std::string& output_folder) {
-  std::string text = std::to_string(outcome.corrected) + " of " + std::to_string(outcome.total) +
-                     " photos were corrected and saved in " + output_folder;
+  std::string text = SavedText(outcome.corrected, outcome.total, output_folder);
   if (outcome.cancelled) text += "\rYou cancelled before the rest.";
   text += Listed("These photos were left out:", outcome.failures);
   text += Listed("Not everything of these photos could be kept:", outcome.notes);

@@ -40,6 +40,7 @@ class DirectoryCommand {
   void CorrectAll();
   bool Begin(std::size_t index);
   void Correct(std::size_t index);
+  std::string SummaryText(std::size_t corrected);
   int Summarize();
   void Tell(const std::string& text);
   Files& files() { return *system_.files; }
@@ -101,8 +102,7 @@ bool DirectoryCommand::Begin(std::size_t index) {
 
 void DirectoryCommand::Correct(std::size_t index) {
   Photo& photo = photos_[index];
-  const auto view =
-      progress_->Begin(index + 1, SplitPhotoPath(files().Display(photo.task.photo)).file_name);
+  const auto view = progress_->Begin(index + 1, SplitPhotoPath(photo.task.photo).file_name);
   {
     const int threads = ThreadsPerPhoto(budget_, photo.memory, ThreadsOf(settings_), workers_);
     ConsoleSystem system;  // its codecs are shared with nobody
@@ -125,6 +125,11 @@ void DirectoryCommand::CorrectAll() {
       [&](std::size_t index) { Correct(index); });
 }
 
+std::string DirectoryCommand::SummaryText(std::size_t corrected) {
+  if (photos_.empty()) return "There are no photos in " + files().Display(folder_);
+  return SavedText(corrected, photos_.size(), files().Display(folder_ + kOutputSubfolder));
+}
+
 int DirectoryCommand::Summarize() {
   const auto corrected = std::count_if(photos_.begin(), photos_.end(), [](const Photo& photo) {
     return photo.status && photo.status->ok();
@@ -137,8 +142,7 @@ int DirectoryCommand::Summarize() {
     failed = true;
   }
   if (!settings_.quiet) {
-    host_.err << corrected << " of " << photos_.size() << " photos were corrected and saved in "
-              << files().Display(folder_ + kOutputSubfolder) << "\n";
+    host_.err << SummaryText(corrected) << "\n";
   }
   host_.err << std::flush;
   if (host_.interrupted()) return kInterrupted;

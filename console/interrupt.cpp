@@ -15,11 +15,21 @@ extern "C" void RememberInterrupt(int signal_number) {
   std::signal(signal_number, SIG_DFL);
 }
 
+// A signal that is not to be heard, as of the terminal's end behind "nohup", stays unheard.
+void Watch(int signal_number) {
+  if (std::signal(signal_number, RememberInterrupt) == SIG_IGN) {
+    std::signal(signal_number, SIG_IGN);
+  }
+}
+
 }  // namespace
 
 std::function<bool()> WatchForInterrupt() {
-  std::signal(SIGINT, RememberInterrupt);
-  std::signal(SIGTERM, RememberInterrupt);
+  Watch(SIGINT);
+  Watch(SIGTERM);
+#ifdef SIGHUP
+  Watch(SIGHUP);
+#endif
   return [] { return interrupted.load(); };
 }
 

@@ -4,7 +4,8 @@
 
 namespace tarnwell {
 
-// From now on the first interrupt of the user (Ctrl+C) or request to end (SIGTERM) only makes the
+// From now on the first interrupt of the user (Ctrl+C), request to end (SIGTERM) or end of
+// the terminal (SIGHUP) only makes the
 // returned question answer true; a second one ends the program at once, as it would without this.
 std::function<bool()> WatchForInterrupt();
 

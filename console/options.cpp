@@ -25,9 +25,6 @@ constexpr char kDeadPixelsUsage[] =
     "Usage: tarnwell-pocket deadpixels add [--camera NAME] [--program-folder DIR] SHOT...\n"
     "       tarnwell-pocket deadpixels assess [--camera NAME] [--program-folder DIR]\n";
 
-// A check of a word that names a file or folder.
-std::string IsNamed(const std::string& word) { return word.empty() ? "a name is missing" : ""; }
-
 // Runs the parser over the words. What it refuses ends with its text, then `usage`.
 template <typename Options>
 ParsedWords<Options> Parse(CLI::App& app, const std::vector<std::string>& words,
@@ -63,10 +60,12 @@ ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& wo
       app.add_option("--output", options.output,
                      "File to write, for one photo; .jpg and .jpeg make a JPEG, anything else a "
                      "bitmap (a free name beside the photo unless said)")
-          ->type_name("FILE");
+          ->type_name("FILE")
+          ->check(IsNamed);
   app.add_option("--output-folder", options.output_folder,
                  "Folder to write into, under a name that is free there")
       ->type_name("DIR")
+      ->check(IsNamed)
       ->excludes(output);
   app.add_flag("--preview", options.preview,
                "Correct and save the thumbnail, at most 320 x 320 pixels");
@@ -90,7 +89,9 @@ ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& wo
 ParsedWords<DirectoryOptions> ParseDirectoryWords(const std::vector<std::string>& words) {
   DirectoryOptions options;
   CLI::App app(
-      "Corrects every photo of a folder, several at once, into the folder TWout beside them.",
+      "Corrects every photo of a folder, several at once, into the folder TWout beside them. What "
+      "was "
+      "learnt is used, and nothing is added to it.",
       "tarnwell-pocket directory");
   app.allow_windows_style_options(false);
   app.footer(SettingsHelp);
@@ -104,8 +105,11 @@ ParsedWords<DirectoryOptions> ParseDirectoryWords(const std::vector<std::string>
 
 ParsedWords<WatchOptions> ParseWatchWords(const std::vector<std::string>& words) {
   WatchOptions options;
-  CLI::App app("Corrects photos as they arrive in a folder, until you stop it with Ctrl+C.",
-               "tarnwell-pocket watch");
+  CLI::App app(
+      "Corrects photos as they arrive in a folder, until you stop it with Ctrl+C. What was learnt "
+      "is "
+      "used, and nothing is added to it.",
+      "tarnwell-pocket watch");
   app.allow_windows_style_options(false);
   app.footer(SettingsHelp);
   const auto add_folder = [&app](const char* name, std::string& folder, const char* description) {
@@ -130,7 +134,10 @@ ParsedWords<PresetsOptions> ParsePresetsWords(const std::vector<std::string>& wo
       ->required()
       ->check(CLI::IsMember({"save"}).description(""))
       ->type_name("");
-  app.add_option("FILE", options.file, "The preset to write")->required()->type_name("");
+  app.add_option("FILE", options.file, "The preset to write")
+      ->required()
+      ->type_name("")
+      ->check(IsNamed);
   AddSettings(app, options.settings);
   AddLearning(app, options.settings);
   return Parse(app, words, options, kPresetsUsage);
@@ -150,8 +157,12 @@ ParsedWords<LearningOptions> ParseLearningWords(const std::vector<std::string>& 
   CLI::App app("Tells how many corrections were learnt for a camera and mode, or forgets them.",
                "tarnwell-pocket learning");
   app.allow_windows_style_options(false);
-  app.add_option("--camera", options.camera, "The camera (Default unless said)")->type_name("NAME");
-  app.add_option("--mode", options.mode, "Its mode (Default unless said)")->type_name("NAME");
+  app.add_option("--camera", options.camera, "The camera (Default unless said)")
+      ->type_name("NAME")
+      ->check(IsNamed);
+  app.add_option("--mode", options.mode, "Its mode (Default unless said)")
+      ->type_name("NAME")
+      ->check(IsNamed);
   app.add_flag("--reset", options.reset, "Delete permanently what was learnt, without a question");
   AddProgramFolder(app, options.program_folder);
   return Parse(app, words, options, kLearningUsage);
@@ -178,7 +189,8 @@ ParsedWords<DeadPixelsOptions> ParseDeadPixelsWords(const std::vector<std::strin
       ->type_name("")
       ->check(IsNamed);
   app.add_option("--camera", options.camera, "The camera (Default unless said); made when adding")
-      ->type_name("NAME");
+      ->type_name("NAME")
+      ->check(IsNamed);
   AddProgramFolder(app, options.program_folder);
   ParsedWords<DeadPixelsOptions> parsed = Parse(app, words, options, kDeadPixelsUsage);
   const bool adding = options.action == DeadPixelsAction::kAdd;

@@ -25,9 +25,7 @@ int Dispatch(const ParsedWords<Options>& parsed, int (*command)(const Options&, 
   return parsed.exit_code;
 }
 
-}  // namespace
-
-int RunProgram(const std::vector<std::string>& words, ConsoleHost& host) {
+int RunCommand(const std::vector<std::string>& words, ConsoleHost& host) {
   const std::string command = words.empty() ? "" : words.front();
   if (command == "--help" || command == "-h") {
     host.out << CommandsHelp();
@@ -55,6 +53,16 @@ int RunProgram(const std::vector<std::string>& words, ConsoleHost& host) {
   host.err << (command.empty() ? "A command is missing.\n" : command + ": no such command\n")
            << CommandsHelp();
   return kWrongUsage;
+}
+
+}  // namespace
+
+int RunProgram(const std::vector<std::string>& words, ConsoleHost& host) {
+  const int code = RunCommand(words, host);
+  // Whoever reads standard output takes a success for all of it.
+  if (host.out.flush()) return code;
+  host.err << "What belongs on standard output could not be written." << std::endl;
+  return code == kDone ? kSomePhotoFailed : code;
 }
 
 }  // namespace tarnwell

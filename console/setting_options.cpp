@@ -48,22 +48,28 @@ CLI::Option* AddSingle(CLI::App& app, const std::string& name, const std::string
 
 }  // namespace
 
+std::string IsNamed(const std::string& word) { return word.empty() ? "a name is missing" : ""; }
+
 CLI::Option* AddProgramFolder(CLI::App& app, std::string& folder) {
   return app
       .add_option("--program-folder", folder,
                   "Folder that holds the camera tree (your data folder unless said)")
-      ->type_name("DIR");
+      ->type_name("DIR")
+      ->check(IsNamed);
 }
 
 void AddSettings(CLI::App& app, Settings& settings) {
   app.add_option("--camera", settings.camera, "Whose learnt corrections are used; made if missing")
       ->type_name("NAME")
+      ->check(IsNamed)
       ->group("Settings");
   app.add_option("--mode", settings.mode, "The camera's mode; made if missing")
       ->type_name("NAME")
+      ->check(IsNamed)
       ->group("Settings");
   app.add_option("--preset", settings.preset, "A preset to start from; other settings change it")
       ->type_name("FILE.twp")
+      ->check(IsNamed)
       ->group("Settings");
   AddRepeated(app, "--module", "N=on|off", ParseModuleSetting, settings.modules,
               "Switch a module on or off; may be repeated");
@@ -82,6 +88,7 @@ void AddSettings(CLI::App& app, Settings& settings) {
                 "The color that is to become white, as module 2 corrects towards it");
   app.add_option("--white-file", settings.white_file, "A white balance file to take it from")
       ->type_name("FILE.wbs")
+      ->check(IsNamed)
       ->excludes(white)
       ->group("Settings");
   AddSingle(app, "--quality", "N|original", ParseJpegQuality, settings.quality,

@@ -11,6 +11,9 @@ namespace tarnwell {
 
 struct Settings;
 
+// A check of a word that names something: what is wrong with it; empty when nothing is.
+std::string IsNamed(const std::string& word);
+
 // Words that several commands share. What they say is written when `app` parses; it must outlive
 // that.
 CLI::Option* AddProgramFolder(CLI::App& app, std::string& folder);

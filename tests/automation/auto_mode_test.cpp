@@ -65,8 +65,8 @@ TEST_F(AutoModeTest, TellsEveryStepAndChangesNothingWhileNothingArrives) {
   Arrive("a.jpg");
   Take();
   Take();
-  const std::string waiting =
-      "Waiting...\r\n\r\nWatching for images in:\r\n" + folder.File("in") + "\\";
+  const std::string waiting = "Waiting...\r\n\r\nWatching for images in:\r\n" +
+                              window.platform.files.Display(folder.File("in\\"));
   EXPECT_EQ(statuses, (Lines{waiting, "Loading Image...", "a.jpg\r\nCorrecting Image...",
                              "a.jpg\r\nSaving Image and Moving Source...", waiting}));
   EXPECT_EQ(tray_log, (Lines{"idle", "Automated Mode Running (Idle)", "busy",

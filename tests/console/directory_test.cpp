@@ -38,6 +38,19 @@ TEST_F(DirectoryTest, ManyMixedPhotosGiveTheSameFilesWithAnyNumberOfThreads) {
   }
 }
 
+TEST_F(DirectoryTest, TheSummaryCounts) {
+  const auto summary = [&](const std::string& text, const std::string& place) {
+    return text + files->Display(folder.File(place)) + "\n";
+  };
+  folder.MakeFolder("album");
+  EXPECT_EQ(Run({"directory", "@album"}), 0);
+  EXPECT_EQ(err.str(), summary("There are no photos in ", "album\\"));
+  EXPECT_EQ(folder.Names("album"), Words{});
+  WriteBitmap("album\\a.bmp", 40, 30);
+  EXPECT_EQ(Run({"directory", "@album"}), 0);
+  EXPECT_EQ(err.str(), summary("1 of 1 photo was corrected and saved in ", "album\\TWout\\"));
+}
+
 TEST_F(DirectoryTest, APhotoOfTheSameNameIsNumberedInTheOrderOfTheList) {
   WriteBitmap("a.bmp", 40, 30);
   folder.Write("A.jpg", kBaselineJpeg);

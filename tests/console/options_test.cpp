@@ -44,6 +44,11 @@ TEST(OptionsTest, WrongWordsEndWithTheReasonAndTheUsage) {
   } rows[] = {
       {{}, "PHOTO"},
       {{"a.jpg", ""}, "a name is missing"},
+      {{"a.jpg", "--output", ""}, "--output: a name is missing"},
+      {{"a.jpg", "--output-folder="}, "--output-folder"},
+      {{"a.jpg", "--camera", ""}, "--camera: a name is missing"},
+      {{"a.jpg", "--mode", ""}, "--mode: a name is missing"},
+      {{"a.jpg", "--program-folder", ""}, "--program-folder: a name is missing"},
       {{"a.jpg", "--previews"}, "--previews"},
       {{"a.jpg", "--slider", "3=101"}, "from -100 to 100"},
       {{"a.jpg", "--slider", "4=1", "--slider", "13=1"}, "13=1"},

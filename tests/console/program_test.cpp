@@ -90,6 +90,25 @@ TEST_F(ProgramTest, TheRecordIsTheOnlyOutput) {
   EXPECT_EQ(out.str(), "") << "nothing was measured";
 }
 
+TEST_F(ProgramTest, LostOutputIsNoSuccess) {
+  struct FullDisk : std::streambuf {
+  } full;
+  std::ostream lost(&full);
+  ConsoleHost onto_full_disk{lost, err};
+  WriteBitmap("p.bmp", 30, 20);
+  const std::string program = folder.File("program");
+  const Words rows[] = {{"correct", folder.File("p.bmp"), "--record", "--program-folder", program},
+                        {"cameras", "--program-folder", program},
+                        {"--help"}};
+  for (const Words& words : rows) {
+    lost.clear();
+    err.str("");
+    EXPECT_EQ(RunProgram(words, onto_full_disk), 1) << words[0];
+    EXPECT_TRUE(ErrHas("standard output could not be written")) << words[0];
+  }
+  EXPECT_TRUE(folder.Holds("pA.bmp"));
+}
+
 TEST_F(ProgramTest, EachPhotoThatFailsIsNamedAndTheOthersAreDone) {
   WriteBitmap("good.bmp", 30, 20);
   folder.Write("damaged.jpg", "\xff\xd8\xff");
