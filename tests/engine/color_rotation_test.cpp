@@ -7,18 +7,21 @@
 namespace tarnwell {
 namespace {
 
-// Rows of all colours of one red level; the last row ends inside a block.
+// Rows of all colours of one red level; the last pixels do not fill a vector.
 void ExpectNaive(int red, int degrees) {
-  PixelArray pixels(65535, 1);
+  PixelArray photo(65535, 1);
   const auto colour = [&](int i) { return TestPixel{red, i / 256, i % 256}; };
-  for (int i = 0; i < pixels.width(); ++i) SetPixel(pixels.mutable_view(), i, 0, colour(i));
-  pixels.mutable_view().data[kUnused] = 77;
-  RotateHueOfRow(pixels.mutable_view(), 0, degrees);
-  for (int i = 0; i < pixels.width(); ++i) {
-    ASSERT_EQ(PixelAt(pixels.view(), i, 0), naive::TurnHue(colour(i), degrees))
-        << colour(i) << " by " << degrees;
+  for (int i = 0; i < photo.width(); ++i) SetPixel(photo.mutable_view(), i, 0, colour(i));
+  photo.mutable_view().data[kUnused] = 77;
+  for (const Instructions instructions : {BestInstructions(), Instructions::kPlain}) {
+    PixelArray pixels = photo;
+    RotateHueOfRow(pixels.mutable_view(), 0, degrees, instructions);
+    for (int i = 0; i < pixels.width(); ++i) {
+      ASSERT_EQ(PixelAt(pixels.view(), i, 0), naive::TurnHue(colour(i), degrees))
+          << colour(i) << " by " << degrees;
+    }
+    ASSERT_EQ(pixels.view().data[kUnused], 77);
   }
-  ASSERT_EQ(pixels.view().data[kUnused], 77);
 }
 
 TEST(ColorRotationTest, EveryColourGivesTheSameAsTheNaiveForm) {
