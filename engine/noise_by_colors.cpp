@@ -99,7 +99,7 @@ NoiseByColors::NoiseByColors(const PixelView& reference, const NoiseRule& rule, 
       lanes_(LanesFor(rule.highest_limit())),
       cells_(reach_, lanes_),
       look_ups_(ColorLookUpsFor(instructions)),
-      add_neighbors_(NeighborKernelFor(rule.highest_limit(), instructions)) {
+      kernel_(rule.highest_limit(), instructions) {
   for (int limit = 1; limit <= rule.highest_limit(); ++limit) {
     near_.emplace_back(limit, reach_, lanes_);
   }
@@ -212,10 +212,9 @@ class NoiseByColors::Rows {
       job.offsets = offsets.data();
       job.count = static_cast<int>(offsets.size());
       job.limits = limits;
-      job.highest_limit = noise_.rule_.highest_limit();
       job.at_edge = at_edge;
       fringe_sums_[row] = NeighborSums();
-      noise_.add_neighbors_(job, fringe_sums_[row]);
+      noise_.kernel_.Add(job, fringe_sums_[row]);
     }
   }
 

@@ -115,7 +115,7 @@ class NoiseByColors {
   int lanes_;
   ColorCells cells_;
   ColorLookUps look_ups_;
-  AddNeighbors add_neighbors_;
+  NeighborKernel kernel_;
   std::vector<NearColors> near_;       // by limit - 1
   std::vector<SharedWindow> windows_;  // by how many rows share one, less 1
   // One of the two serves: the narrow ones while the pixels of a window fit 15 bits.

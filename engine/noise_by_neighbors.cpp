@@ -7,25 +7,23 @@
 #include "engine/planar_piece.h"
 
 namespace tarnwell {
-namespace {
-
-// Up to this radius all neighbours are one slice, and their weighted sums fit 32 bits.
-constexpr int kSmallRadius = 50;
-
-}  // namespace
-
 NoiseByNeighbors::NoiseByNeighbors(const PixelView& reference, const NoiseRule& rule, int radius,
                                    Instructions instructions)
     : reference_(reference),
       rule_(rule),
       radius_(radius),
-      add_neighbors_(NeighborKernelFor(rule.highest_limit(), instructions)),
-      is_small_(radius <= kSmallRadius) {
-  for (int sum = 0; sum <= 765; ++sum) {
-    const double threshold = rule.threshold(sum);
-    shares_[sum] = threshold > 0 ? static_cast<float>(1 / threshold) : 0;
+      kernel_(rule.highest_limit(), instructions) {
+  int area = 0;
+  for (int dy = 0; dy <= radius; ++dy) {
+    half_widths_.push_back(DiscHalfWidth(radius, dy));
+    area += (dy == 0 ? 1 : 2) * (2 * half_widths_.back() + 1);
   }
-  for (int dy = 0; dy <= radius; ++dy) half_widths_.push_back(DiscHalfWidth(radius, dy));
+  is_small_ = area <= kernel_.narrow_count();
+  for (int sum = 0; sum <= 765; ++sum) {
+    // A little less than half a level, for the errors of the formula in double.
+    const double most = 0.499 * rule.threshold(sum) * rule.normaliser();
+    most_[sum] = static_cast<std::int16_t>(std::clamp(most, 0.0, 32767.0));
+  }
 }
 
 // Calls `use(offsets)` with the disc around (x, y) in slices, without its centre and as far as any
@@ -50,23 +48,67 @@ void NoiseByNeighbors::ForEachSlice(int x, int y, std::ptrdiff_t row, Use use) c
   use(offsets);
 }
 
-// Whether rounding may take a pixel to another value: surely not where no channel is moved by half
-// a level. In single precision, whose errors are far smaller than what is kept from the half.
-void NoiseByNeighbors::FindMoved(const Centres& centres, const NeighborSums& sums,
-                                 bool (&moved)[kCentres]) const {
-  float farthest[kCentres] = {};
+void NoiseByNeighbors::Describe(int x, int y, int lanes, Centres& centres) const {
+  for (int i = 0; i < lanes; ++i) {
+    const int sum = SumOfChannels(reference_.at(x + i, y));
+    centres.limits[i] = static_cast<std::uint16_t>(rule_.limit(sum));
+    centres.most[i] = most_[sum];
+  }
+}
+
+// Only the few pixels that rounding may take to another value. With W the weighted sum of the
+// kernel, a channel moves by (W - (limit - T) x A) / (T x N). The limit is T rounded up, so that
+// the numerator lies between W and W - A.
+void NoiseByNeighbors::BlendMoved(const NeighborJob& job, const Centres& centres, int lanes,
+                                  std::uint8_t* pixels) const {
+  NarrowSums sums;
+  kernel_.SumNarrowly(job, sums);
+  std::int16_t farthest[kCentres] = {};
   for (int channel = 0; channel < 3; ++channel) {
     for (int i = 0; i < kCentres; ++i) {
-      const std::int32_t plain = sums.plain[channel][i];
-      const auto others = static_cast<std::int32_t>(sums.weighted[channel][i]);
-      const std::int32_t weighted = centres.limits[i] * plain - others;
-      const float shift =
-          std::abs(static_cast<float>(plain) - static_cast<float>(weighted) * centres.shares[i]);
-      farthest[i] = std::max(farthest[i], shift);
+      const std::int16_t weighted = sums.weighted[channel][i];
+      const auto rest = static_cast<std::int16_t>(weighted - sums.plain[channel][i]);
+      const auto high = std::max(weighted, rest), low = std::min(weighted, rest);
+      farthest[i] = std::max({farthest[i], high, static_cast<std::int16_t>(-low)});
     }
   }
-  const auto most = static_cast<float>(0.49 * rule_.normaliser());
-  for (int i = 0; i < kCentres; ++i) moved[i] = farthest[i] >= most;
+  std::uint16_t moved[kCentres], any = 0;
+  for (int i = 0; i < kCentres; ++i) {
+    moved[i] = farthest[i] >= centres.most[i];
+    any = static_cast<std::uint16_t>(any | moved[i]);
+  }
+  if (!any) return;
+  for (int i = 0; i < lanes; ++i) {
+    if (!moved[i]) continue;
+    NoiseSums found;
+    for (int channel = 0; channel < 3; ++channel) {
+      found.plain[channel] = sums.plain[channel][i];
+      found.weighted[channel] =
+          centres.limits[i] * found.plain[channel] - sums.weighted[channel][i];
+    }
+    rule_.Blend(found, pixels + i * kBytesPerPixel);
+  }
+}
+
+void NoiseByNeighbors::BlendAll(const NeighborJob& job,
+                                const std::vector<std::vector<std::int32_t>>& slices, int lanes,
+                                std::uint8_t* pixels) const {
+  NoiseSums found[kCentres];
+  NeighborJob part = job;
+  for (const auto& offsets : slices) {
+    part.offsets = offsets.data();
+    part.count = static_cast<int>(offsets.size());
+    NeighborSums sums;
+    kernel_.Add(part, sums);
+    for (int i = 0; i < lanes; ++i) {
+      for (int channel = 0; channel < 3; ++channel) {
+        const std::int64_t plain = sums.plain[channel][i];
+        found[i].plain[channel] += plain;
+        found[i].weighted[channel] += job.limits[i] * plain - sums.weighted[channel][i];
+      }
+    }
+  }
+  for (int i = 0; i < lanes; ++i) rule_.Blend(found[i], pixels + i * kBytesPerPixel);
 }
 
 void NoiseByNeighbors::Smooth(const PicturePiece& piece, MutablePixelView target) const {
@@ -78,20 +120,15 @@ void NoiseByNeighbors::Smooth(const PicturePiece& piece, MutablePixelView target
   };
   // Away from the picture's edges the offsets are always the same.
   std::vector<std::vector<std::int32_t>> inside, at_edge;
+  Centres centres;
   for (int y = piece.top; y < piece.bottom; ++y) {
     for (int x = piece.left; x < piece.right; x += kCentres) {
       const int lanes = std::min(kCentres, piece.right - x);
-      Centres centres;
-      for (int i = 0; i < lanes; ++i) {
-        const int sum = SumOfChannels(reference_.at(x + i, y));
-        centres.limits[i] = static_cast<std::uint16_t>(rule_.limit(sum));
-        centres.shares[i] = shares_[sum];
-      }
+      Describe(x, y, lanes, centres);
       NeighborJob job;
       job.centres = planes.at(x, y);
       job.plane = planes.plane();
       job.limits = centres.limits;
-      job.highest_limit = rule_.highest_limit();
       job.at_edge = x < radius_ || x + kCentres + radius_ > reference_.width || y < radius_ ||
                     y + radius_ >= reference_.height;
       if (job.at_edge) {
@@ -99,27 +136,13 @@ void NoiseByNeighbors::Smooth(const PicturePiece& piece, MutablePixelView target
       } else if (inside.empty()) {
         inside = slices_at(x, y);
       }
-
-      NoiseSums found[kCentres];
-      bool moved[kCentres];
-      std::fill_n(moved, kCentres, true);
-      for (const auto& offsets : job.at_edge ? at_edge : inside) {
-        job.offsets = offsets.data();
-        job.count = static_cast<int>(offsets.size());
-        NeighborSums sums;
-        add_neighbors_(job, sums);
-        if (is_small_) FindMoved(centres, sums, moved);
-        for (int i = 0; i < lanes; ++i) {
-          if (!moved[i]) continue;
-          for (int channel = 0; channel < 3; ++channel) {
-            const std::int64_t plain = sums.plain[channel][i];
-            found[i].plain[channel] += plain;
-            found[i].weighted[channel] += centres.limits[i] * plain - sums.weighted[channel][i];
-          }
-        }
-      }
-      for (int i = 0; i < lanes; ++i) {
-        if (moved[i]) rule_.Blend(found[i], target.at(x + i, y));
+      const auto& slices = job.at_edge ? at_edge : inside;
+      if (is_small_) {
+        job.offsets = slices.front().data();
+        job.count = static_cast<int>(slices.front().size());
+        BlendMoved(job, centres, lanes, target.at(x, y));
+      } else {
+        BlendAll(job, slices, lanes, target.at(x, y));
       }
     }
   }

@@ -29,19 +29,23 @@ class NoiseByNeighbors {
   // Per lane of a job.
   struct Centres {
     std::uint16_t limits[kCentres] = {};
-    float shares[kCentres] = {};
+    std::int16_t most[kCentres] = {};  // see most_
   };
-  void FindMoved(const Centres& centres, const NeighborSums& sums, bool (&moved)[kCentres]) const;
   template <typename Use>
   void ForEachSlice(int x, int y, std::ptrdiff_t row, Use use) const;
+  void Describe(int x, int y, int lanes, Centres& centres) const;
+  void BlendMoved(const NeighborJob& job, const Centres& centres, int lanes,
+                  std::uint8_t* pixels) const;
+  void BlendAll(const NeighborJob& job, const std::vector<std::vector<std::int32_t>>& slices,
+                int lanes, std::uint8_t* pixels) const;
 
   PixelView reference_;
   const NoiseRule& rule_;
   int radius_;
-  AddNeighbors add_neighbors_;
-  bool is_small_;
-  std::array<float, 766> shares_;  // 1 / T by the sum of a pixel's channels
-  std::vector<int> half_widths_;   // of the disc, for |dy| = 0 to radius
+  NeighborKernel kernel_;
+  std::vector<int> half_widths_;        // of the disc, for |dy| = 0 to radius
+  bool is_small_;                       // whether NarrowSums hold the whole disc
+  std::array<std::int16_t, 766> most_;  // by the sum of a pixel's channels
 };
 
 }  // namespace tarnwell

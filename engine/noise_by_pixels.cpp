@@ -9,10 +9,10 @@
 namespace tarnwell {
 namespace {
 
-NoiseSums AddPlainly(const NeighborRuns& neighbors, const std::uint8_t centre[3], int limit) {
+NoiseSums AddPlainly(const NeighborRuns& neighbors, const std::int8_t centre[3], int limit) {
   NoiseSums sums;
   for (const auto& [first, count] : neighbors.runs) {
-    for (const std::uint8_t* near = first; near < first + count; ++near) {
+    for (const std::int8_t* near = first; near < first + count; ++near) {
       int change[3], difference = 0;
       for (int channel = 0; channel < 3; ++channel) {
         change[channel] = near[channel * neighbors.plane] - centre[channel];
@@ -69,14 +69,13 @@ TARNWELL_AVX2 void Move(Totals& totals, NoiseSums& sums) {
   Clear(totals);
 }
 
-TARNWELL_AVX2 NoiseSums AddAvx2(const NeighborRuns& neighbors, const std::uint8_t centre[3],
+TARNWELL_AVX2 NoiseSums AddAvx2(const NeighborRuns& neighbors, const std::int8_t centre[3],
                                 int limit) {
   // One vector adds at most 2 x 8 x 8 to a lane of 16 bits.
   constexpr int kMostVectors = 255;
   const __m256i one = _mm256_set1_epi8(1);
-  const __m256i level[3] = {_mm256_set1_epi8(static_cast<char>(centre[0])),
-                            _mm256_set1_epi8(static_cast<char>(centre[1])),
-                            _mm256_set1_epi8(static_cast<char>(centre[2]))};
+  const __m256i level[3] = {_mm256_set1_epi8(centre[0]), _mm256_set1_epi8(centre[1]),
+                            _mm256_set1_epi8(centre[2])};
   const __m256i limits = _mm256_set1_epi8(static_cast<char>(limit));
   NoiseSums sums;
   Totals totals;
@@ -89,10 +88,8 @@ TARNWELL_AVX2 NoiseSums AddAvx2(const NeighborRuns& neighbors, const std::uint8_
       __m256i change[3], difference = _mm256_setzero_si256();
       for (int channel = 0; channel < 3; ++channel) {
         const __m256i near = Load(first + channel * neighbors.plane + i);
-        const __m256i up = _mm256_subs_epu8(near, level[channel]);
-        const __m256i down = _mm256_subs_epu8(level[channel], near);
-        change[channel] = _mm256_sub_epi8(near, level[channel]);
-        difference = _mm256_adds_epu8(difference, _mm256_or_si256(up, down));
+        change[channel] = _mm256_subs_epi8(near, level[channel]);
+        difference = _mm256_adds_epu8(difference, _mm256_abs_epi8(change[channel]));
       }
       const __m256i weight = _mm256_subs_epu8(counted, difference);
       const __m256i counts = _mm256_min_epu8(weight, one);
@@ -129,7 +126,9 @@ NoiseByPixels::NoiseByPixels(const PixelView& reference, const NoiseRule& rule, 
 
 void NoiseByPixels::Smooth(const PlanarPiece& planes, int x, int y, MutablePixelView target) const {
   std::uint8_t* pixel = target.at(x, y);
-  const std::uint8_t centre[3] = {pixel[kBlue], pixel[kGreen], pixel[kRed]};
+  const std::int8_t centre[3] = {PlanarPiece::Level(pixel[kBlue]),
+                                 PlanarPiece::Level(pixel[kGreen]),
+                                 PlanarPiece::Level(pixel[kRed])};
   const int limit = rule_.limit(SumOfChannels(pixel));
   NeighborRuns neighbors;
   neighbors.plane = planes.plane();

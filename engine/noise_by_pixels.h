@@ -11,10 +11,10 @@
 
 namespace tarnwell {
 
-// The neighbours of one pixel: runs of them side by side, in planes of bytes: blue, green, red.
+// The neighbours of one pixel: runs of them side by side, in the planes of a PlanarPiece.
 struct NeighborRuns {
   struct Run {
-    const std::uint8_t* first;  // in the blue plane; 31 more than `count` can be read
+    const std::int8_t* first;  // in the blue plane; 31 more than `count` can be read
     int count;
   };
   std::vector<Run> runs;
@@ -43,8 +43,9 @@ class NoiseByPixels {
   // Nanoseconds per pixel, roughly.
   static double Cost(int radius, Instructions instructions);
 
-  // The sums of a pixel with the colours `centre`; `weighted` is sum of (limit - d) x (R' - R).
-  using AddRuns = NoiseSums (*)(const NeighborRuns& neighbors, const std::uint8_t centre[3],
+  // The sums of a pixel with the levels `centre` in the planes; `weighted` is the sum of
+  // (limit - d) x (R' - R).
+  using AddRuns = NoiseSums (*)(const NeighborRuns& neighbors, const std::int8_t centre[3],
                                 int limit);
 
  private:

@@ -10,16 +10,20 @@
 namespace tarnwell {
 
 // A piece of a picture and a margin around it, as far as it lies inside the picture, taken apart
-// into planes of bytes: blue, green, red, and a fourth one that is 255 outside the picture and 0
-// inside. To its left and right there are kBeyond columns more.
+// into planes of bytes: blue, green, red, each as Level gives it, and a fourth one that has all
+// bits outside the picture and none inside. To its left and right there are kBeyond columns more.
 class PlanarPiece {
  public:
   static constexpr int kBeyond = 32;
+  // Signed, because the magnitude of a saturated signed difference is one instruction.
+  static constexpr std::int8_t Level(std::uint8_t value) {
+    return static_cast<std::int8_t>(value - 128);
+  }
 
   PlanarPiece(const PixelView& picture, const PicturePiece& piece, int margin);
 
   // In the blue plane; (x, y) are the picture's coordinates.
-  const std::uint8_t* at(int x, int y) const {
+  const std::int8_t* at(int x, int y) const {
     return bytes_.data() + (y - top_) * row_ + (x - left_);
   }
   std::ptrdiff_t row() const { return row_; }
@@ -30,7 +34,7 @@ class PlanarPiece {
   int top_;
   std::ptrdiff_t row_;
   std::ptrdiff_t plane_;
-  std::vector<std::uint8_t> bytes_;
+  std::vector<std::int8_t> bytes_;
 };
 
 }  // namespace tarnwell
