@@ -86,7 +86,7 @@ TEST(AdjustPieceTest, GivesWhatTheStepsGiveInEveryForm) {
   AdjustmentSettings ordinary;
   ordinary.black_level = 8;
   ordinary.gain = 1.21;
-  ordinary.saturation_multiplier = 1.5;  // ties
+  ordinary.saturation_multiplier = 2.5;  // ties
   AdjustmentSettings steep = ordinary;
   steep.black_level = -3;
   steep.gain = -5.5;
