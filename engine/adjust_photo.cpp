@@ -39,9 +39,13 @@ Status OutOfMemory(const Form1& form) {
 Status ReadForPass(Form1& form, bool thumbnail) {
   if (thumbnail) {
     // Always the uncorrected photo's thumbnail, so that repeated previews do not compound.
-    Picture fresh = ThumbnailOf(form.buffer.surfaces.picOriginal.image->view());
-    if (!fresh) return OutOfMemory(form);
-    Display(form.buffer.surfaces.picThumb, std::move(fresh));
+    PhotoSurfaces& surfaces = form.buffer.surfaces;
+    if (surfaces.thumbnail_of.lock() != surfaces.picOriginal.image) {
+      Picture fresh = ThumbnailOf(surfaces.picOriginal.image->view());
+      if (!fresh) return OutOfMemory(form);
+      Display(surfaces.picThumb, std::move(fresh));
+      surfaces.thumbnail_of = surfaces.picOriginal.image;
+    }
   }
   const PixelSource source = thumbnail ? PixelSource::kThumbnail : PixelSource::kOriginal;
   if (!ReadSourcePixels(form.buffer, source)) return OutOfMemory(form);
@@ -127,6 +131,7 @@ void TakePhotoOut(Form1& form) {
   PhotoSurfaces& surfaces = form.buffer.surfaces;
   Display(surfaces.picOriginal, nullptr);
   Display(surfaces.picSource, nullptr);
+  surfaces.thumbnail_of.reset();
   form.histogram = {};
 }
 

@@ -34,6 +34,7 @@ struct PhotoSurfaces {
   PictureSurface picTContainer;  // the 320 x 320 frame that carries the preview's shadow
   PictureSurface picGraphic;     // a fixed graphic
   PictureSurface picReturn;      // the return surface
+  std::weak_ptr<const PixelArray> thumbnail_of;  // what picThumb shows small
 };
 
 // Makes the photo as opened the working image.

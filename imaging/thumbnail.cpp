@@ -84,6 +84,7 @@ void MakeThumbnail(PixelBuffer& buffer, PendingEvents& events) {
   thumb.left = (kThumbnailSide - stretched->width()) / 2.0;
   thumb.top = (kThumbnailSide - stretched->height()) / 2.0;
   Display(thumb, std::move(stretched));
+  buffer.surfaces.thumbnail_of = source;
   thumb.visible = true;
   DrawShadow(buffer);
   events.Run();

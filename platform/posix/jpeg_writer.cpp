@@ -18,7 +18,7 @@ namespace {
 // Of so many rows of units one is looked at before the tables are chosen; of more in a picture that
 // has few units.
 constexpr int kUnitRowsPerSample = 24;
-constexpr int kLeastUnits = 500;
+constexpr int kLeastUnits = 250;
 
 using Tables = std::array<FittedHuffmanTable, 4>;
 
