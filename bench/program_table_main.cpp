@@ -153,6 +153,39 @@ void Print(const std::vector<Row>& rows, const std::vector<int>& sizes,
   std::printf(". Load of the machine: %.1f.\n", load);
 }
 
+// A folder of photos on one thread and on two, and whether their number shows in the memory.
+void MeasureFolder(const std::string& pocket, const std::string& self, int rounds,
+                   const std::string& folder) {
+  constexpr int kMegapixels = 4, kFew = 20, kMany = 100;
+  const std::string photos = folder + "/photos", first = photos + "/0.jpg";
+  const auto correct = [&](const char* threads) {
+    fs::remove_all(photos + "/TWout");
+    return Run(
+        {pocket, "directory", photos, "--quiet", "--program-folder", folder, "--threads", threads});
+  };
+  const auto fill_up = [&](int count) {
+    for (int i = 1; i < count; ++i) {
+      fs::copy_file(first, photos + "/" + std::to_string(i) + ".jpg",
+                    fs::copy_options::skip_existing);
+    }
+  };
+  fs::create_directories(photos);
+  Run({self, "make", std::to_string(kMegapixels), first});
+  fill_up(kFew);
+  const Cost few = correct("2");
+  fill_up(kMany);
+  Cost on_one, on_two;
+  for (int round = 0; round < rounds; ++round) {
+    on_one.Take(correct("1"));
+    on_two.Take(correct("2"));
+  }
+  std::printf(
+      "`directory` with %d photos of %d MP: on 2 threads %.2f times as fast as on 1; peak memory "
+      "on 2 threads %.0f MB, with %d photos %.0f MB.\n",
+      kMany, kMegapixels, on_one.wall / on_two.wall, on_two.peak_bytes / 1e6, kFew,
+      few.peak_bytes / 1e6);
+}
+
 std::string Content(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
@@ -194,8 +227,9 @@ int Main(const Words& words) {
     sizes.push_back(std::stoi(words[i]));
     costs.push_back(Measure(rows, self, std::stoi(words[1]), sizes.back(), folder));
   }
-  fs::remove_all(folder);
   Print(rows, sizes, costs);
+  MeasureFolder(words[0], self, std::stoi(words[1]), folder);
+  fs::remove_all(folder);
   return 0;
 }
 
