@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/forwarding_files.h"
+#include "tests/support/faulty_files.h"
 #include "tests/support/pictures.h"
 #include "tests/support/test_window.h"
 #include "tests/support/tiny_pictures.h"
@@ -161,16 +161,6 @@ TEST_F(AutoModeTest, AMissingFolderIsNamedAndWaitedFor) {
   folder.MakeFolder("done");
   Take();
   EXPECT_EQ(folder.Names("done"), Lines{"a.jpg"});
-}
-
-TEST_F(AutoModeTest, ASourceThatCannotBeMovedIsNotSavedAgainAndAgain) {
-  Arrive("a.jpg");
-  full = folder.File("done\\a.jpg");
-  Take();
-  Take();
-  EXPECT_EQ(reports.size(), 1u);
-  EXPECT_EQ(folder.Names("out"), Lines{"a.jpg"});
-  EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
 }
 
 TEST_F(AutoModeTest, ATickDuringAPassAndTheEndOfTheModeAreHeardBetweenPhotos) {

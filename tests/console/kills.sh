@@ -3,21 +3,20 @@
 # over the same folders, and looks after each kill that no photo was lost or changed, no output is cut
 # short, none was replaced, and what was learnt is whole.
 #
-#   kills.sh PROGRAM        TARNWELL_KILLS: how many kills (30)
+#   kills.sh PROGRAM        TARNWELL_KILLS: how many kills (12)
 set -euo pipefail
 
 # shellcheck source=tests/console/photos.sh
 source "$(dirname "${BASH_SOURCE[0]}")/photos.sh"
-program=$1
-kills=${TARNWELL_KILLS:-30}
+program=$(readlink -f "$1")
+kills=${TARNWELL_KILLS:-12}
 # No dot in the folder: free names would lead elsewhere (automation/free_name.h).
 work=$(mktemp -d "${TMPDIR:-/tmp}/kills-XXXXXX")
 trap 'rm -rf "$work"' EXIT
-mkdir "$work"/{in,out,done,hidden,album,corrected}
-mkdir "$work/album/TWout"
-outputs=("$work"/{out,corrected,album/TWout})
-learnt="$work/program/Cameras/Default/Default/Smart Data.tsd"
-made=0
+cd "$work"
+mkdir -p in out "done" hidden corrected album/TWout
+learnt="program/Cameras/Default/Default/Smart Data.tsd"
+made=0 arrived=0 round=0 seen=0 too_late=0
 
 fail() {
   echo "after kill $round: $*" >&2
@@ -29,23 +28,26 @@ fail() {
 make_photo() { # FOLDER
   local name
   name=$(printf 'p%05d.%s' "$made" "$([[ $((made % 3)) == 0 ]] && echo bmp || echo jpg)")
-  bitmap $((100 + RANDOM % 300)) $((60 + RANDOM % 200)) >"$work/hidden/$name"
-  mv "$work/hidden/$name" "$work/$1/$name"
+  bitmap $((100 + RANDOM % 300)) $((60 + RANDOM % 200)) >"hidden/$name"
+  mv "hidden/$name" "$1/$name"
   made=$((made + 1))
 }
 
 run() { # COMMAND
   case $1 in
-    watch) set -- watch --input "$work/in" --output "$work/out" --processed "$work/done" --once ;;
-    directory) set -- directory "$work/album" ;;
-    correct) set -- correct "$work/album"/p* --output-folder "$work/corrected" --learn ;;
+    watch) set -- watch --input in --output out --processed done --once ;;
+    directory) set -- directory album ;;
+    correct) set -- correct album/p* --output-folder corrected --learn ;;
   esac
-  exec "$program" "$@" --threads 2 --quiet --program-folder "$work/program"
+  exec "$program" "$@" --threads 2 --quiet --program-folder program
 }
+
+# Files of the folders; names that start with a dot are work in progress.
+files() { find "$@" -type f ! -name '.*'; }
 
 # Puts new photos into the watched folder.
 fill() {
-  while (($(find "$work/in" -type f | wc -l) < 10)); do
+  while (($(find in -type f | wc -l) < 10)); do
     make_photo in
     arrived=$((arrived + 1))
   done
@@ -53,41 +55,31 @@ fill() {
 
 milliseconds() { echo $(($(date +%s%N) / 1000000)); }
 
-# Files whose name starts with a dot are work in progress.
 check() {
   local file
-  (($(find "$work/in" "$work/done" -type f ! -name '.*' | wc -l) == arrived)) || fail "a photo is lost"
-  (cd "$work" && sha256sum --quiet --check album.sums) || fail "a photo was changed"
+  (($(files in done | wc -l) == arrived)) || fail "a photo is lost"
+  sha256sum --quiet --check album.sums || fail "a photo was changed"
   while read -r file; do
-    [[ -e $work/out/${file##*/} ]] || fail "${file##*/} was moved without an output"
-  done < <(find "$work/done" -type f ! -name '.*')
+    [[ -e out/${file##*/} ]] || fail "${file##*/} was moved without an output"
+  done < <(files done)
   # Before the first output there is nothing to hold against, and sha256sum refuses an empty list.
-  if [[ -s $work/sums ]]; then
-    (cd "$work" && sha256sum --quiet --check sums) || fail "an output was replaced"
-  fi
+  if [[ -s sums ]]; then sha256sum --quiet --check sums || fail "an output was replaced"; fi
   while read -r file; do
     is_whole "$file" || fail "$file is cut short"
     seen=$((seen + 1))
-  done < <(find "${outputs[@]}" -type f ! -name '.*' -newer "$work/sums")
-  if [[ -e $learnt ]]; then
-    has_whole_records "$learnt" || fail "a learning record is cut short"
-  fi
+  done < <(files out corrected album/TWout -newer sums)
+  [[ ! -e $learnt ]] || has_whole_records "$learnt" || fail "a learning record is cut short"
   # Names run out, and time: what has been looked at goes.
-  rm -f "$work"/corrected/p* "$work"/album/TWout/p*
-  (cd "$work"; find out -type f ! -name '.*' -exec sha256sum {} + >sums.new)
-  mv "$work/sums.new" "$work/sums"
-  touch -d '1 second ago' "$work/sums"
+  rm -f corrected/p* album/TWout/p*
+  files out | xargs -r sha256sum >sums
+  touch -d '1 second ago' sums
 }
 
 for ((i = 0; i < 10; ++i)); do make_photo album; done
-(cd "$work" && sha256sum album/p* >album.sums)
-arrived=0
-: >"$work/hidden/empty"
-(cd "$work" && sha256sum hidden/empty >sums && touch -d '1 hour ago' sums)
+sha256sum album/p* >album.sums
+: >sums
+touch -d '1 hour ago' sums
 commands=(watch directory correct)
-round=0
-seen=0
-too_late=0
 declare -A takes
 for command in "${commands[@]}"; do
   fill
@@ -115,10 +107,10 @@ while ((round < kills)); do
 done
 for command in "${commands[@]}"; do (run "$command") || fail "the last $command ended with code $?"; done
 check
-(($(find "$work/in" -type f | wc -l) == 0)) || fail "photos were left in the input folder"
-strays=$(find "$work" -name '.*' -type f)
+(($(find in -type f | wc -l) == 0)) || fail "photos were left in the input folder"
+strays=$(find . -name '.*' -type f)
 [[ -z $strays ]] || fail "strays were left: $strays"
-doubles=$(find "$work/out" -type f -name '*~*' | wc -l)
+doubles=$(find out -type f -name '*~*' | wc -l)
 ((doubles <= 2 * kills)) || fail "$doubles outputs are double"
 echo "$kills kills ($too_late more came too late), $made photos, $seen outputs whole and kept," \
   "$doubles of them written once more, $(wc -l <"$learnt") records learnt"

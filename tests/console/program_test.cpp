@@ -121,45 +121,6 @@ TEST_F(ProgramTest, EachPhotoThatFailsIsNamedAndTheOthersAreDone) {
   EXPECT_EQ(folder.Names(), (Words{"damaged.jpg", "good.bmp", "goodA.bmp", "program"}));
 }
 
-TEST_F(ProgramTest, NothingIsEverReplaced) {
-  WriteBitmap("p.bmp", 30, 20);
-  folder.Write("taken.jpg", "mine");
-  folder.MakeFolder("folder.jpg");
-  for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    folder.Write(std::string("p") + letter + ".bmp", "mine");
-  }
-  const struct {
-    Words words;
-    std::string named;
-  } rows[] = {{{"@p.bmp", "--output", "@taken.jpg"}, "taken.jpg"},
-              {{"@p.bmp", "--output", "@p.bmp"}, "p.bmp"},
-              {{"@p.bmp", "--output", "@folder.jpg"}, "folder.jpg"},
-              {{"@p.bmp"}, "pZ.bmp"}};
-  const Words before = folder.Names();
-  for (const auto& row : rows) {
-    EXPECT_EQ(Correct(row.words), 1);
-    EXPECT_TRUE(err.str().starts_with(files->Display(folder.File(row.named)) + ": exists already"))
-        << err.str();
-  }
-  EXPECT_EQ(folder.Read("taken.jpg"), "mine");
-  EXPECT_EQ(folder.Read("pZ.bmp"), "mine");
-  EXPECT_EQ(folder.Names().size(), before.size() + 1) << "only the program folder came";
-}
-
-TEST_F(ProgramTest, FilesThatSettingsNameAreReadBeforeAnythingIsCorrected) {
-  WriteBitmap("p.bmp", 30, 20);
-  folder.Write("short.wbs", "Red: 1\r\nGrn: 2\r\n");
-  const Words rows[] = {{"--white-file", "@short.wbs"}, {"--white-file", "@missing.wbs"},
-                        {"--preset", "@missing.twp"},   {"--preset", "@short.wbs"},
-                        {"--mode", "~ Dead Pixels"},    {"--camera", "con"}};
-  for (Words words : rows) {
-    words.push_back("@p.bmp");
-    EXPECT_EQ(Correct(words), 2) << words[1];
-    EXPECT_EQ(ErrLines(), 1) << err.str();
-  }
-  EXPECT_FALSE(folder.Holds("pA.bmp"));
-}
-
 TEST_F(ProgramTest, AnInterruptedCommandLeavesNoFile) {
   WriteBitmap("p.bmp", 400, 300);
   // Wherever the wish to stop comes in, there is the source alone, or the finished photo.

@@ -4,7 +4,7 @@
 #include "deadpixels/assess_test_shots.h"
 #include "deadpixels/dead_pixel_commands.h"
 #include "deadpixels/repair_dead_pixels.h"
-#include "tests/support/forwarding_files.h"
+#include "tests/support/faulty_files.h"
 #include "tests/support/pictures.h"
 #include "tests/support/planted_shots.h"
 #include "tests/support/test_window.h"
@@ -19,14 +19,6 @@ constexpr char kFolder[] = "program\\Cameras\\Default\\~ Dead Pixels";
 const GoOn kGoOn = [](double) { return true; };
 
 std::string In(const std::string& name) { return std::string(kFolder) + "\\" + name; }
-
-std::shared_ptr<PixelArray> Grey(int width, int height, int level) {
-  auto picture = std::make_shared<PixelArray>(width, height);
-  for (int i = 0; i < width * height; ++i) {
-    SetPixel(picture->mutable_view(), i % width, i / width, {level, level, level});
-  }
-  return picture;
-}
 
 TEST(AddTestShotTest, EachTakesTheFirstFreeNumberAndReplacesNothing) {
   TestWindow window;
@@ -51,21 +43,6 @@ TEST(AddTestShotTest, EachTakesTheFirstFreeNumberAndReplacesNothing) {
   EXPECT_EQ(window.folder.Names(In("8x6")).size(), 4u) << "something was left beside the shots";
 }
 
-class FullDisk : public ForwardingFiles {
- public:
-  FullDisk() : ForwardingFiles(MakeSystemFiles()) {}
-  Status Publish(const std::string& temporary, const std::string& path) override {
-    EXPECT_TRUE(Delete(temporary).ok());
-    return Full(path);
-  }
-  Status Replace(const std::string& path, std::string_view) override { return Full(path); }
-
- private:
-  static Status Full(const std::string& path) {
-    return Status::Error(Failure::kDiskFull, path + ": the disk is full");
-  }
-};
-
 TEST(AddTestShotTest, WhatCannotBeAddedIsNamedAndLeavesNothing) {
   TestWindow window;
   const std::string grey = window.WriteBitmap("grey.bmp", Grey(8, 6, 128));
@@ -77,7 +54,8 @@ TEST(AddTestShotTest, WhatCannotBeAddedIsNamedAndLeavesNothing) {
   EXPECT_EQ(window.folder.Names(kCamera), Names{"Default"});
 
   const std::string dark = window.WriteBitmap("dark.bmp", Grey(8, 6, 3));
-  FullDisk full;
+  FaultyFiles full;
+  full.Fill();
   Platform platform{full,          window.platform.codec, window.platform.jpeg, window.dialogs,
                     window.events, window.clock,          window.clipboard};
   EXPECT_EQ(AddTestShot(window.app, platform, dark).status.failure, Failure::kDiskFull);
@@ -141,7 +119,9 @@ TEST(AssessTestShotsTest, WhatCannotBeAssessedIsLeftOutAndNamed) {
 }
 
 TEST(AssessTestShotsTest, AFailureLeavesTheOldMap) {
-  ShotWindow window(std::make_unique<FullDisk>());
+  auto full = std::make_unique<FaultyFiles>();
+  full->Fill();
+  ShotWindow window(std::move(full));
   window.AddShots();
   window.folder.Write(In("192x128\\map.bmp"), "old");
   window.folder.Write(In("9x9\\Input1.BMP"), "BM");

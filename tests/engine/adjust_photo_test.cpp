@@ -49,7 +49,7 @@ TEST(AdjustPhotoTest, ARunWithoutMemoryLeavesNothingBehind) {
 
 // Cancel is pressed at every time in turn at which events are let in.
 TEST(AdjustPhotoTest, CancelledRunLeavesNothingBehind) {
-  constexpr int kWidth = 40;
+  constexpr int kWidth = 16;
   const struct {
     std::initializer_list<int> modules;
     int least;  // times that events are let in on a full run: columns of passes, bands, pieces

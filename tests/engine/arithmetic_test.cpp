@@ -37,41 +37,6 @@ TEST(RoundIntoTest, RoundsHalfToEvenWithinSixteenBits) {
   }
 }
 
-AdjustmentSettings With(void (*change)(AdjustmentSettings&)) {
-  AdjustmentSettings settings;
-  change(settings);
-  return settings;
-}
-
-void ExpectTones(const AdjustmentSettings& settings, const TestPixel& before,
-                 const TestPixel& after) {
-  PixelValues pixel = {static_cast<std::int16_t>(before.blue),
-                       static_cast<std::int16_t>(before.green),
-                       static_cast<std::int16_t>(before.red)};
-  AdjustTones(pixel, before.red + before.green + before.blue, settings);
-  EXPECT_EQ((TestPixel{pixel.red, pixel.green, pixel.blue}), after);
-}
-
-TEST(AdjustTonesTest, EachStepByHand) {
-  ExpectTones(With([](auto& s) { s.black_level = 15; }), {10, 20, 30}, {0, 5, 15});
-  // 5 x 0.5 = 2.5 and 7 x 0.5 = 3.5 go to the even neighbour.
-  ExpectTones(With([](auto& s) { s.gain = 0.5; }), {5, 7, 9}, {2, 4, 4});
-  // A gain beyond 16 bits leaves the channel.
-  ExpectTones(With([](auto& s) { s.gain = 700; }), {46, 47, 0}, {32200, 47, 0});
-  ExpectTones(With([](auto& s) {
-                s.hue_factors = {0.5f, 0, 0};
-              }),
-              {100, 100, 100}, {150, 100, 100});
-  ExpectTones(With([](auto& s) {
-                s.white_balance_offsets = {-0.5, 0, 0};
-              }),
-              {100, 9, 9}, {50, 9, 9});
-  // The average is that of the starting sum (60 / 3), not of the brightened channels.
-  ExpectTones(With([](auto& s) { s.gain = 2, s.saturation_multiplier = 0.5; }), {10, 20, 30},
-              {20, 30, 40});
-  ExpectTones(With([](auto& s) { s.contrast_factor = -0.5; }), {28, 128, 228}, {-22, 128, 278});
-}
-
 // Both fast forms, table and vectors.
 TEST(AdjustPieceTest, GivesWhatTheStepsGiveInEveryForm) {
   AdjustmentSettings tinted;

@@ -25,7 +25,7 @@ void ExpectNaive(int red, int degrees) {
 }
 
 TEST(ColorRotationTest, EveryColourGivesTheSameAsTheNaiveForm) {
-  for (int red = 0; red < 256; red += 3) ExpectNaive(red, 47 * red % 361 - 180);
+  for (int red = 0; red < 256; red += 7) ExpectNaive(red, 47 * red % 361 - 180);
   for (const int degrees : {-120, -61, -59, -1, 1, 30, 60, 179}) ExpectNaive(151, degrees);
 }
 

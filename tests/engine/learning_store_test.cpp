@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/forwarding_files.h"
+#include "tests/support/faulty_files.h"
 #include "tests/support/test_window.h"
 
 namespace tarnwell {

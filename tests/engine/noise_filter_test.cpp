@@ -88,7 +88,7 @@ TEST(NoiseFilterTest, EveryWayGivesTheSameOnEverySmallSize) {
 TEST(NoiseFilterTest, EveryWayGivesTheSameWithLargeDiscs) {
   // Flat pictures fill the counts of one colour and the sums of 16 bits; from radius 102 on a
   // window may hold more pixels than 15 bits count.
-  for (const int noise : {0, 1, 4}) {
+  for (const int noise : {0, 3}) {
     ExpectEveryWayToBeNaive(*NoisyPicture(70, 45, 3, noise), {31, 7.65, false});
     ExpectEveryWayToBeNaive(*NoisyPicture(150, 12, 4, noise), {50, 7.65, true});
     ExpectEveryWayToBeNaive(*NoisyPicture(30, 20, 5, noise), {120, 12.0, false});

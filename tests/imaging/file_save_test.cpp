@@ -12,7 +12,7 @@
 
 #include "engine/adjust_photo.h"
 #include "imaging/file_open.h"
-#include "tests/support/forwarding_files.h"
+#include "tests/support/faulty_files.h"
 #include "tests/support/pictures.h"
 #include "tests/support/test_window.h"
 
@@ -31,23 +31,15 @@ const Shown kNameTaken{Kind::kTell, "Photo File Exists...",
 const Shown kSaveDialog{Kind::kSaveFile, "Save Photo",
                         "JPEG Image (*.jpg)|*.jpg|Bitmap (*.bmp)|*.bmp"};
 
-Picture Uniform(int width, int height, std::uint8_t level) {
-  auto pixels = TryMakePixels(width, height);
-  for (int i = 0; i < width * height * 4; ++i) {
-    if (i % 4 != kUnused) pixels->mutable_view().data[i] = level;
-  }
-  return pixels;
-}
-
 // A window with img.bmp open (16 x 12, level 100) and a correction of it (level 200) unsaved.
 struct CorrectedWindow : TestWindow {
-  Picture corrected = Uniform(16, 12, 200);
+  Picture corrected = Grey(16, 12, 200);
 
   explicit CorrectedWindow(std::unique_ptr<Files> with_files = MakeSystemFiles(),
                            std::unique_ptr<JpegLibrary> with_jpeg = MakeSystemJpegLibrary())
       : TestWindow(std::move(with_files), std::move(with_jpeg)) {
     app.open_mode = 2;
-    app.opened_path = WriteBitmap("img.bmp", Uniform(16, 12, 100));
+    app.opened_path = WriteBitmap("img.bmp", Grey(16, 12, 100));
     const Status opened = FileOpen(form, false);
     EXPECT_TRUE(opened.ok()) << opened.message;
     Correct(corrected);
@@ -218,9 +210,7 @@ TEST(FileSaveTest, AFailedWriteNamesThePhotoAndChangesNothing) {
   for (const char* name : {"full.jpg", "full.bmp", "no folder\\out.jpg", "no folder\\out.bmp"}) {
     SCOPED_TRACE(name);
     CorrectedWindow window(std::make_unique<FaultyFiles>());
-    Faults(window).before_write = [&](const std::string& path) {
-      return Status::Error(Failure::kDiskFull, window.files->Display(path) + ": disk full");
-    };
+    Faults(window).Fill();
     const std::string path = window.folder.File(name);
     window.form.names.output_path = "Other (prompt)...";
     window.dialogs.save_files = {path};
@@ -262,14 +252,6 @@ TEST(FileSaveTest, ASaveWithoutMemoryLeavesNothing) {
   window.ExpectNothingSaved();
 }
 
-TEST(FileSaveTest, ARecordThatCannotBeKeptDoesNotFailTheSave) {
-  CorrectedWindow window;
-  SetProfile(window.app, "Default", "Gone");
-  EXPECT_TRUE(FileSave(window.form, false).ok());
-  EXPECT_EQ(window.Saved(), Strings{"imgA.bmp"});
-  EXPECT_NE(window.dialogs.Told()[0].find("Smart Data.tsd"), std::string::npos);
-}
-
 // Only the thumbnail has been corrected: what is to be saved is a question.
 TEST(FileSaveTest, ACorrectedThumbnailAsksWhatIsToBeSaved) {
   const struct {
@@ -287,7 +269,7 @@ TEST(FileSaveTest, ACorrectedThumbnailAsksWhatIsToBeSaved) {
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.name);
     CorrectedWindow window;
-    window.Correct(Uniform(8, 6, 200));
+    window.Correct(Grey(8, 6, 200));
     window.dialogs.answers = {row.answer};
     if (row.cancel_run) window.events.on_run = [&](int) { window.app.cancel_requested = true; };
     EXPECT_EQ(FileSave(window.form, false).ok(), row.saved_width != 0);
@@ -310,7 +292,7 @@ TEST(FileSaveTest, ACorrectedThumbnailAsksWhatIsToBeSaved) {
 // Nobody waits for a file that never comes. A cancel of something else has no say.
 TEST(FileSaveTest, AThumbnailThatIsNotSavedAfterACancelIsTold) {
   CorrectedWindow window;
-  window.Correct(Uniform(8, 6, 200));
+  window.Correct(Grey(8, 6, 200));
   window.events.on_run = [&](int) { window.app.cancel_requested = true; };
   EXPECT_EQ(AdjustPhoto(window.form, true).failure, Failure::kCancelled);
   window.events.on_run = nullptr;

@@ -9,19 +9,18 @@
 #include "imaging/photo_list.h"
 #include "platform/files.h"
 #include "platform/system.h"
-#include "tests/support/forwarding_files.h"
+#include "tests/support/faulty_files.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarnwell {
 namespace {
 
 // Knows which paths are taken, and nothing else.
-class TakenPaths : public ForwardingFiles {
+class TakenPaths : public FaultyFiles {
  public:
   std::set<std::string> files;
   std::set<std::string> folders;
 
-  TakenPaths() : ForwardingFiles(nullptr) {}
   bool FileExists(const std::string& path) override { return files.contains(path); }
   bool FolderExists(const std::string& path) override { return folders.contains(path); }
 };

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "imaging/pixel_buffer.h"
+#include "tests/support/fakes.h"
 #include "tests/support/pictures.h"
-#include "tests/support/recording_events.h"
 
 namespace tarnwell {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "modules/frm_modules.h"
 #include "modules/slider_scale.h"
-#include "tests/support/recording_events.h"
+#include "tests/support/fakes.h"
 
 namespace tarnwell {
 namespace {

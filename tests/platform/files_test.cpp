@@ -5,11 +5,10 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
-#include <set>
+#include <sstream>
 #include <thread>
 
 #include "platform/system.h"
-#include "tests/support/crowded_file.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarnwell {
@@ -129,19 +128,46 @@ TEST_F(FilesTest, WhatIsAppendedStartsOnALineOfItsOwn) {
   }
 }
 
+// Many writers append lines while the first lines are taken out again and again, as a trim does.
+// Lines taken and lines left are every line, each whole and once, those of a writer in its order.
 TEST_F(FilesTest, AppendsFromManyHandsLoseAndMixNothing) {
-  CrowdedFile crowded(folder.File("Smart Data.tsd"));
-  std::atomic<int> at_work = CrowdedFile::kWriters;
+  constexpr int kWriters = 8, kLines = 25;
+  const std::string path = folder.Write("Smart Data.tsd", "");
+  const auto line_of = [](int writer, int line) {
+    return std::string(150, static_cast<char>('a' + writer)) + std::to_string(line) + "\r\n";
+  };
+  std::atomic<int> at_work = kWriters;
   std::vector<std::thread> writers;
-  for (int writer = 0; writer < CrowdedFile::kWriters; ++writer) {
-    writers.emplace_back([&crowded, &at_work, writer] {
-      EXPECT_TRUE(crowded.AppendAll(writer));
+  for (int writer = 0; writer < kWriters; ++writer) {
+    writers.emplace_back([&, writer] {
+      const std::unique_ptr<Files> own = MakeSystemFiles();
+      for (int line = 0; line < kLines; ++line) {
+        EXPECT_TRUE(own->Append(path, line_of(writer, line)).ok());
+      }
       --at_work;
     });
   }
-  while (at_work > 0) crowded.TakeFirstLines();
+  std::string lines;
+  while (at_work > 0) {
+    EXPECT_TRUE(files
+                    ->Update(path,
+                             [&](std::string_view text) {
+                               const std::size_t taken =
+                                   text.substr(0, text.size() / 2).rfind('\n') + 1;
+                               lines += text.substr(0, taken);
+                               return std::optional<std::string>(text.substr(taken));
+                             })
+                    .ok());
+  }
   for (std::thread& writer : writers) writer.join();
-  crowded.ExpectEveryLineOnce();
+  std::istringstream all(lines + folder.Read("Smart Data.tsd"));
+  int next[kWriters] = {};
+  for (std::string line; std::getline(all, line);) {
+    const int writer = line.front() - 'a';
+    ASSERT_TRUE(writer >= 0 && writer < kWriters) << line;
+    ASSERT_EQ(line + "\n", line_of(writer, next[writer]++));
+  }
+  for (const int count : next) EXPECT_EQ(count, kLines);
 }
 
 TEST_F(FilesTest, PublishGivesTheNameAndReplacesNothing) {

@@ -199,6 +199,11 @@ ComparedRun RandomRun(std::uint32_t seed, bool large) {
   const int one_in = dice.Roll(1, 4);  // from all modules open to few
   for (bool& open : input.open) open = dice.OneIn(one_in);
   input.open[kSmartPhotoCorrection] = !dice.OneIn(4);
+  // In every third run one module acts alone, so that no other hides what it does.
+  if (dice.OneIn(3)) {
+    input.open = {};
+    input.open[dice.Roll(1, kModuleCount - 1)] = true;
+  }
   input.open[kDeadPixelCorrection] = false;
   for (bool& check : input.checks) check = dice.OneIn(2);
   input.checks[kBlackLimitByHand] = dice.OneIn(4);

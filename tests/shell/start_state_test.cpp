@@ -101,21 +101,5 @@ TEST(StartStateTest, AWhiteReferenceOfOnesOwnStaysInForce) {
   EXPECT_TRUE(window.dialogs.shown.empty());
 }
 
-TEST(StartStateTest, DamagedFilesAreToldOneByOneAndStay) {
-  TestWindow window;
-  const char* kFiles[] = {"program\\powertoys.ini", "program\\skintones.ski",
-                          "program\\TarnwellPocket.ini"};
-  const std::string kTexts[] = {"x\r\n", "Pale\r\n", std::string(TARNWELL_VERSION) + "\r\n"};
-  for (int i = 0; i < 3; ++i) window.folder.Write(kFiles[i], kTexts[i]);
-  LoadStartState(window.form);
-  const auto told = window.dialogs.Told();
-  ASSERT_EQ(told.size(), 3u);
-  for (int i = 0; i < 3; ++i) {
-    EXPECT_TRUE(told[i].starts_with(window.files->Display(window.folder.File(kFiles[i])) + ": "))
-        << told[i];
-    EXPECT_EQ(window.folder.Read(kFiles[i]), kTexts[i]);
-  }
-}
-
 }  // namespace
 }  // namespace tarnwell

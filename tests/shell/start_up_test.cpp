@@ -5,7 +5,7 @@
 
 #include "platform/instances.h"
 #include "shell/manifest.h"
-#include "tests/support/forwarding_files.h"
+#include "tests/support/faulty_files.h"
 #include "tests/support/test_window.h"
 
 namespace tarnwell {

@@ -47,16 +47,6 @@ TEST(Timer1, LoadsThePresetsInTheOrderOfTheirNamesOnce) {
   EXPECT_EQ(desk.modules.Value(3), 7);
 }
 
-TEST(Timer1, ADamagedPresetDoesNotKeepTheOthersOut) {
-  MainDesk desk;
-  desk.folder.Write("program\\a.twp", "not a preset");
-  desk.folder.Write("program\\b.twp", PresetWithBrightness(20));
-  Timer1_Tick(desk.window);
-  EXPECT_EQ(desk.modules.Value(3), 20);
-  ASSERT_EQ(desk.dialogs.Told().size(), 1u);
-  EXPECT_NE(desk.dialogs.Told()[0].find("a.twp"), std::string::npos);
-}
-
 TEST(Timer2, OpensTheFirstQueuedPhoto) {
   for (const char* rest : {"", "\r\n", "\n", "\r\nC:\\other.bmp\r\n"}) {
     SCOPED_TRACE(rest);
@@ -86,18 +76,6 @@ TEST(Timer2, AsksOnEveryTickUntilTheAnswerIsYesOrNo) {
   EXPECT_FALSE(desk.Queued());
   EXPECT_EQ(desk.app.current_file, photo);
   EXPECT_EQ(desk.dialogs.Asked(), Texts(3, "Do you want to save the changes you made to old.jpg?"));
-}
-
-TEST(Timer2, NamesAPhotoThatCannotBeReadAndKeepsTheOther) {
-  QueueDesk desk;
-  const Picture photo = desk.ShowLargePhoto();
-  desk.app.photo_changed = true;
-  desk.Queue(desk.folder.Write("broken.jpg", "nothing"));
-  desk.dialogs.answers = {Answer::kNo};
-  Timer2_Tick(desk.window);
-  EXPECT_NE(desk.dialogs.Told()[0].find("broken.jpg"), std::string::npos);
-  EXPECT_TRUE(SamePixels(desk.surfaces().picOriginal.picture, photo));
-  EXPECT_TRUE(desk.app.photo_changed);
 }
 
 TEST(Timer2, SkipsTicksWhileACommandRunsOrTheProgramEnds) {

@@ -8,10 +8,8 @@
 #include "platform/picture_codec.h"
 #include "platform/platform.h"
 #include "shell/module1.h"
-#include "tests/support/fake_clipboard.h"
-#include "tests/support/fake_clock.h"
+#include "tests/support/fakes.h"
 #include "tests/support/memory_files.h"
-#include "tests/support/recording_events.h"
 #include "tests/support/scripted_dialogs.h"
 
 namespace tarnwell {

@@ -45,6 +45,15 @@ inline std::shared_ptr<PixelArray> PictureOf(int width, std::initializer_list<Te
   return picture;
 }
 
+// A picture of one grey.
+inline std::shared_ptr<PixelArray> Grey(int width, int height, int level) {
+  auto picture = std::make_shared<PixelArray>(width, height);
+  for (int i = 0; i < width * height; ++i) {
+    SetPixel(picture->mutable_view(), i % width, i / width, {level, level, level});
+  }
+  return picture;
+}
+
 // A picture like a photo's: a smooth ramp of colours with noise of `noise` levels on it.
 inline std::shared_ptr<PixelArray> NoisyPicture(int width, int height, unsigned seed,
                                                 int noise = 40) {

@@ -16,9 +16,7 @@
 #include "shell/form1.h"
 #include "shell/frm_progress.h"
 #include "shell/module1.h"
-#include "tests/support/fake_clipboard.h"
-#include "tests/support/fake_clock.h"
-#include "tests/support/recording_events.h"
+#include "tests/support/fakes.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/temp_folder.h"
 

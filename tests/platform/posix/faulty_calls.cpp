@@ -16,28 +16,12 @@
 // What the linker calls the system's own functions once they are wrapped.
 extern "C" {
 int __real_open(const char*, int, ...);
-ssize_t __real_read(int, void*, size_t);
-ssize_t __real_pread(int, void*, size_t, off_t);
 ssize_t __real_write(int, const void*, size_t);
 int __real_close(int);
 int __real_fsync(int);
-int __real_ftruncate(int, off_t);
-int __real_fchmod(int, mode_t);
-int __real_futimens(int, const timespec*);
-int __real_flock(int, int);
-int __real_rename(const char*, const char*);
 int __real_renameat2(int, const char*, int, const char*, unsigned);
-int __real_link(const char*, const char*);
-int __real_unlink(const char*);
-int __real_mkdir(const char*, mode_t);
-int __real_rmdir(const char*);
-int __real_stat(const char*, struct stat*);
 int __real_lstat(const char*, struct stat*);
 int __real_fstat(int, struct stat*);
-int __real_fstatat(int, const char*, struct stat*, int);
-DIR* __real_opendir(const char*);
-dirent* __real_readdir(DIR*);
-char* __real_realpath(const char*, char*);
 }
 
 namespace tarnwell {
@@ -147,7 +131,34 @@ using tarnwell::kOnlyLooks;
 using tarnwell::NumberOf;
 using tarnwell::watched;
 
+// A call that only fails where it is to: by its first argument, a path or a descriptor.
+#define LET_FAIL(type, name, parameters, arguments, first, changes, failure) \
+  type __real_##name parameters;                                             \
+  type __wrap_##name parameters {                                            \
+    return Fails(first, #name, changes) ? failure : __real_##name arguments; \
+  }
+
 extern "C" {
+
+LET_FAIL(ssize_t, read, (int f, void* to, size_t n), (f, to, n), f, kOnlyLooks, -1)
+LET_FAIL(ssize_t, pread, (int f, void* to, size_t n, off_t at), (f, to, n, at), f, kOnlyLooks, -1)
+LET_FAIL(int, ftruncate, (int f, off_t size), (f, size), f, kChanges, -1)
+LET_FAIL(int, fchmod, (int f, mode_t mode), (f, mode), f, kOnlyLooks, -1)
+LET_FAIL(int, futimens, (int f, const timespec* times), (f, times), f, kOnlyLooks, -1)
+LET_FAIL(int, flock, (int f, int operation), (f, operation), f, kOnlyLooks, -1)
+LET_FAIL(int, rename, (const char* from, const char* to), (from, to), from, kChanges, -1)
+LET_FAIL(int, link, (const char* from, const char* to), (from, to), from, kChanges, -1)
+LET_FAIL(int, unlink, (const char* path), (path), path, kChanges, -1)
+LET_FAIL(int, mkdir, (const char* path, mode_t mode), (path, mode), path, kChanges, -1)
+LET_FAIL(int, rmdir, (const char* path), (path), path, kChanges, -1)
+LET_FAIL(int, stat, (const char* path, struct stat* to), (path, to), path, kOnlyLooks, -1)
+LET_FAIL(int, lstat, (const char* path, struct stat* to), (path, to), path, kOnlyLooks, -1)
+LET_FAIL(int, fstat, (int f, struct stat* to), (f, to), f, kOnlyLooks, -1)
+LET_FAIL(int, fstatat, (int f, const char* name, struct stat* to, int flags), (f, name, to, flags),
+         f, kOnlyLooks, -1)
+LET_FAIL(DIR*, opendir, (const char* path), (path), path, kOnlyLooks, nullptr)
+LET_FAIL(dirent*, readdir, (DIR * folder), (folder), dirfd(folder), kOnlyLooks, nullptr)
+LET_FAIL(char*, realpath, (const char* path, char* to), (path, to), path, kOnlyLooks, nullptr)
 
 int __wrap_open(const char* path, int flags, ...) {
   va_list rest;
@@ -159,14 +170,6 @@ int __wrap_open(const char* path, int flags, ...) {
   // A new file may have the number of one that is gone.
   if (descriptor >= 0 && (flags & O_EXCL) != 0) watched.flushed.erase(NumberOf(descriptor));
   return descriptor;
-}
-
-ssize_t __wrap_read(int file, void* to, size_t size) {
-  return Fails(file, "read", kOnlyLooks) ? -1 : __real_read(file, to, size);
-}
-
-ssize_t __wrap_pread(int file, void* to, size_t size, off_t at) {
-  return Fails(file, "pread", kOnlyLooks) ? -1 : __real_pread(file, to, size, at);
 }
 
 // Where it fails, half of the bytes have gone to the file.
@@ -196,75 +199,11 @@ int __wrap_fsync(int file) {
   return 0;
 }
 
-int __wrap_ftruncate(int file, off_t size) {
-  return Fails(file, "ftruncate", kChanges) ? -1 : __real_ftruncate(file, size);
-}
-
-int __wrap_fchmod(int file, mode_t mode) {
-  return Fails(file, "fchmod", kOnlyLooks) ? -1 : __real_fchmod(file, mode);
-}
-
-int __wrap_futimens(int file, const timespec* times) {
-  return Fails(file, "futimens", kOnlyLooks) ? -1 : __real_futimens(file, times);
-}
-
-int __wrap_flock(int file, int operation) {
-  return Fails(file, "flock", kOnlyLooks) ? -1 : __real_flock(file, operation);
-}
-
-int __wrap_rename(const char* from, const char* to) {
-  return Fails(from, "rename", kChanges) ? -1 : __real_rename(from, to);
-}
-
 int __wrap_renameat2(int from_folder, const char* from, int to_folder, const char* to,
                      unsigned flags) {
   if (Fails(from, "renameat2", kChanges)) return -1;
   if (BetweenVolumes(from, to)) return errno = EXDEV, -1;
   if (IsWatched(from) && watched.limits.rename_replaces) return errno = EINVAL, -1;
   return __real_renameat2(from_folder, from, to_folder, to, flags);
-}
-
-int __wrap_link(const char* from, const char* to) {
-  return Fails(from, "link", kChanges) ? -1 : __real_link(from, to);
-}
-
-int __wrap_unlink(const char* path) {
-  return Fails(path, "unlink", kChanges) ? -1 : __real_unlink(path);
-}
-
-int __wrap_mkdir(const char* path, mode_t mode) {
-  return Fails(path, "mkdir", kChanges) ? -1 : __real_mkdir(path, mode);
-}
-
-int __wrap_rmdir(const char* path) {
-  return Fails(path, "rmdir", kChanges) ? -1 : __real_rmdir(path);
-}
-
-int __wrap_stat(const char* path, struct stat* found) {
-  return Fails(path, "stat", kOnlyLooks) ? -1 : __real_stat(path, found);
-}
-
-int __wrap_lstat(const char* path, struct stat* found) {
-  return Fails(path, "lstat", kOnlyLooks) ? -1 : __real_lstat(path, found);
-}
-
-int __wrap_fstat(int file, struct stat* found) {
-  return Fails(file, "fstat", kOnlyLooks) ? -1 : __real_fstat(file, found);
-}
-
-int __wrap_fstatat(int folder, const char* name, struct stat* found, int flags) {
-  return Fails(folder, "fstatat", kOnlyLooks) ? -1 : __real_fstatat(folder, name, found, flags);
-}
-
-DIR* __wrap_opendir(const char* path) {
-  return Fails(path, "opendir", kOnlyLooks) ? nullptr : __real_opendir(path);
-}
-
-dirent* __wrap_readdir(DIR* folder) {
-  return Fails(dirfd(folder), "readdir", kOnlyLooks) ? nullptr : __real_readdir(folder);
-}
-
-char* __wrap_realpath(const char* path, char* resolved) {
-  return Fails(path, "realpath", kOnlyLooks) ? nullptr : __real_realpath(path, resolved);
 }
 }

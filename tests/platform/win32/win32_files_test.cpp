@@ -30,24 +30,6 @@ class Win32FilesTest : public testing::Test {
   Win32Files files;
 };
 
-TEST_F(Win32FilesTest, NamesInAnyScriptGoThroughEveryCall) {
-  const std::string name = "\xD1\x84\xD0\xBE\xD1\x82\xD0\xBE \xF0\x9F\x93\xB7";  // Cyrillic, camera
-  const std::string sub = folder.File(name);
-  const std::string path = sub + "\\" + name + ".jpg";
-  ASSERT_TRUE(files.CreateFolder(sub).ok());
-  ASSERT_TRUE(files.Replace(path, "a\n").ok());
-  ASSERT_TRUE(files.Append(path, "b").ok());
-  EXPECT_TRUE(files.FileExists(path));
-  EXPECT_EQ(*files.Read(path, 10), "a\nb");
-  const auto entries = files.List(sub);
-  ASSERT_TRUE(entries.ok());
-  ASSERT_EQ(entries->size(), 1u);
-  EXPECT_EQ((*entries)[0].name, name + ".jpg");
-  EXPECT_TRUE(files.Move(path, folder.File(name + "2")).ok());
-  EXPECT_TRUE(files.DeleteFolder(sub).ok());
-  EXPECT_EQ(folder.Names(), std::vector<std::string>{name + "2"});
-}
-
 TEST_F(Win32FilesTest, PathsMayBeLongerThanTheOldLimit) {
   std::vector<std::string> folders = {folder.path()};
   while (folders.back().size() < 300) {

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <iostream>
@@ -9,72 +8,54 @@
 #include "platform/picture_codec.h"
 #include "platform/system.h"
 #include "tests/support/pictures.h"
-#include "tests/support/tiny_pictures.h"
-#include "tests/ui/win32/program.h"
+#include "tests/ui/win32/desk.h"
 
 namespace tarnwell {
 namespace {
 
-constexpr wchar_t kDialog[] = L"TarnwellDialog";
-constexpr wchar_t kMain[] = L"TarnwellPocket";
-
-bool Says(const Program& program, const std::wstring& text) {
-  const auto children = ChildrenOf(program.Find(kDialog));
-  return std::any_of(children.begin(), children.end(),
-                     [&](HWND child) { return TextOf(child).find(text) != std::wstring::npos; });
-}
-
-void WriteSetup(Program& program) {
+void WriteSetup(const Desk& desk) {
   std::string setup;
-  for (const char* name : {"in", "out", "done"}) {
-    setup += program.folder.MakeFolder(name) + "\\\r\n";
-  }
-  program.folder.Write("autosetup.ini", setup);
+  for (const char* name : {"in", "out", "done"}) setup += desk.folder.MakeFolder(name) + "\\\r\n";
+  desk.folder.Write("autosetup.ini", setup);
 }
 
 // From the main window's menu, whose choice comes as a press of the keys.
-void StartMode(Program& program) {
-  ASSERT_TRUE(program.Start(""));
-  ASSERT_TRUE(WaitFor([&] { return program.Find(kMain) && program.Find(kDialog); }));
-  PostMessageW(program.Find(kDialog), WM_CLOSE, 0, 0);  // the start-up tip
-  ASSERT_TRUE(WaitFor([&] { return !program.Find(kDialog); }));
-
+void StartMode(Desk& desk) {
+  desk.Start("");
+  desk.DismissTip();
   // The last entries of the Tools menu are the mode and its setup.
-  Click(program.Control(L"&Tools"));
-  const HWND window = program.Find(kMain);
-  ASSERT_TRUE(WaitFor([&] { return FindWindowW(L"#32768", nullptr) != nullptr; }));
+  Click(desk.Control(L"&Tools"));
+  const HWND window = desk.main();
+  desk.Await([&] { return desk.Find(kMenu) != nullptr; });
   for (const WPARAM key : {VK_UP, VK_UP, VK_RETURN}) PostMessageW(window, WM_KEYDOWN, key, 0);
-  ASSERT_TRUE(WaitFor([&] { return Says(program, L"Watching for images in:"); }));
+  desk.Await([&] { return Says(desk.Find(kDialog), L"Watching for images in:"); });
 }
 
 // Photos arrive, are corrected and moved, one is damaged; then the program is closed.
 TEST(AutomatedModeWindow, CorrectsWhatArrivesUntilTheProgramIsClosed) {
-  Program program(L"100");
-  WriteSetup(program);
-  ASSERT_NO_FATAL_FAILURE(StartMode(program));
-  EXPECT_EQ(TextOf(program.Find(kDialog)), L" Fully Automated Mode Running");
-  EXPECT_EQ(program.Find(kMain), nullptr) << "the main window makes way";
+  Desk desk;
+  WriteSetup(desk);
+  StartMode(desk);
+  EXPECT_EQ(TextOf(desk.Find(kDialog)), L" Fully Automated Mode Running");
+  EXPECT_EQ(desk.main(), nullptr) << "the main window makes way";
 
-  program.folder.Write("in\\a.jpg", kBaselineJpeg);
-  program.folder.Write("in\\bad.jpg", "no photo");
-  ASSERT_TRUE(WaitFor([&] { return program.folder.Holds("done\\a.jpg"); }));
-  ASSERT_TRUE(WaitFor([&] { return Says(program, L"bad.jpg: "); }));
-  EXPECT_TRUE(program.folder.Holds("out\\a.jpg"));
-  EXPECT_TRUE(program.folder.Holds("in\\bad.jpg"));
-  EXPECT_EQ(program.Find(L"#32770"), nullptr) << "a box holds up the mode";
+  desk.folder.Write("in\\a.jpg", kBaselineJpeg);
+  desk.folder.Write("in\\bad.jpg", "no photo");
+  desk.Await([&] { return desk.folder.Holds("done\\a.jpg"); });
+  desk.Await([&] { return Says(desk.Find(kDialog), L"bad.jpg: "); });
+  EXPECT_TRUE(desk.folder.Holds("out\\a.jpg"));
+  EXPECT_TRUE(desk.folder.Holds("in\\bad.jpg"));
+  EXPECT_EQ(desk.Find(kSystemDialog), nullptr) << "a box holds up the mode";
 
   // A taskbar that is made anew is told of the icon, and the mode goes on.
   const HWND tray = FindWindowW(L"TarnwellTray", nullptr);
   ASSERT_TRUE(tray);
   SendMessageW(tray, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
-  program.folder.Write("in\\a.jpg", kBaselineJpeg);
-  ASSERT_TRUE(WaitFor([&] { return program.folder.Holds("done\\a~1.jpg"); }));
-  EXPECT_TRUE(program.folder.Holds("out\\a~1.jpg"));
-
-  PostMessageW(FindWindowW(kMain, nullptr), WM_CLOSE, 0, 0);
-  DWORD code = STILL_ACTIVE;
-  ASSERT_TRUE(WaitFor([&] { return program.Ended(code); }));
-  EXPECT_EQ(code, 0u);
+  desk.folder.Write("in\\a.jpg", kBaselineJpeg);
+  desk.Await([&] { return desk.folder.Holds("done\\a~1.jpg"); });
+  EXPECT_TRUE(desk.folder.Holds("out\\a~1.jpg"));
+  desk.Close();
+  desk.AwaitEnd();
 }
 
 // What the folders hold, work in progress left away.
@@ -87,13 +68,13 @@ std::map<std::string, std::string> FilesIn(const TempFolder& folder, const std::
 }
 
 // Killed while it corrects and saves, again and again over the same folders: no photo is lost, no
-// output is cut short or replaced. TARNWELL_WINDOW_KILLS: how many times (2).
+// output is cut short or replaced. TARNWELL_WINDOW_KILLS: how many times (1).
 TEST(AutomatedModeWindow, KilledAtRandomInstantsItLosesNothing) {
   const char* wanted = std::getenv("TARNWELL_WINDOW_KILLS");
-  const int kills = wanted ? std::atoi(wanted) : 2;
-  Program program(L"100");
-  WriteSetup(program);
-  const TempFolder& folder = program.folder;
+  const int kills = wanted ? std::atoi(wanted) : 1;
+  Desk desk;
+  WriteSetup(desk);
+  const TempFolder& folder = desk.folder;
   const auto codec = MakeSystemPictureCodec();
   std::mt19937 random(static_cast<unsigned>(GetTickCount64()));
   std::map<std::string, std::string> photos, outputs;
@@ -105,14 +86,14 @@ TEST(AutomatedModeWindow, KilledAtRandomInstantsItLosesNothing) {
       ASSERT_TRUE(codec->SaveBitmap(folder.File("in\\" + name), photo->view()).ok());
       photos[name] = folder.Read("in\\" + name);
     }
-    ASSERT_NO_FATAL_FAILURE(StartMode(program));
+    StartMode(desk);
     if (kill < kills) {
-      ASSERT_TRUE(WaitFor([&] { return FilesIn(folder, "out").size() > outputs.size(); }));
+      desk.Await([&] { return FilesIn(folder, "out").size() > outputs.size(); });
       Sleep(random() % 500);
     } else {
-      ASSERT_TRUE(WaitFor([&] { return folder.Names("in").empty(); }));
+      desk.Await([&] { return folder.Names("in").empty(); });
     }
-    program.Kill();
+    desk.Kill();
 
     auto kept = FilesIn(folder, "in");
     kept.merge(FilesIn(folder, "done"));
