@@ -16,10 +16,10 @@ std::string IdleText(const std::string& input_folder) {
   return "Waiting...\r\n\r\nWatching for images in:\r\n" + input_folder;
 }
 
-void SetStatus(AutoMode& mode, AutoModeHost& host, const std::string& text) {
+void SetStatus(AutoMode& mode, AutoModeHost& host, const std::string& text, AutoActivity activity) {
   if (mode.window.lblStatus == text) return;
   mode.window.lblStatus = text;
-  host.ShowStatus(text);
+  host.ShowStatus(text, activity);
 }
 
 void Hold(AutoMode& mode, AutoModeHost& host, const std::string& reason, std::int64_t until) {
@@ -81,9 +81,12 @@ void ShowIdle(AutoMode& mode, Files& files, SysTray& tray, AutoModeHost& host) {
     SetTrayIcon(tray, TrayPicture::kIdle);
     SetTrayState(tray, TrayState::kIdle);
   }
-  SetStatus(mode, host,
-            mode.hold_reason.empty() ? IdleText(files.Display(mode.folders[kInputFolder]))
-                                     : mode.hold_reason);
+  if (mode.hold_reason.empty()) {
+    SetStatus(mode, host, IdleText(files.Display(mode.folders[kInputFolder])),
+              AutoActivity::kWaiting);
+  } else {
+    SetStatus(mode, host, mode.hold_reason, AutoActivity::kOnHold);
+  }
 }
 
 }  // namespace
@@ -124,7 +127,7 @@ void AutoPass::Correct(std::size_t index, Form1& form) {
   const AutoPhotoOutcome outcome =
       ProcessPhoto(form, tasks_[index], plan_, [this](const std::string& text) {
         const std::lock_guard lock(mutex_);
-        SetStatus(mode_, host_, text);
+        SetStatus(mode_, host_, text, AutoActivity::kCorrecting);
       });
   const std::lock_guard lock(mutex_);
   Settle(photos_[index], outcome);

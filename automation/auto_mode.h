@@ -49,12 +49,16 @@ struct AutoMode {
   int waiting = 0;  // photos of the last pass that could not be opened yet
 };
 
+// What the mode is at while a status stands. On hold it waits for something that went wrong.
+enum class AutoActivity { kCorrecting, kWaiting, kOnHold };
+
 // Who runs the mode: the window, or a command.
 class AutoModeHost {
  public:
   virtual ~AutoModeHost() = default;
 
-  virtual void ShowStatus(const std::string& text) = 0;  // in the status window
+  // In the status window.
+  virtual void ShowStatus(const std::string& text, AutoActivity activity) = 0;
   // A photo was given up, or the mode must wait; one line, each reason told once.
   virtual void Report(const std::string& line) = 0;
   virtual void PhotoDone(const std::string& name, const std::string& saved_as) = 0;
@@ -85,7 +89,6 @@ class AutoPass {
   bool moved_on() const { return moved_on_; }
 
  private:
-  void ShowStatus(const std::string& text);
   void Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome);
 
   AutoMode& mode_;

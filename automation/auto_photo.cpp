@@ -21,7 +21,7 @@ std::string StatusText(PhotoStep step, const std::string& name) {
     case PhotoStep::kCorrecting:
       return name + "\r\nCorrecting Image...";
     case PhotoStep::kSaving:
-      return name + "\r\nSaving Image and Moving Source...";
+      return name + "\r\n" + kSavingText;
   }
   return {};
 }

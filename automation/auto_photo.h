@@ -11,6 +11,9 @@ namespace tarnwell {
 
 class Files;
 
+// The last line of the status window while the copy is saved.
+inline constexpr char kSavingText[] = "Saving Image and Moving Source...";
+
 // What became of a photo of the automated mode.
 enum class PhotoFate {
   kDone,          // its corrected copy is saved, the photo has been moved

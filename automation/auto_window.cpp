@@ -117,7 +117,7 @@ void AutoWindow::TrayMenuClick(int row) {
 
 void AutoWindow::RemoveIcon() { RemoveTrayIcon(tray_); }
 
-void AutoWindow::ShowStatus(const std::string&) { view_.UpdateStatusWindow(); }
+void AutoWindow::ShowStatus(const std::string&, AutoActivity) { view_.UpdateStatusWindow(); }
 
 void AutoWindow::Report(const std::string& line) {
   // The reason to wait is the status itself.

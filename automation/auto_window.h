@@ -50,7 +50,7 @@ class AutoWindow : public AutoModeHost {
   void TrayMenuClick(int row);
   void RemoveIcon();
 
-  void ShowStatus(const std::string& text) override;
+  void ShowStatus(const std::string& text, AutoActivity activity) override;
   void Report(const std::string& line) override;
   void PhotoDone(const std::string&, const std::string&) override {}
   void RefreshMainWindow() override;

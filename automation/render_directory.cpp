@@ -75,18 +75,18 @@ Result<DirectoryOutcome> RunDirectory(Form1& form, const DirectoryView& view) {
 void Command1_Click(Form1& form, const DirectoryView& view) {
   Dialogs& dialogs = form.platform.dialogs;
   if (form.app.current_file.empty()) {
-    dialogs.Tell(form.app.title, "Open a photo of the directory first.", Icon::kInformation);
+    dialogs.Tell({form.app.title, "Open a photo of the directory first.", Icon::kInformation});
     return;
   }
-  if (dialogs.Ask(kQuestionTitle, kQuestion, Icon::kQuestion) != Answer::kYes) return;
+  if (dialogs.Ask({kQuestionTitle, kQuestion, Icon::kQuestion}) != Answer::kYes) return;
 
   const std::string folder = SplitPhotoPath(form.app.current_file).folder;
   const auto outcome = RunDirectory(form, view);
   if (!outcome.ok()) return TellFailure(form, outcome.status);
   const bool all_done = outcome->failures.empty();
-  dialogs.Tell(form.app.title,
-               Summary(*outcome, form.platform.files.Display(folder + kOutputSubfolder)),
-               all_done ? Icon::kInformation : Icon::kExclamation);
+  dialogs.Tell({form.app.title,
+                Summary(*outcome, form.platform.files.Display(folder + kOutputSubfolder)),
+                all_done ? Icon::kInformation : Icon::kExclamation});
 }
 
 }  // namespace tarnwell

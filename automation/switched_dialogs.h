@@ -12,12 +12,8 @@ class SwitchedDialogs : public Dialogs {
 
   bool nobody_there = false;
 
-  Answer Ask(const std::string& title, const std::string& text, Icon icon) override {
-    return Now().Ask(title, text, icon);
-  }
-  void Tell(const std::string& title, const std::string& text, Icon icon) override {
-    Now().Tell(title, text, icon);
-  }
+  Answer Ask(const Message& message) override { return Now().Ask(message); }
+  void Tell(const Message& message) override { Now().Tell(message); }
   std::string AskText(const std::string& title, const std::string& prompt) override {
     return Now().AskText(title, prompt);
   }

@@ -19,8 +19,8 @@ class UnattendedDialogs : public Dialogs {
   explicit UnattendedDialogs(std::function<void(const std::string& text)> tell)
       : tell_(std::move(tell)) {}
 
-  Answer Ask(const std::string&, const std::string&, Icon) override { return Answer::kCancel; }
-  void Tell(const std::string& title, const std::string& text, Icon icon) override;
+  Answer Ask(const Message&) override { return Answer::kCancel; }
+  void Tell(const Message& message) override;
   std::string AskText(const std::string&, const std::string&) override { return {}; }
   std::optional<std::string> ChooseOpenFile(const std::string&, const std::string&) override {
     return std::nullopt;

@@ -1,7 +1,5 @@
 #include "console/console_dialogs.h"
 
-#include "imaging/file_save.h"
-
 namespace tarnwell {
 
 std::string OneLine(const std::string& text) {
@@ -14,18 +12,18 @@ std::string OneLine(const std::string& text) {
   return line;
 }
 
-Answer ConsoleDialogs::Ask(const std::string&, const std::string& text, Icon) {
-  if (text.starts_with("You have not yet applied your changes")) {
+Answer ConsoleDialogs::Ask(const Message& message) {
+  if (message.topic == Topic::kUnappliedChanges) {
     return save_thumbnail_ ? Answer::kNo : Answer::kYes;
   }
-  if (text.starts_with("Do you want to save the changes")) return Answer::kNo;
+  if (message.topic == Topic::kUnsavedChanges) return Answer::kNo;
   return Answer::kCancel;
 }
 
-void ConsoleDialogs::Tell(const std::string& title, const std::string& text, Icon) {
+void ConsoleDialogs::Tell(const Message& message) {
   // The command takes its next name then, or says itself that it has none.
-  if (title == kNameTakenTitle) return;
-  err_ << OneLine(text) << std::endl;
+  if (message.topic == Topic::kTakenName) return;
+  err_ << OneLine(message.text) << std::endl;
 }
 
 std::string ConsoleDialogs::AskText(const std::string&, const std::string&) { return {}; }

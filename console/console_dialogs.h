@@ -21,8 +21,8 @@ class ConsoleDialogs : public Dialogs {
       : err_(err), save_thumbnail_(save_thumbnail) {}
 
   // Unsaved changes are given up; every question that could lose something else is cancelled.
-  Answer Ask(const std::string& title, const std::string& text, Icon icon) override;
-  void Tell(const std::string& title, const std::string& text, Icon icon) override;
+  Answer Ask(const Message& message) override;
+  void Tell(const Message& message) override;
   // These are all cancelled.
   std::string AskText(const std::string& title, const std::string& prompt) override;
   std::optional<std::string> ChooseOpenFile(const std::string& title,

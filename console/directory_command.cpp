@@ -110,7 +110,7 @@ void DirectoryCommand::Correct(std::size_t index) {
     photo.status = NameLeadsSomewhere(files(), photo.task.target, photo.task.wanted);
     if (photo.status->ok()) {
       CorrectedPhoto corrected = CorrectPhoto(window.form, photo.task, plan_, [](PhotoStep) {});
-      for (const std::string& note : corrected.notes) dialogs_.Tell({}, note, Icon::kInformation);
+      for (const std::string& note : corrected.notes) dialogs_.Tell({{}, note, Icon::kInformation});
       photo.status = std::move(corrected.status);
     }
   }

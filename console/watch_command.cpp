@@ -33,7 +33,9 @@ class WatchCommand : public AutoModeHost {
 
   int Run();
 
-  void ShowStatus(const std::string& text) override { lines_.ShowStatus(text); }
+  void ShowStatus(const std::string& text, AutoActivity activity) override {
+    lines_.ShowStatus(text, activity);
+  }
   void Report(const std::string& line) override { lines_.Report(line); }
   void PhotoDone(const std::string& name, const std::string& saved_as) override {
     lines_.PhotoDone(name, system_.files->Display(saved_as));

@@ -9,12 +9,12 @@ WatchLines::~WatchLines() {
   if (drawn_) err_ << kWipeLine << std::flush;
 }
 
-void WatchLines::ShowStatus(const std::string& text) {
+void WatchLines::ShowStatus(const std::string& text, AutoActivity activity) {
   const std::lock_guard lock(mutex_);
   if (drawn_) {
     status_ = OneLine(text);
     err_ << kWipeLine << status_ << std::flush;
-  } else if (!quiet_ && text.starts_with("Waiting...")) {
+  } else if (!quiet_ && activity == AutoActivity::kWaiting) {
     Write(OneLine(text));
   }
 }
@@ -26,7 +26,7 @@ void WatchLines::Report(const std::string& line) {
 
 void WatchLines::PhotoDone(const std::string& name, const std::string& shown_path) {
   const std::lock_guard lock(mutex_);
-  if (!quiet_) Write(name + " Saving Image and Moving Source... " + shown_path);
+  if (!quiet_) Write(name + " " + kSavingText + " " + shown_path);
 }
 
 void WatchLines::Write(const std::string& line) {

@@ -4,6 +4,8 @@
 #include <ostream>
 #include <string>
 
+#include "automation/auto_mode.h"
+
 namespace tarnwell {
 
 // What a watch says on standard error: a line for each photo, for each failure, and for every time
@@ -16,7 +18,7 @@ class WatchLines {
       : err_(err), drawn_(is_terminal && !quiet), quiet_(quiet) {}
   ~WatchLines();
 
-  void ShowStatus(const std::string& text);
+  void ShowStatus(const std::string& text, AutoActivity activity);
   void Report(const std::string& line);
   void PhotoDone(const std::string& name, const std::string& shown_path);
 

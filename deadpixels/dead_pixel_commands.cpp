@@ -31,7 +31,7 @@ class Report {
   }
   void Tell(Form1& form, const char* title) const {
     if (text_.empty()) return;
-    form.platform.dialogs.Tell(title, text_, failed_ ? Icon::kExclamation : Icon::kInformation);
+    form.platform.dialogs.Tell({title, text_, failed_ ? Icon::kExclamation : Icon::kInformation});
   }
 
  private:

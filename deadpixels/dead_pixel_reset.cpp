@@ -50,17 +50,17 @@ Status DeleteDeadPixelData(const Module1& app, Files& files) {
 }
 
 void ResetDeadPixelSystem(const Module1& app, Platform& platform) {
-  const Answer answer =
-      platform.dialogs.Ask(kResetTitle,
-                           "This will permanently delete the dead pixel maps and sample images for "
-                           "the current camera, continue?",
-                           Icon::kExclamation);
+  const Answer answer = platform.dialogs.Ask(
+      {kResetTitle,
+       "This will permanently delete the dead pixel maps and sample images for "
+       "the current camera, continue?",
+       Icon::kExclamation});
   if (answer != Answer::kYes) return;
   const Status deleted = DeleteDeadPixelData(app, platform.files);
   platform.dialogs.Tell(
-      kResetTitle,
-      deleted.ok() ? "Dead pixel system for current camera has been reset." : deleted.message,
-      deleted.ok() ? Icon::kInformation : Icon::kExclamation);
+      {kResetTitle,
+       deleted.ok() ? "Dead pixel system for current camera has been reset." : deleted.message,
+       deleted.ok() ? Icon::kInformation : Icon::kExclamation});
 }
 
 }  // namespace tarnwell

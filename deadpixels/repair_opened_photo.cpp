@@ -18,10 +18,6 @@
 namespace tarnwell {
 namespace {
 
-constexpr char kNoMapTip[] =
-    "No dead pixel information could be found for current camera and resolution. You can see Help "
-    "(press F1) for more information on setting up dead pixel correction for this camera and mode.";
-
 // The map that fits the photo, or why there is none (kNotFound: one of another size). Maps are of
 // the sensor: a photo that was turned when it was opened takes the map for its size before, turned
 // alike.
@@ -63,9 +59,9 @@ Result<Picture> Repaired(const Picture& photo, const Result<Picture>& map, int t
 
 void TellWhyNot(Form1& form, const Status& status) {
   if (status.failure == Failure::kNotFound) {
-    form.ShowTips(kNoMapTip);
+    form.ShowTips(kDeadPixelTip);
   } else {
-    form.platform.dialogs.Tell(form.app.title, status.message, Icon::kExclamation);
+    form.platform.dialogs.Tell({form.app.title, status.message, Icon::kExclamation});
   }
 }
 
@@ -75,7 +71,7 @@ Status RepairOpenedPhoto(Form1& form) {
   const Picture photo = form.buffer.surfaces.picOriginal.image;
   const MapOfSensor map(form, photo->view());
   const auto threshold = form.modules.Value(9);
-  if (map.path.empty()) form.ShowTips(kNoMapTip);
+  if (map.path.empty()) form.ShowTips(kDeadPixelTip);
   if (map.path.empty() || !threshold) return Status::Ok();
 
   Result<Picture> repaired = Picture();

@@ -85,16 +85,18 @@ Status DeleteLearningData(const Module1& app, Files& files) {
 }
 
 void ResetLearningSystem(const Module1& app, Platform& platform) {
-  const Answer answer = platform.dialogs.Ask(kResetTitle,
-                                             "This will permanently delete the learning system for "
-                                             "the current camera and mode, continue?",
-                                             Icon::kExclamation);
+  const Answer answer =
+      platform.dialogs.Ask({kResetTitle,
+                            "This will permanently delete the learning system for "
+                            "the current camera and mode, continue?",
+                            Icon::kExclamation});
   if (answer != Answer::kYes) return;
   const Status deleted = DeleteLearningData(app, platform.files);
-  platform.dialogs.Tell(kResetTitle,
-                        deleted.ok() ? "Learning system for current camera and mode has been reset."
-                                     : deleted.message,
-                        deleted.ok() ? Icon::kInformation : Icon::kExclamation);
+  platform.dialogs.Tell({kResetTitle,
+                         deleted.ok()
+                             ? "Learning system for current camera and mode has been reset."
+                             : deleted.message,
+                         deleted.ok() ? Icon::kInformation : Icon::kExclamation});
 }
 
 }  // namespace tarnwell

@@ -15,7 +15,7 @@ std::optional<Rgb> ReferenceFromFile(const Module1& app, Platform& platform,
                                      const std::string& path) {
   const auto setting = ReadWhiteBalanceFile(platform.files, path);
   if (setting.ok()) return setting->colour;
-  platform.dialogs.Tell(app.title, setting.status.message, Icon::kExclamation);
+  platform.dialogs.Tell({app.title, setting.status.message, Icon::kExclamation});
   return std::nullopt;
 }
 
@@ -24,11 +24,11 @@ std::optional<Rgb> Reference(const Module1& app, Platform& platform, const frmMo
     case WhiteBalanceMode::kModeDefault: {
       const std::string path = app.mode_folder + kModeWhiteBalanceName;
       if (platform.files.FileExists(path)) return ReferenceFromFile(app, platform, path);
-      platform.dialogs.Tell(app.title,
-                            app.title +
-                                " could not find any saved white balance setting for this camera "
-                                "and mode.",
-                            Icon::kInformation);
+      platform.dialogs.Tell({app.title,
+                             app.title +
+                                 " could not find any saved white balance setting for this camera "
+                                 "and mode.",
+                             Icon::kInformation});
       return std::nullopt;
     }
     case WhiteBalanceMode::kPickedPixel:

@@ -180,8 +180,9 @@ std::unique_ptr<cDIBSection> cDIBSection::Resample(int new_height, int new_width
 bool cDIBSection::CopyToClipboard(bool as_dib, Clipboard& clipboard, Dialogs& dialogs,
                                   const std::string& title) const {
   if (as_dib) {
-    dialogs.Tell(title, "I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!",
-                 Icon::kNone);
+    dialogs.Tell({title,
+                  "I don't know how to put a DIB on the clipboard! Copy as bitmap instead!!!",
+                  Icon::kNone});
     return false;
   }
   const std::shared_ptr<PixelArray> bitmap = TryMakePixels(width_, height_);

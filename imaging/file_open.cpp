@@ -37,7 +37,8 @@ bool AskToSaveChanges(Form1& form) {
   if (!form.app.photo_changed) return true;
   const std::string question =
       "Do you want to save the changes you made to " + CurrentPhotoName(form) + "?";
-  switch (form.platform.dialogs.Ask(form.app.title, question, Icon::kQuestion)) {
+  switch (form.platform.dialogs.Ask(
+      {form.app.title, question, Icon::kQuestion, Topic::kUnsavedChanges})) {
     case Answer::kCancel:
       return false;
     case Answer::kNo:

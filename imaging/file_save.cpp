@@ -32,6 +32,7 @@
 namespace tarnwell {
 namespace {
 
+constexpr char kNameTakenTitle[] = "Photo File Exists...";
 constexpr char kSaveTitle[] = "Save Photo";
 constexpr char kSaveFilter[] = "JPEG Image (*.jpg)|*.jpg|Bitmap (*.bmp)|*.bmp";
 constexpr char kNotAppliedQuestion[] =
@@ -54,7 +55,8 @@ Status SettleWhatToSave(Form1& form, bool& thumbnail_only) {
   thumbnail_only = false;
   if (Area(surfaces.picSource) == Area(surfaces.picOriginal)) return Status::Ok();
 
-  switch (form.platform.dialogs.Ask(form.app.title, kNotAppliedQuestion, Icon::kQuestion)) {
+  switch (form.platform.dialogs.Ask(
+      {form.app.title, kNotAppliedQuestion, Icon::kQuestion, Topic::kUnappliedChanges})) {
     case Answer::kCancel:
       return Cancelled(form);
     case Answer::kNo:
@@ -65,11 +67,11 @@ Status SettleWhatToSave(Form1& form, bool& thumbnail_only) {
       return form.app.cancel_requested ? Cancelled(form) : Status::Ok();
   }
   if (!form.correction_cancelled) return Status::Ok();
-  form.platform.dialogs.Tell(form.app.title,
-                             CurrentPhotoName(form) +
-                                 " was not saved, because its last correction was cancelled. "
-                                 "Correct it again first.",
-                             Icon::kInformation);
+  form.platform.dialogs.Tell({form.app.title,
+                              CurrentPhotoName(form) +
+                                  " was not saved, because its last correction was cancelled. "
+                                  "Correct it again first.",
+                              Icon::kInformation});
   return Cancelled(form);
 }
 
@@ -77,12 +79,12 @@ bool IsUnnamed(const std::string& path) { return path.empty() || path == kOtherP
 
 void RefuseTakenName(Form1& form) {
   const std::string& title = form.app.title;
-  form.platform.dialogs.Tell(kNameTakenTitle,
-                             title + " has detected that a photo with the file already exists. " +
-                                 title +
-                                 " currently has a policy of not overwriting photos, please define "
-                                 "a different name for this photo.",
-                             Icon::kExclamation);
+  form.platform.dialogs.Tell(
+      {kNameTakenTitle,
+       title + " has detected that a photo with the file already exists. " + title +
+           " currently has a policy of not overwriting photos, please define "
+           "a different name for this photo.",
+       Icon::kExclamation, Topic::kTakenName});
   form.names.output_path.clear();
 }
 
@@ -111,7 +113,7 @@ bool IsJpegPath(const std::string& path) {
 void TellNote(Form1& form, const std::string& text) {
   const std::string note = CurrentPhotoName(form) + ": " + text;
   if (form.collect_note) return form.collect_note(note);
-  form.platform.dialogs.Tell(form.app.title, note, Icon::kInformation);
+  form.platform.dialogs.Tell({form.app.title, note, Icon::kInformation});
 }
 
 std::string InOneText(const std::vector<std::string>& sentences) {
@@ -307,9 +309,9 @@ Status FileSave(Form1& form, bool notify) {
 
   TellWhatIsLost(form, as_jpeg, std::move(lost));
   if (Status learnt = AppendLearningRecord(form); !learnt.ok()) {
-    form.platform.dialogs.Tell(form.app.title,
-                               learnt.message + "; the photo is saved, but nothing was learnt",
-                               Icon::kExclamation);
+    form.platform.dialogs.Tell({form.app.title,
+                                learnt.message + "; the photo is saved, but nothing was learnt",
+                                Icon::kExclamation});
   }
   if (!thumbnail_only) MakeSavedPhotoTheOriginal(form);
   // A bitmap is announced as failed although it was written: the announcement has always told of

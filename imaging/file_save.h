@@ -6,9 +6,6 @@ namespace tarnwell {
 
 struct Form1;
 
-// The title of the box that asks for another name because the one at hand is taken.
-inline constexpr char kNameTakenTitle[] = "Photo File Exists...";
-
 // Saves the working image to form.names.output_path, asking for a name when there is none or when
 // it is taken; never replaces a file. Asks first when only the thumbnail was corrected. On success
 // the saved result becomes the new original, the output names are built anew and the modified flag

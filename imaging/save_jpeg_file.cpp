@@ -14,8 +14,8 @@ bool SaveJpegFile(const cDIBSection& dib, const std::string& path, int quality,
   JPEG_CORE_PROPERTIES record;
   std::memset(&record, 0, sizeof record);
   if (const int code = library.ijlInit(&record); code != 0) {
-    dialogs.Tell(title, "Failed to initialise the IJL library: " + std::to_string(code),
-                 Icon::kExclamation);
+    dialogs.Tell({title, "Failed to initialise the IJL library: " + std::to_string(code),
+                  Icon::kExclamation});
     return false;
   }
   record.DIBBytes = dib.DIBSectionBitsPtr();

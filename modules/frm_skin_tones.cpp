@@ -42,7 +42,7 @@ std::optional<std::array<int, 3>> TakeFields(frmSkinTones& window) {
 }
 
 void TellNotNumeric(const Module1& app, Platform& platform) {
-  platform.dialogs.Tell(app.title, "Color values must be numeric.", Icon::kInformation);
+  platform.dialogs.Tell({app.title, "Color values must be numeric.", Icon::kInformation});
 }
 
 void ShowFields(const Module1& app, Platform& platform, frmSkinTones& window) {
@@ -129,7 +129,7 @@ void ColourField_Change(const Module1& app, Platform& platform, frmSkinTones& wi
 void SkinToneButton_Click(const Module1& app, Platform& platform, frmSkinTones& window,
                           SkinToneButton button) {
   if (button != kAdd && !window.list.HasSelection()) {
-    platform.dialogs.Tell(app.title, "No Item Selected", Icon::kNone);
+    platform.dialogs.Tell({app.title, "No Item Selected", Icon::kNone});
     return;
   }
   switch (button) {
@@ -151,7 +151,7 @@ void SkinTonesOk(const Module1& app, Platform& platform, frmSkinTones& window, f
   panel.skin_tones = window.list;
   SelectEntry(panel.skin_tones, selected);
   const Status saved = SkinTonesSave(app, platform.files, panel.skin_tones);
-  if (!saved.ok()) platform.dialogs.Tell(app.title, saved.message, Icon::kInformation);
+  if (!saved.ok()) platform.dialogs.Tell({app.title, saved.message, Icon::kInformation});
   window.visible = false;
 }
 

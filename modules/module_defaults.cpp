@@ -11,8 +11,8 @@ namespace {
 
 bool UserAgrees(const Module1& app, Dialogs& dialogs) {
   if (!app.confirm_reset) return true;
-  return dialogs.Ask(app.title, "Revert all settings in this module to defaults?",
-                     Icon::kQuestion) == Answer::kYes;
+  return dialogs.Ask({app.title, "Revert all settings in this module to defaults?",
+                      Icon::kQuestion}) == Answer::kYes;
 }
 
 void ResetSliders(frmModules& panel, int module) {

@@ -14,7 +14,7 @@ namespace {
 constexpr int kWhiteBalanceSlider = 2;
 
 void TellFailure(const Module1& app, Platform& platform, const Status& status) {
-  if (!status.ok()) platform.dialogs.Tell(app.title, status.message, Icon::kInformation);
+  if (!status.ok()) platform.dialogs.Tell({app.title, status.message, Icon::kInformation});
 }
 
 std::string ModeFile(const Module1& app) { return app.mode_folder + kModeWhiteBalanceName; }

@@ -12,6 +12,16 @@ enum class Answer { kYes, kNo, kCancel };
 // or leaves it to the caller, who never replaces one.
 enum class TakenNames { kAsk, kLeave };
 
+// What a box is about, where dialogs that nobody sits at have an answer of their own for it.
+enum class Topic { kAnything, kUnsavedChanges, kUnappliedChanges, kTakenName };
+
+struct Message {
+  std::string title;
+  std::string text;
+  Icon icon = Icon::kNone;
+  Topic topic = Topic::kAnything;
+};
+
 // Message boxes and choosers. Texts are UTF-8. Hosts show windows or answer from options; tests
 // answer from a script.
 class Dialogs {
@@ -19,10 +29,10 @@ class Dialogs {
   virtual ~Dialogs() = default;
 
   // A Yes/No/Cancel box.
-  virtual Answer Ask(const std::string& title, const std::string& text, Icon icon) = 0;
+  virtual Answer Ask(const Message& message) = 0;
 
   // An OK box.
-  virtual void Tell(const std::string& title, const std::string& text, Icon icon) = 0;
+  virtual void Tell(const Message& message) = 0;
 
   // A box with one line to fill in. Empty when the user cancels.
   virtual std::string AskText(const std::string& title, const std::string& prompt) = 0;

@@ -16,10 +16,10 @@ namespace {
 
 void Copy(Form1& form, const PictureSurface& surface) {
   if (!surface.picture || form.platform.clipboard.SetPicture(surface.picture->view())) return;
-  form.platform.dialogs.Tell(form.app.title,
-                             "The picture could not be copied. Another program may be using the "
-                             "clipboard.",
-                             Icon::kExclamation);
+  form.platform.dialogs.Tell({form.app.title,
+                              "The picture could not be copied. Another program may be using the "
+                              "clipboard.",
+                              Icon::kExclamation});
 }
 
 }  // namespace
@@ -34,8 +34,8 @@ void PasteSource(Form1& form) {
   const Picture pasted = form.platform.clipboard.GetPicture();
   if (!pasted) {
     form.platform.dialogs.Tell(
-        form.app.title, "There is no picture on the clipboard, or another program is using it.",
-        Icon::kInformation);
+        {form.app.title, "There is no picture on the clipboard, or another program is using it.",
+         Icon::kInformation});
     return;
   }
   if (!AskToSaveChanges(form)) return;

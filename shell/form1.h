@@ -9,6 +9,7 @@
 #include "imaging/output_names.h"
 #include "imaging/photo_metadata.h"
 #include "imaging/pixel_buffer.h"
+#include "shell/tip.h"
 #include "shell/window_memory.h"
 
 namespace tarnwell {
@@ -57,8 +58,8 @@ struct Form1 {
   // Takes what the user is to know about a photo, while nobody sits at the window; without it the
   // user is told at once.
   std::function<void(const std::string& note)> collect_note = {};
-  // Offers a tip by its text; set by the host.
-  std::function<void(const std::string& tip)> ShowTips = [](const std::string&) {};
+  // Offers a tip; set by the host.
+  std::function<void(Tip)> ShowTips = [](Tip) {};
   // Shows the automated mode's notification panel with a text, for this many milliseconds.
   std::function<void(const std::string& text, int milliseconds)> ShowNotification =
       [](const std::string&, int) {};

@@ -58,8 +58,8 @@ void RunOptionsRow(MainWindow& window, int row) {
       return window.view.ShowOpenMode();
     case 4:
       RestoreAllTips(window.tips);
-      window.form.platform.dialogs.Tell(app.title, "All tips will now be shown again.",
-                                        Icon::kInformation);
+      window.form.platform.dialogs.Tell(
+          {app.title, "All tips will now be shown again.", Icon::kInformation});
       return;
   }
 }

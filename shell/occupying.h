@@ -12,13 +12,13 @@ class OccupyingDialogs : public Dialogs {
  public:
   OccupyingDialogs(Dialogs& dialogs, MainWindow& window) : dialogs_(dialogs), window_(window) {}
 
-  Answer Ask(const std::string& title, const std::string& text, Icon icon) override {
+  Answer Ask(const Message& message) override {
     const OccupiedMeanwhile occupied(window_);
-    return dialogs_.Ask(title, text, icon);
+    return dialogs_.Ask(message);
   }
-  void Tell(const std::string& title, const std::string& text, Icon icon) override {
+  void Tell(const Message& message) override {
     const OccupiedMeanwhile occupied(window_);
-    dialogs_.Tell(title, text, icon);
+    dialogs_.Tell(message);
   }
   std::string AskText(const std::string& title, const std::string& prompt) override {
     const OccupiedMeanwhile occupied(window_);

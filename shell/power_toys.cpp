@@ -54,11 +54,11 @@ void TogglePowerToys(Module1& app, Platform& platform) {
     const Status deleted = platform.files.Delete(PowerToysPath(app));
     if (deleted.failure != Failure::kNotFound) TellFailure(app, platform, deleted);
   }
-  platform.dialogs.Tell(app.title,
-                        std::string("Power toys menu will now ") + (app.power_toys ? "" : "not ") +
-                            "be shown.\r\n\r\nClose and reopen software for changes to take "
-                            "effect.",
-                        Icon::kInformation);
+  platform.dialogs.Tell({app.title,
+                         std::string("Power toys menu will now ") + (app.power_toys ? "" : "not ") +
+                             "be shown.\r\n\r\nClose and reopen software for changes to take "
+                             "effect.",
+                         Icon::kInformation});
 }
 
 void TurnPowerToysOn(Module1& app, Platform& platform) {

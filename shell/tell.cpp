@@ -11,7 +11,7 @@ namespace tarnwell {
 
 void TellFailure(const Module1& app, Platform& platform, const Status& status) {
   if (status.ok() || status.failure == Failure::kCancelled) return;
-  platform.dialogs.Tell(app.title, status.message, Icon::kExclamation);
+  platform.dialogs.Tell({app.title, status.message, Icon::kExclamation});
 }
 
 void TellFailure(Form1& form, const Status& status) {

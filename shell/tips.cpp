@@ -45,13 +45,6 @@ bool IsTip(int tip) { return tip >= 1 && tip <= kTipCount; }
 
 std::string_view TipText(int tip) { return IsTip(tip) ? kTexts[tip - 1] : std::string_view(); }
 
-std::optional<int> TipWithText(std::string_view text) {
-  for (int tip = 1; tip <= kTipCount; ++tip) {
-    if (TipText(tip) == text) return tip;
-  }
-  return std::nullopt;
-}
-
 void HideTip(Tips& tips, int tip, bool hide) {
   if (IsTip(tip)) tips.hidden[tip - 1] = hide;
 }
@@ -105,9 +98,7 @@ void OfferZoomTip(MainWindow& window, ZoomMode mode) {
 
 void ConnectTips(MainWindow& window) {
   window.form.buffer.OfferPreviewTip = [&window] { OfferTip(window, kPreviewTip); };
-  window.form.ShowTips = [&window](const std::string& text) {
-    if (const auto tip = TipWithText(text)) OfferTip(window, *tip);
-  };
+  window.form.ShowTips = [&window](Tip tip) { OfferTip(window, tip); };
 }
 
 }  // namespace tarnwell

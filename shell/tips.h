@@ -1,32 +1,18 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "modules/frm_modules.h"
+#include "shell/tip.h"
 
 namespace tarnwell {
 
 struct MainWindow;
 
-// The program's tips by their fixed numbers. Settings store the numbers: new tips go to the end.
-enum Tip : int {
-  kStartUpTip = 1,
-  kModuleSwitchTip = 2,
-  kPreviewTip = 3,
-  kSmartCorrectionTip = 4,
-  kMaximizeTip = 5,
-  kDeadPixelTip = 6,
-  kPickWhiteTip = 7,
-  kPickSkinTip = 8,
-};
-inline constexpr int kTipCount = 8;
-
-// The text of a tip, and the tip that has a text.
+// Empty for a number that is no tip.
 std::string_view TipText(int tip);
-std::optional<int> TipWithText(std::string_view text);
 
 // What the user wants to see of the tips.
 struct Tips {
@@ -61,8 +47,7 @@ void OfferModuleTip(MainWindow& window, int module);
 // After the zoom window has opened.
 void OfferZoomTip(MainWindow& window, ZoomMode mode);
 
-// Lets the window's flows offer their tips: the preview, and the texts that come through
-// Form1::ShowTips. `window` must outlive its form's use.
+// Lets the window's flows offer their tips. `window` must outlive its form's use.
 void ConnectTips(MainWindow& window);
 
 }  // namespace tarnwell

@@ -59,10 +59,11 @@ void OpenOptionsMenu(MainWindow& window) {
 void PressDefaults(Form1& form) {
   ResetAll(form.app, form.platform, form.modules);
   if (form.app.open_mode != kLeaveAll) return;
-  form.platform.dialogs.Tell(form.app.title,
-                             "The photo open mode leaves all settings and modules as they are. You "
-                             "can change it in the Options menu.",
-                             Icon::kInformation);
+  form.platform.dialogs.Tell(
+      {form.app.title,
+       "The photo open mode leaves all settings and modules as they are. You "
+       "can change it in the Options menu.",
+       Icon::kInformation});
 }
 
 // Buttons that work on the photo or the panel.
@@ -108,8 +109,8 @@ void PressWindowButton(MainWindow& window, int index) {
     case kAboutButton:
       return window.view.ShowAbout();
     case kNotImplementedButton:
-      return form.platform.dialogs.Tell(form.app.title, "Feature not implemented",
-                                        Icon::kInformation);
+      return form.platform.dialogs.Tell(
+          {form.app.title, "Feature not implemented", Icon::kInformation});
     case kQuickLaunchButton:
       return OfferQuickLaunchShortcut(window);
     case kHelpButton:

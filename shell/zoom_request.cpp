@@ -17,9 +17,9 @@ void RequestZoom(Form1& form) {
   if (!surfaces.picSource.picture || !surfaces.picOriginal.picture) return;
   if (OnlyThumbnailCorrected(surfaces)) {
     const Answer answer = form.platform.dialogs.Ask(
-        form.app.title,
-        "You must adjust the full size image to zoom, would you like to do that now?",
-        Icon::kQuestion);
+        {form.app.title,
+         "You must adjust the full size image to zoom, would you like to do that now?",
+         Icon::kQuestion});
     if (answer != Answer::kYes) return;
     const Status adjusted = AdjustPhoto(form, /*preview=*/false);
     if (!adjusted.ok()) return TellFailure(form, adjusted);

@@ -28,10 +28,11 @@ UINT IconFlag(Icon icon) {
   return 0;
 }
 
-int ShowBox(HWND owner, const std::string& title, const std::string& text, UINT type) {
+int ShowBox(HWND owner, const Message& message, UINT buttons) {
   // The system itself disables the owner, and no other window.
   const OthersDisabled others(owner);
-  return MessageBoxW(owner, Wide(text).c_str(), Wide(title).c_str(), type);
+  return MessageBoxW(owner, Wide(message.text).c_str(), Wide(message.title).c_str(),
+                     buttons | IconFlag(message.icon));
 }
 
 // The kinds of files, with the texts that the dialog refers to.
@@ -138,15 +139,13 @@ std::vector<std::string> ChooseOpenFiles(HWND owner, const std::string& title,
   return paths;
 }
 
-Answer HostDialogs::Ask(const std::string& title, const std::string& text, Icon icon) {
-  const int answer = ShowBox(owner(), title, text, MB_YESNOCANCEL | IconFlag(icon));
+Answer HostDialogs::Ask(const Message& message) {
+  const int answer = ShowBox(owner(), message, MB_YESNOCANCEL);
   if (answer == IDYES) return Answer::kYes;
   return answer == IDNO ? Answer::kNo : Answer::kCancel;
 }
 
-void HostDialogs::Tell(const std::string& title, const std::string& text, Icon icon) {
-  ShowBox(owner(), title, text, MB_OK | IconFlag(icon));
-}
+void HostDialogs::Tell(const Message& message) { ShowBox(owner(), message, MB_OK); }
 
 std::string HostDialogs::AskText(const std::string& title, const std::string& prompt) {
   return ask_text(title, prompt);

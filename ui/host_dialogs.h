@@ -26,8 +26,8 @@ class HostDialogs : public Dialogs {
   std::function<std::string(const std::string& title, const std::string& prompt)> ask_text =
       [](const std::string&, const std::string&) { return std::string(); };
 
-  Answer Ask(const std::string& title, const std::string& text, Icon icon) override;
-  void Tell(const std::string& title, const std::string& text, Icon icon) override;
+  Answer Ask(const Message& message) override;
+  void Tell(const Message& message) override;
   std::string AskText(const std::string& title, const std::string& prompt) override;
   std::optional<std::string> ChooseOpenFile(const std::string& title,
                                             const std::string& filter) override;

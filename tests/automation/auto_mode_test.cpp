@@ -35,7 +35,7 @@ struct AutoModeTest : testing::Test, AutoModeHost, Tray {
     };
   }
 
-  void ShowStatus(const std::string& text) override { statuses.push_back(text); }
+  void ShowStatus(const std::string& text, AutoActivity) override { statuses.push_back(text); }
   void Report(const std::string& line) override { reports.push_back(line); }
   void PhotoDone(const std::string&, const std::string&) override {}
   void RefreshMainWindow() override { tray_log.push_back("refresh"); }

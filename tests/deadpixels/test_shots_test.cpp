@@ -94,7 +94,7 @@ TEST(AssessTestShotsTest, ItsMapRepairsPhotos) {
   const Picture photo = window.camera.Shot(true);
   window.Show(photo);
   EXPECT_TRUE(RepairOpenedPhoto(window.form).ok());
-  EXPECT_EQ(window.tips, Names{});
+  EXPECT_TRUE(window.tips.empty());
   const PixelView repaired = window.surfaces().picOriginal.image->view();
   for (int y = 0; y < 128; ++y) {
     for (int x = 0; x < 192; ++x) {

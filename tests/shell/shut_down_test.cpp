@@ -65,7 +65,7 @@ TEST(CloseMainWindow, WaitsForABoxThatNoCommandOpened) {
   MainDesk desk;
   OccupyingDialogs dialogs(desk.dialogs, desk.window);
   desk.dialogs.on_box = [&] { EXPECT_FALSE(CloseMainWindow(desk.window)); };
-  dialogs.Tell("", "Color values must be numeric.", Icon::kInformation);
+  dialogs.Tell({"", "Color values must be numeric.", Icon::kInformation});
   EXPECT_EQ(desk.view.log, Log{"close"}) << "asked for again behind it";
   EXPECT_TRUE(CloseMainWindow(desk.window));
 }

@@ -51,13 +51,13 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> Asked() const { return TextsOf(Kind::kAsk); }
   std::vector<std::string> Told() const { return TextsOf(Kind::kTell); }
 
-  Answer Ask(const std::string& title, const std::string& text, Icon icon) override {
-    shown.push_back({Kind::kAsk, title, text, icon});
+  Answer Ask(const Message& message) override {
+    shown.push_back({Kind::kAsk, message.title, message.text, message.icon});
     on_box();
     return Next(answers, Answer::kCancel);
   }
-  void Tell(const std::string& title, const std::string& text, Icon icon) override {
-    shown.push_back({Kind::kTell, title, text, icon});
+  void Tell(const Message& message) override {
+    shown.push_back({Kind::kTell, message.title, message.text, message.icon});
     on_box();
   }
   std::string AskText(const std::string& title, const std::string& prompt) override {

@@ -44,7 +44,7 @@ struct TestWindow {
   frmModules modules = FirstStartPanel();
   frmProgress progress;
   Form1 form;
-  std::vector<std::string> tips;
+  std::vector<Tip> tips;
   std::vector<Notification> notifications;
 
   explicit TestWindow(std::unique_ptr<Files> with_files = MakeSystemFiles(),
@@ -55,7 +55,7 @@ struct TestWindow {
         form{.app = app, .platform = platform, .modules = modules, .progress = progress} {
     SetProgramFolder(app, folder.MakeFolder("program"), "TarnwellPocket");
     folder.MakeFolder("program\\Cameras\\Default\\Default");
-    form.ShowTips = [this](const std::string& tip) { tips.push_back(tip); };
+    form.ShowTips = [this](Tip tip) { tips.push_back(tip); };
     form.ShowNotification = [this](const std::string& text, int milliseconds) {
       notifications.push_back({text, milliseconds});
     };
