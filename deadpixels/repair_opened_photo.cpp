@@ -70,7 +70,7 @@ void TellWhyNot(Form1& form, const Status& status) {
 Status RepairOpenedPhoto(Form1& form) {
   const Picture photo = form.buffer.surfaces.picOriginal.image;
   const MapOfSensor map(form, photo->view());
-  const auto threshold = form.modules.Value(9);
+  const auto threshold = form.modules.Value(kDeadPixelSlider);
   if (map.path.empty()) form.ShowTips(kDeadPixelTip);
   if (map.path.empty() || !threshold) return Status::Ok();
 

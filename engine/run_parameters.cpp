@@ -18,14 +18,14 @@ double Percent(const frmModules& panel, int module, int slider) {
 
 NoiseSettings CollectNoise(const frmModules& panel, bool preview, double scale_ratio,
                            bool extended) {
-  std::int16_t radius = static_cast<std::int16_t>(panel.Value(8).value_or(1));
+  std::int16_t radius = static_cast<std::int16_t>(panel.Value(kNoiseRadiusSlider).value_or(1));
   // Unless the highest quality is asked for, an eighth of the radius has to do: the cost grows with
   // its square.
   if (!extended) RoundInto(radius, radius / 8.0);
   if (!preview) RoundInto(radius, radius * scale_ratio);
   radius = std::max<std::int16_t>(radius, 1);
 
-  double threshold = panel.Value(7).value_or(0);
+  double threshold = panel.Value(kNoiseThresholdSlider).value_or(0);
   if (!extended) {
     double divisor = static_cast<double>(radius) * radius * 0.02 + 0.98;
     divisor = std::max(divisor, 0.1);
@@ -36,7 +36,7 @@ NoiseSettings CollectNoise(const frmModules& panel, bool preview, double scale_r
 }
 
 FocusSettings CollectFocus(const frmModules& panel, bool preview, double scale_ratio) {
-  double distance = panel.Value(10).value_or(0);
+  double distance = panel.Value(kFocusDistanceSlider).value_or(0);
   double step = 1;
   if (preview) {
     distance = distance / scale_ratio;
@@ -45,7 +45,8 @@ FocusSettings CollectFocus(const frmModules& panel, bool preview, double scale_r
   const auto at_least_one = [](double value) {
     return std::max(static_cast<int>(RoundHalfToEven(value)), 1);
   };
-  return {panel.Value(11).value_or(0) / 50.0, at_least_one(distance), at_least_one(step)};
+  return {panel.Value(kFocusAmountSlider).value_or(0) / 50.0, at_least_one(distance),
+          at_least_one(step)};
 }
 
 }  // namespace
@@ -70,16 +71,18 @@ RunParameters CollectParameters(const frmModules& panel, bool preview, double sc
   RunParameters run;
   run.measure = panel.IsOpen(kSmartPhotoCorrection);
   run.use_learnt = run.measure && panel.IsChecked(kUseLearntCorrections);
-  run.brightness_factor = Percent(panel, kAdjustBrightness, 3);
+  run.brightness_factor = Percent(panel, kAdjustBrightness, kBrightnessSlider);
   // 0 - x and not -x: a closed module gives 0 and not minus 0, which would show in the record.
-  run.contrast_factor = 0 - Percent(panel, kAdjustContrast, 4);
-  run.saturation_factor = Percent(panel, kAdjustSaturation, 5);
+  run.contrast_factor = 0 - Percent(panel, kAdjustContrast, kContrastSlider);
+  run.saturation_factor = Percent(panel, kAdjustSaturation, kSaturationSlider);
 
   if (panel.IsChecked(kWhiteLimitByHand)) {
-    if (const auto value = panel.Value(0)) run.white_point = (100 - *value) * kLevelsPerPercent;
+    if (const auto value = panel.Value(kWhiteLimitSlider))
+      run.white_point = (100 - *value) * kLevelsPerPercent;
   }
   if (panel.IsChecked(kBlackLimitByHand)) {
-    if (const auto value = panel.Value(1)) run.black_point = *value * kLevelsPerPercent;
+    if (const auto value = panel.Value(kBlackLimitSlider))
+      run.black_point = *value * kLevelsPerPercent;
   }
 
   if (panel.IsOpen(kAdjustHue)) run.hue_factors = panel.hue.factors;
@@ -88,7 +91,7 @@ RunParameters CollectParameters(const frmModules& panel, bool preview, double sc
   }
   if (panel.IsOpen(kAdjustFocus)) run.focus = CollectFocus(panel, preview, scale_ratio);
   if (panel.IsOpen(kRotation)) run.rotation = panel.rotation;
-  if (panel.IsOpen(kColorRotation)) run.hue_degrees = panel.Value(12).value_or(0);
+  if (panel.IsOpen(kColorRotation)) run.hue_degrees = panel.Value(kColorRotationSlider).value_or(0);
   return run;
 }
 

@@ -44,7 +44,7 @@ std::optional<Rgb> Reference(const Module1& app, Platform& platform, const frmMo
 std::optional<std::array<double, 3>> WhiteBalanceOfRun(const Module1& app, Platform& platform,
                                                        const frmModules& panel) {
   if (!panel.IsOpen(kSmartWhiteBalance)) return std::nullopt;
-  const int strength = panel.Value(2).value_or(0);
+  const int strength = panel.Value(kWhiteBalanceSlider).value_or(0);
   if (strength <= 0) return std::nullopt;
   const std::optional<Rgb> reference = Reference(app, platform, panel);
   if (!reference) return std::nullopt;

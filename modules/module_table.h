@@ -31,8 +31,23 @@ struct ModuleInfo {
 };
 extern const std::array<ModuleInfo, kModuleCount> kModules;
 
+// The sliders, by fixed numbers of their own: presets and settings files use these, too.
+enum SliderIndex : int {
+  kWhiteLimitSlider = 0,
+  kBlackLimitSlider = 1,
+  kWhiteBalanceSlider = 2,
+  kBrightnessSlider = 3,
+  kContrastSlider = 4,
+  kSaturationSlider = 5,
+  kJpegQualitySlider = 6,
+  kNoiseThresholdSlider = 7,
+  kNoiseRadiusSlider = 8,
+  kDeadPixelSlider = 9,
+  kFocusDistanceSlider = 10,
+  kFocusAmountSlider = 11,
+  kColorRotationSlider = 12,
+};
 inline constexpr int kSliderCount = 13;
-inline constexpr int kJpegQualitySlider = 6;
 
 // How a knob position p (0 to 182) becomes a value, and back.
 enum class SliderScale {

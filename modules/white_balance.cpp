@@ -11,8 +11,6 @@
 namespace tarnwell {
 namespace {
 
-constexpr int kWhiteBalanceSlider = 2;
-
 void TellFailure(const Module1& app, Platform& platform, const Status& status) {
   if (!status.ok()) platform.dialogs.Tell({app.title, status.message, Icon::kInformation});
 }

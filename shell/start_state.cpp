@@ -18,8 +18,6 @@
 namespace tarnwell {
 namespace {
 
-constexpr int kWhiteBalanceSlider = 2;
-
 // Puts a reference in force that does not come from the mode's file. False when it is gone.
 bool TakeOwnReference(Form1& form, WhiteBalanceMode mode) {
   frmModules& panel = form.modules;

@@ -61,8 +61,8 @@ PanelPart TextButton(HWND parent, const Look& look, const std::wstring& name,
 
 // Whether moving the slider would change anything: some have a check that puts them in force.
 bool SliderCounts(const Form1& form, int index) {
-  if (index == 0) return form.modules.IsChecked(kWhiteLimitByHand);
-  if (index == 1) return form.modules.IsChecked(kBlackLimitByHand);
+  if (index == kWhiteLimitSlider) return form.modules.IsChecked(kWhiteLimitByHand);
+  if (index == kBlackLimitSlider) return form.modules.IsChecked(kBlackLimitByHand);
   if (index != kJpegQualitySlider || !form.modules.save_switches[kQualityAsOriginal]) return true;
   return !form.metadata || !form.metadata->jpeg_quality;
 }

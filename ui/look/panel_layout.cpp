@@ -44,26 +44,28 @@ std::vector<PanelRow> RowsOf(int module) {
     case kSmartPhotoCorrection:
       return {{RowKind::kCheck, kUseLearntCorrections},
               {RowKind::kCheck, kWhiteLimitByHand},
-              {RowKind::kSlider, 0},
+              {RowKind::kSlider, kWhiteLimitSlider},
               {RowKind::kCheck, kBlackLimitByHand},
-              {RowKind::kSlider, 1}};
+              {RowKind::kSlider, kBlackLimitSlider}};
     case kSmartWhiteBalance:
       return {{RowKind::kWhiteModes},
               {RowKind::kWhiteCommands},
-              {RowKind::kSlider, 2},
+              {RowKind::kSlider, kWhiteBalanceSlider},
               {RowKind::kSkinTone}};
     case kAdjustBrightness:
-      return {{RowKind::kSlider, 3}};
+      return {{RowKind::kSlider, kBrightnessSlider}};
     case kAdjustContrast:
-      return {{RowKind::kSlider, 4}};
+      return {{RowKind::kSlider, kContrastSlider}};
     case kAdjustSaturation:
-      return {{RowKind::kSlider, 5}};
+      return {{RowKind::kSlider, kSaturationSlider}};
     case kAdjustHue:
       return {{RowKind::kHue}};
     case kNoiseReduction:
-      return {{RowKind::kSlider, 7}, {RowKind::kSlider, 8}, {RowKind::kCheck, kProtectLightAreas}};
+      return {{RowKind::kSlider, kNoiseThresholdSlider},
+              {RowKind::kSlider, kNoiseRadiusSlider},
+              {RowKind::kCheck, kProtectLightAreas}};
     case kDeadPixelCorrection:
-      return {{RowKind::kSlider, 9}, {RowKind::kDeadPixels}};
+      return {{RowKind::kSlider, kDeadPixelSlider}, {RowKind::kDeadPixels}};
     case kRotation:
       return {{RowKind::kRotation}};
     case kJpegQuality:
@@ -73,9 +75,9 @@ std::vector<PanelRow> RowsOf(int module) {
               {RowKind::kCheck, kLearnFromSavedPhotos},
               {RowKind::kSaveSwitch, kLeavePlaceOut}};
     case kAdjustFocus:
-      return {{RowKind::kSlider, 10}, {RowKind::kSlider, 11}};
+      return {{RowKind::kSlider, kFocusDistanceSlider}, {RowKind::kSlider, kFocusAmountSlider}};
     case kColorRotation:
-      return {{RowKind::kSlider, 12}};
+      return {{RowKind::kSlider, kColorRotationSlider}};
     default:
       return {};
   }
