@@ -49,11 +49,7 @@ Status Save(Form1& form, const PhotoTask& task, NamePlan& plan, std::string& sav
   for (std::string target = task.target;; target = plan.Take(task.wanted)) {
     form.names.output_path = target;
     const Status saved = FileSave(form, /*notify=*/true);
-    // The save asks for another name, and nobody answers, when a file of this one came up
-    // meanwhile.
-    const bool taken = saved.failure == Failure::kCancelled && !form.app.cancel_requested &&
-                       form.platform.files.FileExists(target);
-    if (taken) continue;
+    if (saved.failure == Failure::kNameTaken) continue;
     if (saved.ok()) saved_as = target;
     return saved;
   }

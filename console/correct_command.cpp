@@ -138,9 +138,7 @@ Status CorrectCommand::Save(Form1& form, const std::string& photo, std::string o
   for (;;) {
     form.names.output_path = output_path;
     Status saved = FileSave(form, /*notify=*/false);
-    // The save asks for another name only when a file of this one came up meanwhile.
-    const bool taken = saved.failure == Failure::kCancelled && !form.app.cancel_requested;
-    if (!taken) return saved;
+    if (saved.failure != Failure::kNameTaken) return saved;
     if (!options_.output.empty()) return Status::Error(Failure::kExists, TakenText(output_path));
     Result<std::string> next = PlanOutput(photo);
     if (!next.ok()) return next.status;

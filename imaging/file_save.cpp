@@ -28,6 +28,7 @@
 #include "shell/letter_case.h"
 #include "shell/long_work.h"
 #include "shell/module1.h"
+#include "shell/tell.h"
 
 namespace tarnwell {
 namespace {
@@ -40,8 +41,9 @@ constexpr char kNotAppliedQuestion[] =
     "Click Yes to adjust full photo, or No to save the adjusted thumbnail";
 constexpr int kNotificationMilliseconds = 1800;
 
-Status Cancelled(const Form1& form) {
-  return Status::Error(Failure::kCancelled, CurrentPhotoName(form) + ": was not saved");
+// The user knows why.
+Status NotSaved(const Form1& form, Failure failure) {
+  return Status::Error(failure, CurrentPhotoName(form) + ": was not saved");
 }
 
 std::int64_t Area(const PictureSurface& surface) {
@@ -58,13 +60,13 @@ Status SettleWhatToSave(Form1& form, bool& thumbnail_only) {
   switch (form.platform.dialogs.Ask(
       {form.app.title, kNotAppliedQuestion, Icon::kQuestion, Topic::kUnappliedChanges})) {
     case Answer::kCancel:
-      return Cancelled(form);
+      return NotSaved(form, Failure::kCancelled);
     case Answer::kNo:
       thumbnail_only = true;
       break;
     case Answer::kYes:
       if (Status adjusted = AdjustPhoto(form, /*preview=*/false); !adjusted.ok()) return adjusted;
-      return form.app.cancel_requested ? Cancelled(form) : Status::Ok();
+      return form.app.cancel_requested ? NotSaved(form, Failure::kCancelled) : Status::Ok();
   }
   if (!form.correction_cancelled) return Status::Ok();
   form.platform.dialogs.Tell({form.app.title,
@@ -72,7 +74,7 @@ Status SettleWhatToSave(Form1& form, bool& thumbnail_only) {
                                   " was not saved, because its last correction was cancelled. "
                                   "Correct it again first.",
                               Icon::kInformation});
-  return Cancelled(form);
+  return NotSaved(form, Failure::kCancelled);
 }
 
 bool IsUnnamed(const std::string& path) { return path.empty() || path == kOtherPrompt; }
@@ -88,32 +90,20 @@ void RefuseTakenName(Form1& form) {
   form.names.output_path.clear();
 }
 
-// Asks for an output path until there is one that nothing has yet.
-Status SettleOutputPath(Form1& form) {
-  Files& files = form.platform.files;
+// Asks for an output path where there is none. False when there is none afterwards, either.
+bool SettleOutputPath(Form1& form) {
   std::string& path = form.names.output_path;
-  for (;;) {
-    if (IsUnnamed(path)) {
-      // A cancelled dialog leaves the path unchanged.
-      path = form.platform.dialogs.ChooseSaveFile(kSaveTitle, kSaveFilter, TakenNames::kLeave)
-                 .value_or(path);
-    }
-    if (IsUnnamed(path)) return Cancelled(form);
-    if (!files.FileExists(path) && !files.FolderExists(path)) return Status::Ok();
-    RefuseTakenName(form);
+  if (IsUnnamed(path)) {
+    // A cancelled dialog leaves the path unchanged.
+    path = form.platform.dialogs.ChooseSaveFile(kSaveTitle, kSaveFilter, TakenNames::kLeave)
+               .value_or(path);
   }
+  return !IsUnnamed(path);
 }
 
 bool IsJpegPath(const std::string& path) {
   const std::string extension = FoldCase(SplitPhotoPath(path).extension);
   return extension == ".jpg" || extension == ".jpeg";
-}
-
-// As a sentence that names the photo, to the user or to whoever collects such sentences.
-void TellNote(Form1& form, const std::string& text) {
-  const std::string note = CurrentPhotoName(form) + ": " + text;
-  if (form.collect_note) return form.collect_note(note);
-  form.platform.dialogs.Tell({form.app.title, note, Icon::kInformation});
 }
 
 std::string InOneText(const std::vector<std::string>& sentences) {
@@ -261,13 +251,18 @@ Status WritePhoto(Form1& form, bool as_jpeg, std::vector<std::string>& lost) try
   return NoMemoryToSave(form.platform.files, form.names.output_path);
 }
 
-// A name can be taken between the look at it and the end of the writing; that counts as taken, too.
+// Asks for another name until there is one that nothing has. A name can also be taken between the
+// look at it and the end of the writing.
 Status WriteUnderFreeName(Form1& form, bool& as_jpeg, std::vector<std::string>& lost) {
-  for (;;) {
-    if (Status named = SettleOutputPath(form); !named.ok()) return named;
-    as_jpeg = IsJpegPath(form.names.output_path);
-    Status written = WritePhoto(form, as_jpeg, lost);
-    if (written.failure != Failure::kExists) return written;
+  Files& files = form.platform.files;
+  const std::string& path = form.names.output_path;
+  for (Failure failure = Failure::kCancelled;; failure = Failure::kNameTaken) {
+    if (!SettleOutputPath(form)) return NotSaved(form, failure);
+    if (!files.FileExists(path) && !files.FolderExists(path)) {
+      as_jpeg = IsJpegPath(path);
+      Status written = WritePhoto(form, as_jpeg, lost);
+      if (written.failure != Failure::kExists) return written;
+    }
     RefuseTakenName(form);
   }
 }
@@ -301,7 +296,7 @@ Status FileSave(Form1& form, bool notify) {
   bool as_jpeg = false;
   std::vector<std::string> lost;
   if (Status written = WriteUnderFreeName(form, as_jpeg, lost); !written.ok()) {
-    if (written.failure == Failure::kCancelled) return written;
+    if (IsKnownToUser(written)) return written;
     if (notify) Notify(form, /*success=*/false);
     form.names.output_path = proposed_path;
     return written;

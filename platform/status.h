@@ -12,6 +12,7 @@ enum class Failure {
   kNone,
   kNotFound,     // the file or folder does not exist
   kExists,       // something of that name exists already
+  kNameTaken,    // so it is with the name of a save, as the user was told, and no other came
   kNoAccess,     // rights are missing
   kDamaged,      // the content breaks off or contradicts itself
   kUnsupported,  // well-formed, but of a kind that is not read or written here
