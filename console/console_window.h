@@ -9,8 +9,12 @@
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/frm_progress.h"
+#include "shell/tell.h"
 
 namespace tarnwell {
+
+inline constexpr char kNoMapNote[] =
+    "No dead pixel map of this camera fits the photo's size; its dead pixels stay.";
 
 // The main window of one correction, unseen: everything that it changes is its own, so that several
 // may work side by side. `system` and `dialogs` outlive it. `interrupted` is the question whether
@@ -35,6 +39,9 @@ struct ConsoleWindow {
     form.learning = start.learning;
     form.threads = threads;
     form.keeps_original = false;
+    form.ShowTips = [this](Tip tip) {
+      if (tip == kDeadPixelTip) TellNote(form, kNoMapNote);
+    };
   }
   ConsoleWindow(const ConsoleWindow&) = delete;
   ConsoleWindow& operator=(const ConsoleWindow&) = delete;
