@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "imaging/file_open.h"
 #include "modules/presets.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -11,6 +10,7 @@
 #include "shell/main_view.h"
 #include "shell/main_window.h"
 #include "shell/module1.h"
+#include "shell/photo_from_outside.h"
 #include "shell/photo_queue.h"
 #include "shell/preset_files.h"
 #include "shell/tell.h"
@@ -23,25 +23,31 @@ namespace {
 constexpr std::uint64_t kMostQueueBytes = 1 << 20;
 
 // Takes the first line of the queue file and deletes the file, so that a photo is opened once.
-// Nothing when the file must wait for a later tick: another instance has it in hand.
+// Nothing when the file must wait for a later tick (another instance has it in hand), and when what
+// it names is not there.
 std::optional<std::string> TakeQueuedPath(Form1& form) {
   Files& files = form.platform.files;
   const auto text = files.Read(form.app.queue_file, kMostQueueBytes);
   if (!text.ok() && text.status.failure != Failure::kTooLarge) return std::nullopt;
   if (!files.Delete(form.app.queue_file).ok()) return std::nullopt;
   if (!text.ok()) return std::nullopt;
-  return QueuedPath(*text);
+  std::string path = QueuedPath(*text);
+  if (path.empty() || !files.FileExists(path)) return std::nullopt;
+  return path;
 }
 
-void OpenQueuedPhoto(MainWindow& window) {
-  Form1& form = window.form;
-  if (!form.platform.files.FileExists(form.app.queue_file)) return;
-  // On Cancel the file stays and the question comes back: a queued photo is never dropped silently.
-  if (!AskToSaveChanges(form)) return;
-  const auto path = TakeQueuedPath(form);
-  if (!path || path->empty() || !form.platform.files.FileExists(*path)) return;
-  TellFailure(form, OpenPhotoFile(form, *path));
-  window.view.Refresh();
+void LoadPresets(Form1& form) {
+  for (const std::string& name : ListPresetFiles(form.platform.files, form.app.program_folder)) {
+    TellFailure(form,
+                PresetLoad(form.app, form.platform, form.modules, form.app.program_folder + name));
+  }
+}
+
+void OfferStartUpTip(MainWindow& window) {
+  if (!window.start_up_tip_due) return;
+  window.start_up_tip_due = false;
+  const Occupied occupied(window);
+  OfferTip(window, kStartUpTip);
 }
 
 }  // namespace
@@ -50,22 +56,17 @@ void Timer1_Tick(MainWindow& window) {
   if (window.timer1_interval == 0 || IsOccupied(window)) return;
   window.timer1_interval = 0;
   const Occupied occupied(window);
-  Form1& form = window.form;
-  for (const std::string& name : ListPresetFiles(form.platform.files, form.app.program_folder)) {
-    TellFailure(form,
-                PresetLoad(form.app, form.platform, form.modules, form.app.program_folder + name));
-  }
+  TellLackOfMemory(window.form, [&] { LoadPresets(window.form); });
   window.view.Refresh();
 }
 
 void Timer2_Tick(MainWindow& window) {
   if (IsOccupied(window) || window.pass_running || window.form.app.closing) return;
-  const Occupied occupied(window);
-  if (window.start_up_tip_due) {
-    window.start_up_tip_due = false;
-    OfferTip(window, kStartUpTip);
-  }
-  TellLackOfMemory(window.form, [&] { OpenQueuedPhoto(window); });
+  OfferStartUpTip(window);
+  Form1& form = window.form;
+  if (!form.platform.files.FileExists(form.app.queue_file)) return;
+  // On Cancel the file stays and the question comes back: a queued photo is never dropped silently.
+  OpenFromOutside(window, [&form] { return TakeQueuedPath(form); });
 }
 
 }  // namespace tarnwell

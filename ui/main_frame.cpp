@@ -162,7 +162,10 @@ void MainFrame::CorrectPreview() {
   if (IsOccupied(*window_) || !PreviewFollowsPanel(form)) return;
   const Occupied occupied(*window_);
   const ULONGLONG start = GetTickCount64();
-  TellFailure(form, slow ? AdjustPhoto(form, /*preview=*/true) : others_->CorrectPreviewQuietly());
+  TellLackOfMemory(form, [&] {
+    TellFailure(form,
+                slow ? AdjustPhoto(form, /*preview=*/true) : others_->CorrectPreviewQuietly());
+  });
   preview_took_long_ = GetTickCount64() - start > kLongMilliseconds;
   RefreshPhoto();
 }
@@ -422,12 +425,8 @@ void MainFrame::PaintClient(Painter& painter, const Box& client) {
 
 void MainFrame::OpenDropped(const std::wstring& path) {
   if (path.empty()) return;
-  RunCommand(
-      [&] {
-        Form1& form = window_->form;
-        if (AskToSaveChanges(form)) TellFailure(form, OpenPhotoFile(form, Narrow(path)));
-      },
-      true);
+  OpenFromOutside(*window_, [&path] { return Narrow(path); });
+  FollowPanel();
 }
 
 // Another instance may have handed over a photo while this window was out of the way.
