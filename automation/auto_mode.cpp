@@ -1,5 +1,7 @@
 #include "automation/auto_mode.h"
 
+#include <new>
+
 #include "platform/clock.h"
 #include "platform/events.h"
 #include "platform/files.h"
@@ -74,6 +76,15 @@ bool RunPass(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& ho
   AutoPass pass(mode, folders, std::move(*ready), platform, tray, host);
   host.CorrectPhotos(pass);
   return pass.moved_on();
+}
+
+bool TryPass(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& host) {
+  try {
+    return RunPass(mode, platform, tray, host);
+  } catch (const std::bad_alloc&) {
+    Hold(mode, host, "There is not enough memory to go on.", platform.clock.Nanos() + kHoldNanos);
+    return false;
+  }
 }
 
 void ShowIdle(AutoMode& mode, Files& files, SysTray& tray, AutoModeHost& host) {
@@ -184,7 +195,7 @@ void EndAutoMode(AutoMode& mode, SysTray& tray) {
 void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& host) {
   if (!mode.automated || mode.busy) return;
   mode.busy = true;
-  while (RunPass(mode, platform, tray, host) && mode.automated && !mode.once) {
+  while (TryPass(mode, platform, tray, host) && mode.automated && !mode.once) {
   }
   if (mode.automated) ShowIdle(mode, platform.files, tray, host);
   if (mode.worked) host.RefreshMainWindow();

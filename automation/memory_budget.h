@@ -25,4 +25,17 @@ class MemoryBudget {
   std::condition_variable given_back_;
 };
 
+// Gives `bytes` that were taken back at the end of a scope, however it ends: others wait for them.
+class TakenMemory {
+ public:
+  TakenMemory(MemoryBudget& budget, std::uint64_t bytes) : budget_(budget), bytes_(bytes) {}
+  ~TakenMemory() { budget_.GiveBack(bytes_); }
+  TakenMemory(const TakenMemory&) = delete;
+  TakenMemory& operator=(const TakenMemory&) = delete;
+
+ private:
+  MemoryBudget& budget_;
+  const std::uint64_t bytes_;
+};
+
 }  // namespace tarnwell

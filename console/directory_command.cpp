@@ -102,19 +102,17 @@ bool DirectoryCommand::Begin(std::size_t index) {
 
 void DirectoryCommand::Correct(std::size_t index) {
   Photo& photo = photos_[index];
+  const TakenMemory taken(budget_, photo.memory);
   const auto view = progress_->Begin(index + 1, SplitPhotoPath(photo.task.photo).file_name);
-  {
-    const int threads = ThreadsPerPhoto(budget_, photo.memory, ThreadsOf(settings_), workers_);
-    ConsoleSystem system;  // its codecs are shared with nobody
-    ConsoleWindow window(start_, system, dialogs_, host_.interrupted, threads, view.get());
-    photo.status = NameLeadsSomewhere(files(), photo.task.target, photo.task.wanted);
-    if (photo.status->ok()) {
-      CorrectedPhoto corrected = CorrectPhoto(window.form, photo.task, plan_, [](PhotoStep) {});
-      for (const std::string& note : corrected.notes) dialogs_.Tell({{}, note, Icon::kInformation});
-      photo.status = std::move(corrected.status);
-    }
+  const int threads = ThreadsPerPhoto(budget_, photo.memory, ThreadsOf(settings_), workers_);
+  ConsoleSystem system;  // its codecs are shared with nobody
+  ConsoleWindow window(start_, system, dialogs_, host_.interrupted, threads, view.get());
+  photo.status = NameLeadsSomewhere(files(), photo.task.target, photo.task.wanted);
+  if (photo.status->ok()) {
+    CorrectedPhoto corrected = CorrectPhoto(window.form, photo.task, plan_, [](PhotoStep) {});
+    for (const std::string& note : corrected.notes) dialogs_.Tell({{}, note, Icon::kInformation});
+    photo.status = std::move(corrected.status);
   }
-  budget_.GiveBack(photo.memory);
   progress_->Done();
 }
 

@@ -74,13 +74,11 @@ void WatchCommand::CorrectPhotos(AutoPass& pass) {
     return true;
   };
   const auto correct = [&](std::size_t index) {
-    {
-      ConsoleSystem system;  // its codecs are shared with nobody
-      ConsoleWindow window(start_, system, dialogs_, NeverCancelled,
-                           ThreadsPerPhoto(budget_, memory[index], threads, workers));
-      pass.Correct(index, window.form);
-    }
-    budget_.GiveBack(memory[index]);
+    const TakenMemory taken(budget_, memory[index]);
+    ConsoleSystem system;  // its codecs are shared with nobody
+    ConsoleWindow window(start_, system, dialogs_, NeverCancelled,
+                         ThreadsPerPhoto(budget_, memory[index], threads, workers));
+    pass.Correct(index, window.form);
   };
   ForEachPhoto(pass.size(), workers, begin, correct);
 }

@@ -40,6 +40,7 @@ struct AutoModeTest : testing::Test, AutoModeHost, Tray {
   void PhotoDone(const std::string&, const std::string&) override {}
   void RefreshMainWindow() override { tray_log.push_back("refresh"); }
   void CorrectPhotos(AutoPass& pass) override {
+    if (full == folder.File("all")) throw std::bad_alloc();
     for (std::size_t i = 0; i < pass.size() && pass.Begin(i); ++i) pass.Correct(i, window.form);
   }
   void SetIcon(TrayPicture picture) override {
@@ -125,7 +126,7 @@ TEST_F(AutoModeTest, APhotoThatCannotBeReadIsNamedOnceUntilItChangesOrTheModeSta
 }
 
 TEST_F(AutoModeTest, AFullDiskKeepsTheSourcesAndIsTriedAgainLater) {
-  for (const std::string trouble : {"out", "done", "out without memory"}) {
+  for (const std::string trouble : {"out", "done", "out without memory", "all without memory"}) {
     SCOPED_TRACE(trouble);
     reports.clear();
     full = folder.File(trouble.substr(0, trouble.find(' ')));
@@ -146,8 +147,9 @@ TEST_F(AutoModeTest, AFullDiskKeepsTheSourcesAndIsTriedAgainLater) {
     EXPECT_TRUE(mode.window.lblStatus.starts_with("Waiting...")) << mode.window.lblStatus;
   }
   // What was saved before its source could be moved is not saved once more.
-  EXPECT_EQ(folder.Names("out"), (Lines{"done1.jpg", "done2.jpg", "out without memory1.jpg",
-                                        "out without memory2.jpg", "out1.jpg", "out2.jpg"}));
+  EXPECT_EQ(folder.Names("out"),
+            (Lines{"all without memory1.jpg", "all without memory2.jpg", "done1.jpg", "done2.jpg",
+                   "out without memory1.jpg", "out without memory2.jpg", "out1.jpg", "out2.jpg"}));
 }
 
 TEST_F(AutoModeTest, AMissingFolderIsNamedAndWaitedFor) {

@@ -86,6 +86,18 @@ TEST(FreeNameTest, TakesTheLowestNumberThatIsFree) {
   EXPECT_EQ(FreeName(folder.File("x.jpg"), *files), folder.File("x~2.jpg"));
 }
 
+TEST(ForEachPhotoTest, WhatIsThrownArrivesAtTheCallerAndEndsTheRest) {
+  for (const int workers : {1, 4}) {
+    std::atomic<int> begun = 0;
+    const auto begin = [&](std::size_t) { return ++begun <= 20; };
+    const auto work = [&](std::size_t i) {
+      if (i >= 3) throw std::bad_alloc();
+    };
+    EXPECT_THROW(ForEachPhoto(1000, workers, begin, work), std::bad_alloc);
+    EXPECT_LE(begun, 20);
+  }
+}
+
 TEST(MemoryBudgetTest, NeverMoreThanTheBudgetOrOneAlone) {
   // In the order of the photos: small ones of 30, and one larger than all there is.
   const std::vector<std::uint64_t> sizes = {30, 30, 30, 30, 500, 30, 30, 30, 30, 30};
