@@ -82,11 +82,13 @@ class WeightedMean {
 };
 
 // A share as "+8 %". Nobody sees a difference beyond the bounds; a record may hold any number.
-std::string Percent(double share) {
-  const double percent = std::round(std::clamp(100 * share, -999.0, 999.0)) + 0.0;  // no "-0"
+// ", brightness +30 %"; empty where that moved by less than a percent.
+std::string Moved(const char* what, double share) {
+  const double percent = std::round(std::clamp(100 * share, -999.0, 999.0));
+  if (percent == 0) return {};
   char text[16];
-  std::snprintf(text, sizeof(text), "%+.0f %%", percent);
-  return text;
+  std::snprintf(text, sizeof(text), " %+.0f %%", percent);
+  return std::string(", ") + what + text;
 }
 
 }  // namespace
@@ -141,10 +143,12 @@ std::string ProposalText(const LearntProposal& proposal) {
   if (proposal.similar == 0) {
     return "no photo like this one among the " + std::to_string(proposal.records) + " learnt from";
   }
+  const std::string moved = Moved("brightness", proposal.brightness) +
+                            Moved("saturation", proposal.saturation) +
+                            Moved("contrast", -proposal.contrast);
   return "learnt from " + std::to_string(proposal.similar) + " similar " +
-         (proposal.similar == 1 ? "photo" : "photos") + ": brightness " +
-         Percent(proposal.brightness) + ", saturation " + Percent(proposal.saturation) +
-         ", contrast " + Percent(-proposal.contrast);
+         (proposal.similar == 1 ? "photo" : "photos") + ": " +
+         (moved.empty() ? "nothing to change" : moved.substr(2));
 }
 
 }  // namespace tarnwell

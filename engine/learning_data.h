@@ -68,7 +68,7 @@ struct LearntProposal {
 // agreement in columns 0 to 9 exceeds 90 %. All 0 when no record is similar.
 LearntProposal ProposalFor(const LearningData& data, const LearningRecord& current);
 
-// That in one line for the user: who spoke, and how far it moved the photo, in percent. Empty when
+// That in one line for the user: who spoke, and what it moved how far, in percent. Empty when
 // nothing has been learnt yet.
 std::string ProposalText(const LearntProposal& proposal);
 

@@ -99,7 +99,8 @@ TEST(ProposalTextTest, SaysWhoSpokeAndHowFarItMoved) {
       {{9, 2, 0.3, -0.2, 0.3},
        "learnt from 2 similar photos: brightness +30 %, saturation -20 %, contrast -30 %"},
       {{7, 1, -0.004, 1e38, 0.004},
-       "learnt from 1 similar photo: brightness +0 %, saturation +999 %, contrast +0 %"},
+       "learnt from 1 similar photo: saturation +999 %"},
+      {{7, 3, 0.004, 0, -0.004}, "learnt from 3 similar photos: nothing to change"},
   };
   for (const auto& row : kCases) EXPECT_EQ(ProposalText(row.proposal), row.text);
 }
