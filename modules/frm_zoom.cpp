@@ -12,17 +12,24 @@ namespace {
 
 constexpr int kArrowStep = 32;
 
-// `wanted` as offset of a photo of this size, so that no gap opens at either edge. A photo that
-// fits into the container stays where it is.
-int ClampOffset(int wanted, int current, int photo, int container) {
-  if (photo < container) return current;
+int Middle(int photo, int container) { return (container - photo) / 2; }
+
+// `wanted` as offset of a photo of this size, so that no gap opens at either edge. A photo that is
+// smaller than the container stays in its middle.
+int ClampOffset(int wanted, int photo, int container) {
+  if (photo < container) return Middle(photo, container);
   return std::clamp(wanted, container - photo, 0);
 }
 
 void MoveTo(frmZoom& zoom, int left, int top) {
   if (!zoom.photo) return;
-  zoom.left = ClampOffset(left, zoom.left, zoom.photo->width(), zoom.container_width);
-  zoom.top = ClampOffset(top, zoom.top, zoom.photo->height(), zoom.container_height);
+  zoom.left = ClampOffset(left, zoom.photo->width(), zoom.container_width);
+  zoom.top = ClampOffset(top, zoom.photo->height(), zoom.container_height);
+}
+
+void MoveByHand(frmZoom& zoom, int left, int top) {
+  zoom.moved = true;
+  MoveTo(zoom, left, top);
 }
 
 // The swatch follows the pixel below the pointer; beside the photo it keeps its colour.
@@ -90,8 +97,7 @@ void OpenZoom(frmZoom& zoom, ZoomMode mode, Picture photo) {
   if (!photo || photo->view().empty()) return;
   zoom.mode = mode;
   zoom.photo = std::move(photo);
-  zoom.left = 0;
-  zoom.top = 0;
+  zoom.moved = false;
   zoom.action = frmZoom::Action::kNone;
   zoom.cross = std::nullopt;
   if (mode == ZoomMode::kViewOnly) {
@@ -104,6 +110,7 @@ void OpenZoom(frmZoom& zoom, ZoomMode mode, Picture photo) {
     zoom.lblColor_visible = true;
   }
   zoom.visible = true;
+  ResizeZoom(zoom, zoom.container_width, zoom.container_height);
 }
 
 bool ShowInZoom(frmZoom& zoom, const Picture& photo) {
@@ -120,9 +127,10 @@ void ResizeZoom(frmZoom& zoom, int container_width, int container_height) {
   zoom.container_width = container_width;
   zoom.container_height = container_height;
   if (!zoom.photo) return;
-  // A photo that fits now goes back to the corner; it could not be moved there by hand.
-  if (zoom.photo->width() < container_width) zoom.left = 0;
-  if (zoom.photo->height() < container_height) zoom.top = 0;
+  if (!zoom.moved) {
+    zoom.left = Middle(zoom.photo->width(), container_width);
+    zoom.top = Middle(zoom.photo->height(), container_height);
+  }
   MoveTo(zoom, zoom.left, zoom.top);
   KeepCrossInSight(zoom);
 }
@@ -144,7 +152,7 @@ void ZoomMouseDown(frmZoom& zoom, MouseButton button, ZoomPoint point) {
 void ZoomMouseMove(frmZoom& zoom, ZoomPoint point) {
   if (zoom.action == frmZoom::Action::kPicking) FollowColour(zoom, point);
   if (zoom.action == frmZoom::Action::kDragging) {
-    MoveTo(zoom, point.x - zoom.grab.x, point.y - zoom.grab.y);
+    MoveByHand(zoom, point.x - zoom.grab.x, point.y - zoom.grab.y);
   }
 }
 
@@ -161,7 +169,7 @@ void ZoomMouseUp(frmZoom& zoom, MouseButton button, ZoomPoint point, frmModules&
 
 void ZoomKeyDown(frmZoom& zoom, ArrowKey key) {
   const ZoomPoint direction = DirectionOf(key);
-  MoveTo(zoom, zoom.left - kArrowStep * direction.x, zoom.top - kArrowStep * direction.y);
+  MoveByHand(zoom, zoom.left - kArrowStep * direction.x, zoom.top - kArrowStep * direction.y);
   KeepCrossInSight(zoom);
 }
 
@@ -182,8 +190,8 @@ void MoveZoomCross(frmZoom& zoom, ArrowKey key, int step) {
       std::clamp(zoom.cross->x - zoom.left + step * direction.x, 0, zoom.photo->width() - 1);
   const int y =
       std::clamp(zoom.cross->y - zoom.top + step * direction.y, 0, zoom.photo->height() - 1);
-  MoveTo(zoom, std::clamp(zoom.left, -x, std::max(-x, zoom.container_width - 1 - x)),
-         std::clamp(zoom.top, -y, std::max(-y, zoom.container_height - 1 - y)));
+  MoveByHand(zoom, std::clamp(zoom.left, -x, std::max(-x, zoom.container_width - 1 - x)),
+             std::clamp(zoom.top, -y, std::max(-y, zoom.container_height - 1 - y)));
   zoom.cross = {zoom.left + x, zoom.top + y};
   KeepCrossInSight(zoom);
 }

@@ -29,8 +29,9 @@ struct frmZoom {
   Picture photo;
   int container_width = 0;
   int container_height = 0;
-  int left = 0;  // of the photo in the container; 0 or less
+  int left = 0;  // of the photo in the container; above 0 only where the photo is the smaller one
   int top = 0;
+  bool moved = false;  // by the user; until then the photo's middle stays in the container's
 
   Action action = Action::kNone;   // the pointer has another shape while dragging
   ZoomPoint grab;                  // while dragging: the point of the photo below the pointer
@@ -41,7 +42,7 @@ struct frmZoom {
   bool lblColor_visible = true;
 };
 
-// Opens the window on `photo`, its left top corner in view. Without a photo it stays closed.
+// Opens the window on the middle of `photo`. Without a photo it stays closed.
 // Picking a skin colour leaves instruction and swatch as they were.
 void OpenZoom(frmZoom& zoom, ZoomMode mode, Picture photo);
 
@@ -49,7 +50,8 @@ void OpenZoom(frmZoom& zoom, ZoomMode mode, Picture photo);
 // of another size: the place that is in view means nothing there.
 bool ShowInZoom(frmZoom& zoom, const Picture& photo);
 
-// The container has a new size; the photo moves only as far as its edges must.
+// The container has a new size; a photo that the user moved gives way only as far as its edges
+// must.
 void ResizeZoom(frmZoom& zoom, int container_width, int container_height);
 
 // Left picks where picking is on; every other button drags the photo.

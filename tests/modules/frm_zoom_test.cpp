@@ -34,6 +34,20 @@ class ZoomTest : public ::testing::Test {
   Picture photo;
 };
 
+TEST_F(ZoomTest, ThePhotoStaysInTheMiddleUntilTheUserMovesIt) {
+  using Corner = std::pair<int, int>;
+  const auto corner = [this] { return Corner(zoom.left, zoom.top); };
+  Open(ZoomMode::kViewOnly, 500, 40);
+  EXPECT_EQ(corner(), Corner(-150, 30));
+  ResizeZoom(zoom, 300, 20);
+  EXPECT_EQ(corner(), Corner(-100, -10));
+  ZoomKeyDown(zoom, ArrowKey::kUp);
+  ResizeZoom(zoom, 400, 30);
+  EXPECT_EQ(corner(), Corner(-100, 0));
+  ResizeZoom(zoom, 450, 60);
+  EXPECT_EQ(corner(), Corner(-50, 10));
+}
+
 TEST_F(ZoomTest, DraggingStopsAtThePhotosEdges) {
   const struct {
     const char* name;
@@ -45,7 +59,7 @@ TEST_F(ZoomTest, DraggingStopsAtThePhotosEdges) {
       {"inside", 500, 400, -100, -100, 30, -40, -70, -140},
       {"left top edge", 500, 400, -100, -100, 101, 101, 0, 0},
       {"right bottom edge", 500, 400, -100, -100, -201, -201, -300, -300},
-      {"narrower than the container", 150, 400, 0, -10, 50, -50, 0, -60},
+      {"narrower than the container", 150, 400, 25, -10, 50, -50, 25, -60},
       {"one pixel of play", 201, 101, 0, 0, -50, -50, -1, -1},
   };
   for (const auto& c : cases) {
@@ -72,7 +86,7 @@ TEST_F(ZoomTest, ArrowKeysMoveTheViewByStepsAndStopAtTheEdges) {
     ZoomKeyDown(zoom, key);
     lefts.push_back(zoom.left);
   }
-  EXPECT_EQ(lefts, (std::vector{-32, -40, -8, 0}));
+  EXPECT_EQ(lefts, (std::vector{-40, -40, -8, 0}));
 }
 
 TEST_F(ZoomTest, APhotoOfTheSameSizeTakesThePlaceOfTheOneInView) {
@@ -158,7 +172,7 @@ TEST_F(ZoomTest, SkinColourGoesBackToTheManager) {
   Open(ZoomMode::kPickSkin, 300, 200);
   ZoomMouseDown(zoom, kLeftButton, {1, 1});
   Up(kLeftButton, {30, 40});
-  const Rgb skin = PixelAt(30, 40);
+  const Rgb skin = PixelAt(80, 90);
   EXPECT_FALSE(zoom.visible);
   EXPECT_TRUE(manager.visible);
   EXPECT_EQ(manager.swatch, skin);
