@@ -2,21 +2,10 @@
 
 #include <algorithm>
 
+#include "ui/window_place.h"
+
 namespace tarnwell {
 namespace {
-
-SIZE FrameOf(const SIZE& client, DWORD style, Scale scale) {
-  RECT rect = {0, 0, client.cx, client.cy};
-  AdjustWindowRectExForDpi(&rect, style, FALSE, 0, static_cast<UINT>(scale.dpi));
-  return {rect.right - rect.left, rect.bottom - rect.top};
-}
-
-RECT WorkArea(HWND window) {
-  MONITORINFO monitor = {};
-  monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
-  return monitor.rcWork;
-}
 
 BOOL CALLBACK GiveFont(HWND child, LPARAM font) {
   wchar_t name[16] = {};
@@ -35,11 +24,9 @@ FrameWindow::~FrameWindow() {
 
 bool FrameWindow::MakeTop(const wchar_t* class_name, const std::wstring& title, DWORD style,
                           HWND owner, int width, int height) {
-  const SIZE frame = FrameOf({Px(width), Px(height)}, style, look_.scale);
   const RECT work = WorkArea(owner);
-  const int frame_width = std::min<int>(frame.cx, work.right - work.left);
-  const int frame_height = std::min<int>(frame.cy, work.bottom - work.top);
-  const Box box = Centred(ToBox(work), frame_width, frame_height);
+  const SIZE frame = FrameWithin(work, {Px(width), Px(height)}, style, look_.scale);
+  const Box box = Centred(ToBox(work), frame.cx, frame.cy);
   if (!Make(class_name, title, style, WS_EX_CONTROLPARENT, owner, box)) return false;
   ThemeTitleBar(handle(), look_.theme);
   return true;
@@ -52,7 +39,7 @@ bool FrameWindow::MakeDialog(const std::wstring& title, HWND owner, int width, i
 
 void FrameWindow::ResizeClient(int width, int height) {
   const auto style = static_cast<DWORD>(GetWindowLongW(handle(), GWL_STYLE));
-  const SIZE frame = FrameOf({Px(width), Px(height)}, style, look_.scale);
+  const SIZE frame = FrameWithin(WorkArea(handle()), {Px(width), Px(height)}, style, look_.scale);
   SetWindowPos(handle(), nullptr, 0, 0, frame.cx, frame.cy,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

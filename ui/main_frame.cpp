@@ -6,23 +6,23 @@
 
 #include "automation/auto_window.h"
 #include "engine/adjust_photo.h"
-#include "imaging/file_open.h"
-#include "imaging/photo_title.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/menu_click.h"
 #include "shell/module1.h"
+#include "shell/photo_from_outside.h"
 #include "shell/preview_follow.h"
 #include "shell/shut_down.h"
+#include "shell/status_text.h"
 #include "shell/tell.h"
 #include "shell/timers.h"
 #include "shell/tips.h"
 #include "shell/tool_button.h"
 #include "ui/auto_windows.h"
 #include "ui/other_windows.h"
-#include "ui/popup_menu.h"
 #include "ui/shell_links.h"
 #include "ui/wide_text.h"
+#include "ui/window_place.h"
 
 namespace tarnwell {
 namespace {
@@ -34,12 +34,6 @@ constexpr UINT_PTR kFollowTimer = 4;
 constexpr UINT kFollowMilliseconds = 15;
 constexpr UINT kPauseMilliseconds = 400;
 constexpr ULONGLONG kLongMilliseconds = 100;
-
-// The photo's name alone: the caption is made to follow the program's name.
-std::string_view WithoutDash(std::string_view caption) {
-  constexpr std::string_view kDash = " - ";
-  return caption.starts_with(kDash) ? caption.substr(kDash.size()) : caption;
-}
 
 std::wstring FirstDropped(HDROP drop) {
   std::wstring path(DragQueryFileW(drop, 0, nullptr, 0), L'\0');
@@ -62,8 +56,7 @@ void MainFrame::Create(MainWindow& window, const Beside& beside) {
   const ClientSize start = StartClientSize({96});
   MakeTop(kMainClass, Wide(window.form.app.title), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, nullptr,
           start.width, start.height);
-  menus_.drop = [this](int menu) { OpenMenu(menu); };
-  menus_.Create(handle());
+  menus_.Create(handle(), window);
   MakeTools();
 
   lblTitle_ = std::make_unique<Label>(look_, Ground::kPage, Face::kTitle, false, DT_CENTER);
@@ -171,44 +164,13 @@ void MainFrame::CorrectPreview() {
 }
 
 void MainFrame::Open() {
-  RestorePlacement();
+  RestorePlacement(handle(), window_->form.memory.placement);
   Refresh();
   ShowWindow(handle(), window_->form.memory.placement.maximized ? SW_SHOWMAXIMIZED : SW_SHOW);
   SetForegroundWindow(handle());
   SetFocus(tools_.front().button->handle());
   SetTimer(handle(), kTimer1, static_cast<UINT>(window_->timer1_interval), nullptr);
   SetTimer(handle(), kTimer2, kPollingMilliseconds, nullptr);
-}
-
-// What was kept may be from a screen that is gone: then the system's choice stands.
-void MainFrame::RestorePlacement() {
-  WindowPlacement& placement = window_->form.memory.placement;
-  const WindowBounds& bounds = placement.current();
-  const RECT rect = {bounds.left, bounds.top, bounds.left + bounds.width,
-                     bounds.top + bounds.height};
-  if (bounds.width <= 0 || bounds.height <= 0) return;
-  const HMONITOR monitor = MonitorFromRect(&rect, MONITOR_DEFAULTTONULL);
-  if (!monitor) return;
-  if (!placement.maximized) return Place(ToBox(rect));
-  // Its size at its largest is the screen's affair; what counts is on which screen that was.
-  MONITORINFO screen = {};
-  screen.cbSize = sizeof(screen);
-  RECT start = {};
-  if (!GetMonitorInfoW(monitor, &screen) || !GetWindowRect(handle(), &start)) return;
-  const Box size = ToBox(start);
-  Place({screen.rcWork.left, screen.rcWork.top, size.width, size.height});
-}
-
-void MainFrame::KeepPlacement() {
-  WINDOWPLACEMENT placement = {};
-  placement.length = sizeof(placement);
-  if (!GetWindowPlacement(handle(), &placement)) return;
-  WindowPlacement& kept = window_->form.memory.placement;
-  kept.maximized = IsZoomed(handle());
-  RECT rect = placement.rcNormalPosition;
-  if (kept.maximized) GetWindowRect(handle(), &rect);
-  const Box box = ToBox(rect);
-  kept.current() = {box.x, box.y, box.width, box.height};
 }
 
 void MainFrame::KeyboardUsed(bool used) {
@@ -219,26 +181,8 @@ void MainFrame::KeyboardUsed(bool used) {
 
 bool MainFrame::Shortcut(const char* shortcut) { return PressShortcut(*window_, shortcut); }
 
-void MainFrame::OpenMenu(int menu) {
-  const MenuPick pick = PickFromMenus(menu);
-  if (!pick.row) return;
-  menus_.Leave();
-  MenuClick(*window_, pick.menu, *pick.row);
-}
-
 std::optional<int> MainFrame::ChooseMenuRow(int menu) {
-  if (menu < 0 || menu >= kMenuCount) return std::nullopt;
-  return PickFromMenu(menu, BelowTool(kOptionsButton), nullptr);
-}
-
-// From menu to menu, until a row is chosen or the user backs out.
-MainFrame::MenuPick MainFrame::PickFromMenus(int menu) {
-  for (;;) {
-    std::optional<int> other_menu;
-    const std::optional<int> row = PickFromMenu(menu, menus_.Below(menu), &other_menu);
-    if (row || !other_menu) return {menu, row};
-    menu = *other_menu;
-  }
+  return menus_.ChooseRow(menu, BelowTool(kOptionsButton));
 }
 
 POINT MainFrame::BelowTool(int index) const {
@@ -247,30 +191,6 @@ POINT MainFrame::BelowTool(int index) const {
     if (tool.index == index) GetWindowRect(tool.button->handle(), &rect);
   }
   return {rect.left, rect.bottom + look_.Px(2)};
-}
-
-// With `other_menu` the user can go on to the menus beside this one.
-std::optional<int> MainFrame::PickFromMenu(int menu, POINT at, std::optional<int>* other_menu) {
-  std::vector<MenuEntry> entries;
-  std::vector<int> rows;
-  for (int row = 0; row < static_cast<int>(kMenus[menu].rows.size()); ++row) {
-    const MenuRow& data = kMenus[menu].rows[row];
-    if (!IsRowShown(window_->form, menu, row)) continue;
-    rows.push_back(row);
-    entries.push_back({.text = data.IsSeparator() ? L"" : Wide(data.caption),
-                       .shortcut = Wide(data.shortcut),
-                       .separator = data.IsSeparator(),
-                       .enabled = IsRowEnabled(window_->form, menu, row),
-                       .checked = IsRowChecked(*window_, menu, row)});
-  }
-  const MenuNeighbours neighbours = menus_.NeighboursOf(menu);
-  if (other_menu) menus_.ShowDropped(menu, true);
-  const MenuAnswer answer = ChooseFromMenu(handle(), look_, entries, at, Px(28 * kGrid),
-                                           look_.show_focus, other_menu ? &neighbours : nullptr);
-  menus_.ShowDropped(menu, false);
-  if (other_menu) *other_menu = answer.other_menu;
-  if (!answer.chosen) return std::nullopt;
-  return rows[*answer.chosen];
 }
 
 void MainFrame::UpdateTools(std::vector<Tool>& tools) {
@@ -287,7 +207,7 @@ void MainFrame::RefreshPhoto() {
   const Form1& form = window_->form;
   SetText(Wide(form.caption.empty() ? form.app.title : form.caption));
   const bool photo = form.buffer.surfaces.picOriginal.picture != nullptr;
-  lblTitle_->SetText(Wide(WithoutDash(form.lblTitleCaption)));
+  lblTitle_->SetText(Wide(ShownPhotoName(form)));
   const std::wstring title = lblTitle_->Text();
   const bool cut = TextSize(look_, Face::kTitle, title).cx > layout_.title.width;
   lblTitle_->SetTip(cut ? title : L"");
@@ -296,34 +216,13 @@ void MainFrame::RefreshPhoto() {
   compare_->Enable(photo);
   preview_->Update();
   histogram_->Update();
-  command_status_.clear();
-  status_->SetText(StatusText());
+  status_->SetText(Wide(StatusText(form)));
   profile_->SetText(Wide(form.modules.camera + " / " + form.modules.mode));
   PlaceStatus();
 }
 
-std::wstring MainFrame::StatusText() const {
-  const Form1& form = window_->form;
-  if (!command_status_.empty()) return command_status_;
-  const Picture& original = form.buffer.surfaces.picOriginal.picture;
-  if (!original) return L"Ready";
-  const std::wstring size = std::to_wstring(original->width()) + L" \x00D7 " +
-                            std::to_wstring(original->height()) + L" pixels";
-  if (!form.app.photo_changed) {
-    // A saved photo goes on under its new name.
-    const std::string_view shown = WithoutDash(form.lblTitleCaption);
-    const bool saved = !shown.ends_with("Unnamed Photo") && shown != CurrentPhotoName(form);
-    return saved ? size + L"  \x2022  saved as " + Wide(shown) : size;
-  }
-  // What was learnt is news, and too long to stand beside the size.
-  const std::string learnt = ProposalText(form.learnt);
-  const std::wstring state = L"corrected, not saved  \x2022  ";
-  return learnt.empty() ? size + L"  \x2022  corrected, not saved" : state + Wide(learnt);
-}
-
 void MainFrame::ShowStatus(const std::string& text) {
-  command_status_ = Wide(text);
-  status_->SetText(StatusText());
+  status_->SetText(Wide(text));
   UpdateWindow(status_->handle());
 }
 
@@ -356,7 +255,7 @@ void MainFrame::UnloadOtherWindows() {
 void MainFrame::RemoveTrayIcon() { automated_->RemoveIcon(); }
 
 void MainFrame::OnDismiss() {
-  KeepPlacement();
+  KeepPlacement(handle(), window_->form.memory.placement);
   if (!CloseMainWindow(*window_)) return;
   KillTimer(handle(), kTimer1);
   KillTimer(handle(), kTimer2);
@@ -394,22 +293,24 @@ void MainFrame::PlaceStatus() {
 void MainFrame::LayOutTools(const Box& row) {
   // Three with their text, three for the settings, then those for the program at the right end.
   const std::vector<int> widths = {88, 84, 100, 0, 40, 40, 40};
-  const Box inner = Inset(row, Px(kGrid), Px(4));
-  const std::vector<Box> left = LayOutRow(inner, widths, 4, look_.scale);
+  const Scale across = ScaleAcross(row.width, look_.scale);
+  const Box inner = Inset(row, across.Px(kGrid), Px(4));
+  const std::vector<Box> left = LayOutRow(inner, widths, 4, across);
   std::size_t tool = 0;
   for (std::size_t i = 0; i < left.size(); ++i) {
     if (!left[i].empty()) tools_[tool++].button->Place(left[i]);
   }
   int x = inner.right();
   for (std::size_t i = tools_.size(); i-- > tool;) {
-    x -= Px(40);
-    tools_[i].button->Place({x, inner.y, Px(40), inner.height});
-    x -= Px(4);
+    x -= across.Px(40);
+    tools_[i].button->Place({x, inner.y, across.Px(40), inner.height});
+    x -= across.Px(4);
   }
 }
 
 void MainFrame::LayOutActions(const Box& row) {
-  const std::vector<Box> boxes = LayOutRow(row, {112, 104, 40, 40}, kGrid, look_.scale);
+  const std::vector<Box> boxes =
+      LayOutRow(row, {112, 104, 40, 40}, kGrid, ScaleAcross(Client().width, look_.scale));
   for (std::size_t i = 0; i < actions_.size(); ++i) actions_[i].button->Place(boxes[i]);
   compare_->Place(boxes.back());
 }
@@ -460,12 +361,9 @@ LRESULT MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       return 0;
     }
     case WM_GETMINMAXINFO: {
-      const ClientSize least = LeastClientSize(look_.scale);
-      RECT frame = {0, 0, least.width, least.height};
-      AdjustWindowRectExForDpi(&frame, WS_OVERLAPPEDWINDOW, FALSE, 0,
-                               static_cast<UINT>(look_.scale.dpi));
-      reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {frame.right - frame.left,
-                                                          frame.bottom - frame.top};
+      const SIZE least = FrameWithin(WorkArea(handle()), LeastClientSize(look_.scale),
+                                     WS_OVERLAPPEDWINDOW, look_.scale);
+      reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {least.cx, least.cy};
       return 0;
     }
     case WM_SYSCOMMAND:
@@ -482,7 +380,7 @@ LRESULT MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       return MayEndSession(*window_);
     case WM_ENDSESSION:
       if (!w) return 0;
-      KeepPlacement();
+      KeepPlacement(handle(), window_->form.memory.placement);
       EndSession(*window_);
       return 0;
   }

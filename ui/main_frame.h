@@ -10,7 +10,7 @@
 #include "ui/frame_window.h"
 #include "ui/histogram_control.h"
 #include "ui/look/main_layout.h"
-#include "ui/menu_bar.h"
+#include "ui/main_menus.h"
 #include "ui/panel_view.h"
 #include "ui/preview_control.h"
 
@@ -81,32 +81,22 @@ class MainFrame : public FrameWindow, public MainView {
   void LayOutTools(const Box& row);
   void LayOutActions(const Box& row);
   void UpdateTools(std::vector<Tool>& tools);
-  struct MenuPick {
-    int menu = 0;
-    std::optional<int> row;
-  };
-  MenuPick PickFromMenus(int menu);
   POINT BelowTool(int index) const;
-  std::optional<int> PickFromMenu(int menu, POINT at, std::optional<int>* other_menu);
-  void OpenMenu(int menu);
   void OpenDropped(const std::wstring& path);
   void Poll();
   void OnTimer(WPARAM timer);
-  std::wstring StatusText() const;
   void PlaceStatus();
   void RunCommand(const std::function<void()>& change, bool refresh);
   void RefreshPhoto();
   void FollowPanel();
   void CorrectPreview();
-  void KeepPlacement();
-  void RestorePlacement();
 
   MainWindow* window_ = nullptr;
   OtherWindows* others_ = nullptr;
   AutoWindows* auto_windows_ = nullptr;
   AutoWindow* automated_ = nullptr;
   MainLayout layout_;
-  MenuBar menus_;
+  MainMenus menus_;
   std::vector<Tool> tools_;
   std::vector<Tool> actions_;
   std::unique_ptr<Button> compare_;
@@ -116,7 +106,6 @@ class MainFrame : public FrameWindow, public MainView {
   std::unique_ptr<PreviewControl> preview_;
   std::unique_ptr<HistogramControl> histogram_;
   std::unique_ptr<PanelView> panel_;
-  std::wstring command_status_;  // what the running command said last
   bool preview_took_long_ = false;
 };
 

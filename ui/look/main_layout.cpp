@@ -1,6 +1,7 @@
 #include "ui/look/main_layout.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "imaging/thumbnail.h"
 
@@ -26,23 +27,23 @@ constexpr int kFrameHeight = kMenusHeight + kToolsHeight + kStatusHeight;
 
 MainLayout LayOutMain(int width, int height, Scale scale) {
   const auto px = [scale](int size) { return scale.Px(size); };
+  const Scale across = ScaleAcross(width, scale);
   MainLayout layout;
   layout.menus = {0, 0, width, px(kMenusHeight)};
   layout.tools = {0, layout.menus.bottom(), width, px(kToolsHeight)};
   const int status_top = std::max(layout.tools.bottom(), height - px(kStatusHeight));
   layout.status = {0, status_top, width, px(kStatusHeight)};
 
-  const int panel_left = std::max(0, width - px(kPanelWidth));
+  const int panel_left = std::max(0, width - across.Px(kPanelWidth));
   const int work_top = layout.tools.bottom();
   layout.panel = {panel_left, work_top, width - panel_left, status_top - work_top};
 
   const int room = status_top - work_top;
-  const int width_of_column = px(kThumbnailSide);
+  const int width_of_column = across.Px(kThumbnailSide);
   const int with_histogram =
       px(kColumnHeight) + width_of_column + px(kMargin) + px(kHistogramHeight);
   layout.histogram_visible = room >= with_histogram + 2 * px(kGrid);
-  const int side =
-      std::clamp(room - px(kColumnHeight) - 2 * px(kGrid), px(kLeastPreviewSide), width_of_column);
+  const int side = std::clamp(room - px(kColumnHeight) - 2 * px(kGrid), px(kGrid), width_of_column);
   const int column = layout.histogram_visible ? with_histogram : px(kColumnHeight) + side;
   const int left = std::max(0, (panel_left - width_of_column) / 2);
   int y = work_top + std::max(px(kGrid), (room - column) / 2);
@@ -64,6 +65,12 @@ ClientSize StartClientSize(Scale scale) {
 ClientSize LeastClientSize(Scale scale) {
   return {scale.Px(kLeastPhotoWidth + kPanelWidth),
           scale.Px(kFrameHeight + kColumnHeight + kLeastPreviewSide + 2 * kGrid)};
+}
+
+Scale ScaleAcross(int width, Scale scale) {
+  const int least = LeastClientSize(scale).width;
+  if (width >= least) return scale;
+  return {static_cast<int>(std::int64_t{scale.dpi} * std::max(width, 1) / least)};
 }
 
 std::vector<Box> LayOutRow(const Box& row, const std::vector<int>& widths, int gap, Scale scale) {

@@ -36,13 +36,18 @@ struct MainLayout {
 MainLayout LayOutMain(int width, int height, Scale scale);
 
 // The client area at the start, and the least that shows every part but the histogram, with a
-// small preview: it fits on a screen of 768 rows at 150 %.
+// small preview: it fits on a screen of 768 rows at 150 %. Where the screen is smaller still, so is
+// the window.
 struct ClientSize {
   int width = 0;
   int height = 0;
 };
 ClientSize StartClientSize(Scale scale);
 ClientSize LeastClientSize(Scale scale);
+
+// The scale of everything that lies side by side in a client area of this width. A window is never
+// made wider than its screen: where not even the least width fits, all is narrower in proportion.
+Scale ScaleAcross(int width, Scale scale);
 
 // Boxes of `widths` (at 96 dpi) side by side from the left of `row`, `gap` apart; a width of 0 is a
 // gap of a grid unit.

@@ -16,8 +16,9 @@ TEST(MainLayout, PartsKeepApartAndInsideAtEverySizeAndScale) {
     const Scale scale = ForcedScale(std::to_string(percent), {});
     const ClientSize least = LeastClientSize(scale);
     const ClientSize start = StartClientSize(scale);
-    for (const ClientSize& size :
-         {least, start, ClientSize{start.width * 2, start.height}, ClientSize{start.width, 9000}}) {
+    const ClientSize small_screen = {least.width * 2 / 3, least.height * 4 / 5};
+    for (const ClientSize& size : {least, start, ClientSize{start.width * 2, start.height},
+                                   ClientSize{start.width, 9000}, small_screen}) {
       SCOPED_TRACE(testing::Message() << percent << "% " << size.width << " x " << size.height);
       const MainLayout layout = LayOutMain(size.width, size.height, scale);
       std::vector<Box> parts = {layout.menus,   layout.tools, layout.title, layout.preview,
@@ -28,6 +29,7 @@ TEST(MainLayout, PartsKeepApartAndInsideAtEverySizeAndScale) {
         EXPECT_EQ(Intersection(parts[i], client), parts[i]) << i;
         for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(Meet(parts[i], parts[j])) << i << j;
       }
+      if (size.width < least.width) continue;
       const bool low = size.height == least.height;
       EXPECT_EQ(layout.preview.width, scale.Px(low ? 200 : 320));
       EXPECT_EQ(layout.preview.height, layout.preview.width);
