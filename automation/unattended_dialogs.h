@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <mutex>
-#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -13,7 +12,7 @@ namespace tarnwell {
 
 // Nobody sits at the program: questions are cancelled, and what would be told for photo after photo
 // is told once. May be used by several corrections at the same time.
-class UnattendedDialogs : public Dialogs {
+class UnattendedDialogs : public DialogsOfNobody {
  public:
   // `tell` is given each text once, by one caller at a time.
   explicit UnattendedDialogs(std::function<void(const std::string& text)> tell)
@@ -21,17 +20,6 @@ class UnattendedDialogs : public Dialogs {
 
   Answer Ask(const Message&) override { return Answer::kCancel; }
   void Tell(const Message& message) override;
-  std::string AskText(const std::string&, const std::string&) override { return {}; }
-  std::optional<std::string> ChooseOpenFile(const std::string&, const std::string&) override {
-    return std::nullopt;
-  }
-  std::optional<std::string> ChooseSaveFile(const std::string&, const std::string&,
-                                            TakenNames) override {
-    return std::nullopt;
-  }
-  std::optional<std::string> ChooseFolder(const std::string&, const std::string&) override {
-    return std::nullopt;
-  }
 
  private:
   std::function<void(const std::string&)> tell_;

@@ -26,19 +26,4 @@ void ConsoleDialogs::Tell(const Message& message) {
   err_ << OneLine(message.text) << std::endl;
 }
 
-std::string ConsoleDialogs::AskText(const std::string&, const std::string&) { return {}; }
-
-std::optional<std::string> ConsoleDialogs::ChooseOpenFile(const std::string&, const std::string&) {
-  return std::nullopt;
-}
-
-std::optional<std::string> ConsoleDialogs::ChooseSaveFile(const std::string&, const std::string&,
-                                                          TakenNames) {
-  return std::nullopt;
-}
-
-std::optional<std::string> ConsoleDialogs::ChooseFolder(const std::string&, const std::string&) {
-  return std::nullopt;
-}
-
 }  // namespace tarnwell

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <ostream>
 #include <string>
 
@@ -13,7 +12,7 @@ std::string OneLine(const std::string& text);
 
 // Nobody sits at a command: messages become lines on standard error, and questions have answers
 // that were fixed beforehand.
-class ConsoleDialogs : public Dialogs {
+class ConsoleDialogs : public DialogsOfNobody {
  public:
   // `save_thumbnail`: what the save does when only the thumbnail was corrected; it corrects the
   // full photo otherwise.
@@ -23,14 +22,6 @@ class ConsoleDialogs : public Dialogs {
   // Unsaved changes are given up; every question that could lose something else is cancelled.
   Answer Ask(const Message& message) override;
   void Tell(const Message& message) override;
-  // These are all cancelled.
-  std::string AskText(const std::string& title, const std::string& prompt) override;
-  std::optional<std::string> ChooseOpenFile(const std::string& title,
-                                            const std::string& filter) override;
-  std::optional<std::string> ChooseSaveFile(const std::string& title, const std::string& filter,
-                                            TakenNames taken) override;
-  std::optional<std::string> ChooseFolder(const std::string& title,
-                                          const std::string& start) override;
 
  private:
   std::ostream& err_;

@@ -51,4 +51,20 @@ class Dialogs {
                                                   const std::string& start) = 0;
 };
 
+// Nobody is there to choose or to fill in: that is all cancelled.
+class DialogsOfNobody : public Dialogs {
+ public:
+  std::string AskText(const std::string&, const std::string&) override { return {}; }
+  std::optional<std::string> ChooseOpenFile(const std::string&, const std::string&) override {
+    return std::nullopt;
+  }
+  std::optional<std::string> ChooseSaveFile(const std::string&, const std::string&,
+                                            TakenNames) override {
+    return std::nullopt;
+  }
+  std::optional<std::string> ChooseFolder(const std::string&, const std::string&) override {
+    return std::nullopt;
+  }
+};
+
 }  // namespace tarnwell
