@@ -3,24 +3,13 @@
 #include <string>
 #include <string_view>
 
+#include "imaging/picture_size.h"
 #include "platform/status.h"
 
 namespace tarnwell {
 
-// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
-// bytes of the file. Photos have about ten scans; this allows 20 at 200 megapixels, and more for
-// smaller ones.
-inline constexpr double kMostScannedPixels = 4e9;
-// Setting up the tables of a scan costs as much as going over some pixels.
-inline constexpr double kPixelsPerScanSetup = 4096;
-
 // Whether the file's content says that it is a JPEG file. It may still be damaged or unsupported.
 bool IsJpeg(std::string_view bytes);
-
-struct PictureSize {
-  int width = 0;
-  int height = 0;
-};
 
 // Whether a decoder may be given this JPEG file: walks its segments without decoding and takes no
 // memory. Decoders differ in what they let pass, some fill a file that breaks off with grey; this

@@ -20,24 +20,24 @@ constexpr std::uint64_t kBytesPerCorrection = 4 << 20;
 
 }  // namespace
 
-PhotoSize PhotoSizeOf(std::string_view file_bytes) {
+PictureSize PhotoSizeOf(std::string_view file_bytes) {
   if (IsJpeg(file_bytes)) {
     const auto size = CheckJpeg(file_bytes, "");
-    return size.ok() ? PhotoSize{size->width, size->height} : PhotoSize{};
+    return size.ok() ? *size : PictureSize{};
   }
   if (IsGif(file_bytes)) {
     const auto frame = FindGifFirstFrame(file_bytes, "");
-    return frame.ok() ? PhotoSize{frame->screen_width, frame->screen_height} : PhotoSize{};
+    return frame.ok() ? PictureSize{frame->screen_width, frame->screen_height} : PictureSize{};
   }
   if (IsBmp(file_bytes)) {
     const auto header = ParseBmpHeader(file_bytes);
-    return header.ok() ? PhotoSize{header->width, header->height} : PhotoSize{};
+    return header.ok() ? PictureSize{header->width, header->height} : PictureSize{};
   }
   return {};
 }
 
 std::uint64_t MemoryToCorrect(std::string_view file_bytes, const frmModules& panel) {
-  const PhotoSize size = PhotoSizeOf(file_bytes);
+  const PictureSize size = PhotoSizeOf(file_bytes);
   const bool both = panel.IsOpen(kNoiseReduction) && panel.IsOpen(kAdjustFocus);
   const std::uint64_t bytes = both ? kBytesPerSmoothAndSharpPixel : kBytesPerRunPixel;
   return kBytesPerCorrection + file_bytes.size() + bytes * size.width * size.height;

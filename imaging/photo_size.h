@@ -3,18 +3,15 @@
 #include <cstdint>
 #include <string_view>
 
+#include "imaging/picture_size.h"
+
 namespace tarnwell {
 
 struct frmModules;
 
-struct PhotoSize {
-  int width = 0;  // pixels
-  int height = 0;
-};
-
 // The size of the photo in this file by its headers, without decoding it; 0 x 0 when no codec would
 // read the file. A GIF's size is that of its screen.
-PhotoSize PhotoSizeOf(std::string_view file_bytes);
+PictureSize PhotoSizeOf(std::string_view file_bytes);
 
 // How many bytes of memory correcting the photo in this file with these settings takes at most, by
 // its size in the file's headers; only the file's own length for what is no photo, because that

@@ -45,13 +45,13 @@ void DrawShadow(PixelBuffer& buffer) {
 
 }  // namespace
 
-ThumbnailSize ThumbnailSizeFor(int width, int height) {
+PictureSize ThumbnailSizeFor(int width, int height) {
   if (width < kThumbnailSide && height < kThumbnailSide) return {width, height};
   if (width <= height) return {ShorterSide(height, width), kThumbnailSide};
   return {kThumbnailSide, ShorterSide(width, height)};
 }
 
-Picture StretchPicture(const PixelView& source, ThumbnailSize size) {
+Picture StretchPicture(const PixelView& source, PictureSize size) {
   if (source.empty()) return nullptr;
   std::shared_ptr<PixelArray> stretched = TryMakePixels(size.width, size.height);
   if (!stretched) return nullptr;

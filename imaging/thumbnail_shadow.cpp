@@ -74,7 +74,7 @@ double ShadowFactor(const Rectangle& thumb, int x, int y) {
 
 }  // namespace
 
-void DarkenShadow(MutablePixelView container, ThumbnailSize size) {
+void DarkenShadow(MutablePixelView container, PictureSize size) {
   // A thumbnail that stands half a pixel off is drawn at the whole pixel before.
   const int left = (kThumbnailSide - size.width) / 2;
   const int top = (kThumbnailSide - size.height) / 2;

@@ -73,7 +73,7 @@ Box PreviewControl::WholeBox(const Box& client) {
   const Picture& shown = Shown();
   if (!shown) return {};
   const PixelView view = shown->view();
-  const ThumbnailSize size = ThumbnailSizeFor(view.width, view.height);
+  const PictureSize size = ThumbnailSizeFor(view.width, view.height);
   const double stretch = static_cast<double>(client.width) / kThumbnailSide;
   return Centred(client, static_cast<int>(size.width * stretch + 0.5),
                  static_cast<int>(size.height * stretch + 0.5));

@@ -50,7 +50,7 @@ TEST(ThumbnailTest, SizeAndPlaceFollowTheLongerSide) {
 }
 
 // A container after the shadow of a thumbnail, on a background of 200, 100 and 50.
-PixelArray Shadowed(ThumbnailSize size) {
+PixelArray Shadowed(PictureSize size) {
   PixelArray container(kThumbnailSide, kThumbnailSide);
   const MutablePixelView view = container.mutable_view();
   for (std::size_t i = 0; i < view.pixel_count(); ++i) {
