@@ -13,6 +13,13 @@ namespace {
 
 constexpr int kProgressive = 0xC2;
 
+// Every scan of a progressive picture goes over all of its pixels, and a scan may take only a few
+// bytes of the file. Photos have about ten scans; this allows 20 at 200 megapixels, and more for
+// smaller ones.
+constexpr double kMostScannedPixels = 4e9;
+// Setting up the tables of a scan costs as much as going over some pixels.
+constexpr double kPixelsPerScanSetup = 4096;
+
 struct Frame {
   int marker = 0;
   int bits = 0;

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "imaging/jpeg_structure.h"
 #include "platform/memory_limit.h"
 #include "platform/posix/jpeg_steps.h"
 
@@ -32,17 +33,6 @@ Status ProblemStatus(const JpegErrors& errors, const std::string& name) {
   }
 }
 
-// The least bits that the file must hold: every block of 8 x 8 samples has a code of at least one
-// bit for its mean. Arithmetic coding can do with less, but no photo comes near a bit for 64
-// blocks.
-std::uint64_t LeastBits(const jpeg_decompress_struct& info) {
-  std::uint64_t blocks = 0;
-  for (int i = 0; i < info.num_components; ++i) {
-    blocks += std::uint64_t{info.comp_info[i].width_in_blocks} * info.comp_info[i].height_in_blocks;
-  }
-  return info.arith_code ? blocks / 64 : blocks;
-}
-
 // Four inks to blue, green, red, 0. Files with an Adobe marker store the inks inverted, which is
 // then already the light that each lets through.
 void InksToLight(MutablePixelView picture, bool inverted) {
@@ -62,21 +52,17 @@ void InksToLight(MutablePixelView picture, bool inverted) {
 
 }  // namespace
 
-Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name, const GoOn& go_on,
-                           double most_scanned_pixels) {
+Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name, const GoOn& go_on) {
   const Result<PictureSize> checked = CheckJpeg(bytes, name);
-  if (checked.status.failure == Failure::kTooLarge) return checked.status;
+  if (!checked.ok()) return checked.status;
   const std::unique_ptr<JpegDecoder, Closer> decoder(new JpegDecoder{});
   if (!ReadJpegHeader(decoder.get(), reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                      bytes.size(), {most_scanned_pixels, &go_on})) {
+                      bytes.size(), go_on)) {
     return ProblemStatus(decoder->errors, name);
   }
   const jpeg_decompress_struct& info = decoder->info;
   if (!MemoryHoldsPicture(info.image_width, info.image_height)) {
     return Status::Error(Failure::kTooLarge, name + ": the picture is too large");
-  }
-  if (LeastBits(info) > bytes.size() * 8) {
-    return Status::Error(Failure::kDamaged, name + ": the file breaks off");
   }
   const auto pixels = TryMakePixels(info.image_width, info.image_height);
   if (!pixels) return Status::Error(Failure::kTooLarge, name + ": not enough memory");

@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "imaging/jpeg_structure.h"
 #include "imaging/pixel_array.h"
 #include "platform/events.h"
 #include "platform/status.h"
@@ -12,11 +11,9 @@ namespace tarnwell {
 
 // Decodes a baseline or progressive JPEG file of grey, YCbCr, RGB, CMYK or YCCK. `name` is the
 // file's name for the message of a failure ("NAME: reason"). Bytes after the end marker and odd
-// headers are let pass; missing or corrupt data is kDamaged. kTooLarge also stands for a
-// file with so many scans that decoding it would take minutes (scans times pixels above
-// `most_scanned_pixels`). Ends with kCancelled when `go_on` says so.
+// headers are let pass; what CheckJpeg refuses is refused, and corrupt data is kDamaged. Ends with
+// kCancelled when `go_on` says so.
 Result<Picture> DecodeJpeg(std::string_view bytes, const std::string& name,
-                           const GoOn& go_on = ToTheEnd,
-                           double most_scanned_pixels = kMostScannedPixels);
+                           const GoOn& go_on = ToTheEnd);
 
 }  // namespace tarnwell

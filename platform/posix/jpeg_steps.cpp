@@ -6,8 +6,6 @@
 #include <cstring>
 #include <jerror.h>
 
-#include "imaging/jpeg_structure.h"
-
 namespace tarnwell {
 namespace {
 
@@ -64,12 +62,7 @@ void OnMessage(j_common_ptr info, int level) {
 void OnProgress(j_common_ptr common) {
   const auto* info = reinterpret_cast<j_decompress_ptr>(common);
   const auto* decoder = static_cast<const JpegDecoder*>(common->client_data);
-  const double pixels = static_cast<double>(info->image_width) * info->image_height;
-  const JpegBounds& bounds = decoder->bounds;
-  if (info->input_scan_number * (pixels + kPixelsPerScanSetup) > bounds.most_scanned_pixels) {
-    Escape(common, JpegProblem::kTooLarge);
-  }
-  if (!(*bounds.go_on)(1.0 * info->output_scanline / info->image_height)) {
+  if (!(*decoder->go_on)(1.0 * info->output_scanline / info->image_height)) {
     Escape(common, JpegProblem::kCancelled);
   }
 }
@@ -135,7 +128,7 @@ void ClearUnused(std::uint8_t* row, JDIMENSION width) {
 }  // namespace
 
 bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size,
-                    const JpegBounds& bounds) {
+                    const GoOn& go_on) {
   jpeg_decompress_struct* info = &decoder->info;
   *info = {};
   SetUp(&decoder->errors);
@@ -143,7 +136,7 @@ bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t
   if (setjmp(decoder->errors.escape) != 0) return false;
   jpeg_create_decompress(info);
   info->client_data = decoder;
-  decoder->bounds = bounds;
+  decoder->go_on = &go_on;
   info->mem->max_memory_to_use = kMostCoefficientBytes;
   decoder->progress = {};
   decoder->progress.progress_monitor = OnProgress;

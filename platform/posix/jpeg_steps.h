@@ -33,24 +33,18 @@ struct JpegErrors {
   char text[JMSG_LENGTH_MAX];  // libjpeg's own words
 };
 
-// What ends the decoding before its time.
-struct JpegBounds {
-  double most_scanned_pixels = 0;  // the scans of a picture times its pixels
-  const GoOn* go_on = nullptr;
-};
-
 struct JpegDecoder {
   jpeg_decompress_struct info;
   JpegErrors errors;
   jpeg_progress_mgr progress;
-  JpegBounds bounds;
+  const GoOn* go_on;  // asked now and then whether to decode on
 };
 
-// Reads up to the first scan. `bytes` and what `bounds` points at must outlive the decoder.
+// Reads up to the first scan. `bytes` and `go_on` must outlive the decoder.
 // CloseJpeg is due afterwards in any case. False on failure, as in the functions that follow;
 // errors.problem then tells why.
 bool ReadJpegHeader(JpegDecoder* decoder, const std::uint8_t* bytes, std::size_t size,
-                    const JpegBounds& bounds);
+                    const GoOn& go_on);
 
 // Decodes into rows of 4 bytes per pixel: blue, green, red and 0, or cyan,
 // magenta, yellow and black for a picture of four inks. Reads on to the end marker.

@@ -100,35 +100,5 @@ TEST(JpegReaderTest, BrokenCodesAreNoticedAndStrayBytesBetweenMarkersAreNot) {
   EXPECT_TRUE(DecodeJpeg(stray, "a").ok());
 }
 
-// The frame header's height and width stand 5 bytes after its marker.
-std::string WithSize(std::string bytes, const std::string& marker, int side) {
-  const std::size_t frame = bytes.find(marker);
-  for (int field : {5, 7}) {
-    bytes[frame + field] = static_cast<char>(side >> 8);
-    bytes[frame + field + 1] = static_cast<char>(side & 255);
-  }
-  return bytes;
-}
-
-TEST(JpegReaderTest, ASmallFileGetsNoMemoryForAHugePicture) {
-  // 20000 x 20000 grey samples are 6,250,000 blocks, of a bit each at least; arithmetic coding is
-  // allowed to do with a 64th of that.
-  const std::string huge = WithSize(kGreyJpeg, "\xFF\xC0", 20000);
-  EXPECT_EQ(DecodeJpeg(huge, "a").status.failure, Failure::kDamaged);
-  const std::string arithmetic =
-      MakeJpeg({.width = 8, .height = 8, .arithmetic = true, .samples = Filled(64, {9, 9, 9})});
-  EXPECT_TRUE(DecodeJpeg(arithmetic, "a").ok());
-  EXPECT_EQ(DecodeJpeg(WithSize(arithmetic, "\xFF\xC9", 20000), "a").status.message,
-            "a: the file breaks off");
-}
-
-TEST(JpegReaderTest, MoreScansThanTheWorkAllowsAreRefused) {
-  // libjpeg writes colour in ten scans. A scan of 64 x 64 pixels counts 4096 and as many again for
-  // setting it up.
-  const std::string bytes = Noise(true);
-  EXPECT_TRUE(DecodeJpeg(bytes, "a", ToTheEnd, 10 * 8192).ok());
-  EXPECT_EQ(DecodeJpeg(bytes, "a", ToTheEnd, 9 * 8192).status.failure, Failure::kTooLarge);
-}
-
 }  // namespace
 }  // namespace tarnwell
