@@ -8,7 +8,6 @@
 
 namespace tarnwell {
 
-inline constexpr int kAnalysisColumns = 15;
 inline constexpr int kRecordColumns = 21;
 
 // Columns of a learning record. 0 to 14 are the analysis record.

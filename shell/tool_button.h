@@ -41,7 +41,6 @@ struct ToolButton {
   std::string_view caption;
   std::string_view tooltip;
   Needs needs = Needs::kNothing;
-  bool on_toolbar = false;  // the others are reached from menus only
 };
 extern const std::array<ToolButton, kToolButtonCount> kToolButtons;
 
