@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include "imaging/jpeg_segments.h"
-#include "imaging/photo_metadata.h"
+#include "imaging/metadata_to_save.h"
+#include "imaging/read_metadata.h"
 
 // Whatever stands in front of a picture: what is saved of it are whole segments, which are all kept
 // when they are read and saved again.

@@ -13,6 +13,7 @@
 #include "imaging/cdib_section.h"
 #include "imaging/jpeg_library.h"
 #include "imaging/jpeg_segments.h"
+#include "imaging/metadata_to_save.h"
 #include "imaging/output_names.h"
 #include "imaging/photo_metadata.h"
 #include "imaging/photo_title.h"

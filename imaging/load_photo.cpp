@@ -4,6 +4,7 @@
 
 #include "imaging/output_names.h"
 #include "imaging/photo_size.h"
+#include "imaging/read_metadata.h"
 #include "imaging/upright.h"
 #include "platform/files.h"
 #include "platform/picture_codec.h"

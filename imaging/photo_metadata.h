@@ -7,9 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "imaging/exif_block.h"
-#include "imaging/pixel_array.h"
-
 namespace tarnwell {
 
 enum class MetadataKind {
@@ -29,8 +26,9 @@ struct MetadataSegment {
   std::string content;
 };
 
-// What a photo's file says beside its pixels. It is read when the photo is opened, travels with the
-// photo, and is the same for every file that is saved from it.
+// What a photo's file says beside its pixels. It is read when the photo is opened
+// (read_metadata.h), travels with the photo, and is the same for every file that is saved from it
+// (metadata_to_save.h).
 struct PhotoMetadata {
   int orientation = 1;  // how the file stores the picture, 1 to 8; 1 is upright
   bool tells_orientation = false;
@@ -45,21 +43,19 @@ struct PhotoMetadata {
 // Null stands for a photo that says nothing: a bitmap, a GIF file, a pasted picture.
 using SharedMetadata = std::shared_ptr<const PhotoMetadata>;
 
-// Reads the metadata of the JPEG file `jpeg`; null for any other file. What is damaged is left out,
-// with a note. Takes time in proportion to the length of the file.
-SharedMetadata ReadPhotoMetadata(std::string_view jpeg);
+// What the segments of a kind begin with.
+inline constexpr std::string_view kJfifSegmentName("JFIF\0", 5);
+inline constexpr std::string_view kXmpSegmentName("http://ns.adobe.com/xap/1.0/\0", 29);
+inline constexpr std::string_view kXmpExtensionSegmentName("http://ns.adobe.com/xmp/extension/\0",
+                                                           35);
 
-// The segments that a JPEG file with the pixels `picture`, made from the photo, gets.
-struct MetadataToSave {
-  std::string segments;            // one behind the other; empty for none
-  std::vector<std::string> notes;  // what is left out on top of PhotoMetadata::notes
-};
-struct SaveWishes {
-  bool leave_place_out = false;
-  bool turned = false;  // the picture was turned or mirrored since the photo was opened
-};
-MetadataToSave MetadataFor(const PhotoMetadata& metadata, const PixelView& picture,
-                           const SaveWishes& wishes);
+// What stands in pieces in the segments of a kind, joined in the order of the file, without the
+// names that lead each piece.
+std::string XmpExtensionOf(const PhotoMetadata& metadata);
+std::string PhotoshopResourcesOf(const PhotoMetadata& metadata);
+
+// The sentence for a note: "The WHAT and is left out."
+std::string LeftOutNote(const char* what);
 
 // What a file that holds nothing but pixels loses, in words as in "EXIF data and the colour
 // profile"; empty when it loses nothing.

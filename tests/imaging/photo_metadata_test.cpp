@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "imaging/exif_block.h"
 #include "imaging/icc_profile.h"
+#include "imaging/metadata_to_save.h"
+#include "imaging/read_metadata.h"
 #include "tests/support/exif_builder.h"
 #include "tests/support/pictures.h"
 #include "tests/support/segment_builder.h"

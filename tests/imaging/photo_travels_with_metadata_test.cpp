@@ -9,6 +9,7 @@
 #include "imaging/jpeg_quality.h"
 #include "imaging/load_photo.h"
 #include "imaging/photo_size.h"
+#include "imaging/read_metadata.h"
 #include "imaging/upright.h"
 #include "tests/support/bmp_builder.h"
 #include "tests/support/exif_builder.h"
