@@ -10,7 +10,7 @@ struct Form1;
 struct LoadedPhoto;
 
 // Asks whether to save unsaved changes, and saves them on Yes. False when the command that asked
-// must stop: on Cancel, and when the save on Yes saved nothing; the user has been told why then.
+// must stop: on Cancel, and when the save on Yes saved nothing, which the user did or was told of.
 bool AskToSaveChanges(Form1& form);
 
 // Opens a photo: asks about unsaved changes, shows the open dialog when `show_dialog` (otherwise
