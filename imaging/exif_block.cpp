@@ -52,6 +52,11 @@ int BytesOfNumber(const ExifEntry& entry) {
   return 0;
 }
 
+int OrientationOf(std::uint32_t number) {
+  if (number < kUpright || number > kLastOrientation) return kUpright;
+  return static_cast<int>(number);
+}
+
 void AddValues(const ExifDirectory& directory, const ExifEntry* left_out,
                std::vector<ByteRange>& ranges) {
   for (const ExifEntry& entry : directory.entries) {
@@ -117,9 +122,26 @@ void ExifBlock::SetNumber(const std::optional<ExifDirectory>& directory, std::ui
 
 int ExifBlock::Orientation() const {
   const ExifEntry* entry = layout_.main.Find(kOrientation);
-  const std::uint32_t orientation = entry ? Number(*entry) : kUpright;
-  if (orientation < kUpright || orientation > kLastOrientation) return 1;
-  return static_cast<int>(orientation);
+  return OrientationOf(entry ? Number(*entry) : kUpright);
+}
+
+int ExifBlock::OrientationOfDamaged(std::string_view content) {
+  if (!IsExif(content)) return kUpright;
+  const std::string_view block = content.substr(kName.size());
+  const ExifNumbers numbers{block.starts_with("MM")};
+  if (block.size() < 8 || numbers.Read(block, 2, 2) != 42) return kUpright;
+  std::uint64_t at = numbers.Read(block, 4, 4);
+  if (at + 2 > block.size()) return kUpright;
+  int entries = static_cast<int>(numbers.Read(block, at, 2));
+  for (at += 2; entries-- > 0 && at + 12 <= block.size(); at += 12) {
+    if (numbers.Read(block, at, 2) != kOrientation) continue;
+    const ExifEntry entry = {.type = static_cast<std::uint16_t>(numbers.Read(block, at + 2, 2)),
+                             .count = numbers.Read(block, at + 4, 4),
+                             .value = {}};
+    const int bytes = BytesOfNumber(entry);
+    return bytes == 0 ? kUpright : OrientationOf(numbers.Read(block, at + 8, bytes));
+  }
+  return kUpright;
 }
 
 bool ExifBlock::TellsOrientation() const { return layout_.main.Find(kOrientation) != nullptr; }

@@ -22,6 +22,8 @@ class ExifBlock {
   // `content` is that of a segment APP1 which IsExif. Nothing when it is damaged.
   static std::optional<ExifBlock> Parse(std::string_view content);
   static bool IsExif(std::string_view content);
+  // How the picture is stored, 1 to 8, as far as a block tells it that Parse gives nothing for.
+  static int OrientationOfDamaged(std::string_view content);
 
   // The whole content of the segment, with the changes made so far.
   const std::string& content() const { return content_; }

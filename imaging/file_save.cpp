@@ -113,18 +113,16 @@ std::string InOneText(const std::vector<std::string>& sentences) {
   return text;
 }
 
-// What the saved file does not keep: of a bitmap always, of a JPEG file once per photo.
+// What the saved file does not keep: of a bitmap always, of a JPEG file once per photo. What was
+// left out when the photo was read is told with the first of them.
 void TellWhatIsLost(Form1& form, bool as_jpeg, std::vector<std::string> lost) {
   if (!form.metadata) return;
-  if (!as_jpeg) {
-    const std::string words = WhatPixelsAloneLose(*form.metadata);
-    if (!words.empty()) TellNote(form, "A bitmap cannot keep its " + words + ".");
-    return;
-  }
-  if (form.metadata_notes_told) return;
-  lost.insert(lost.begin(), form.metadata->notes.begin(), form.metadata->notes.end());
+  const bool told = std::exchange(form.metadata_notes_told, true);
+  if (told && as_jpeg) return;
+  if (!told) lost.insert(lost.begin(), form.metadata->notes.begin(), form.metadata->notes.end());
+  const std::string words = as_jpeg ? "" : WhatPixelsAloneLose(*form.metadata);
+  if (!words.empty()) lost.push_back("A bitmap cannot keep its " + words + ".");
   if (!lost.empty()) TellNote(form, InOneText(lost));
-  form.metadata_notes_told = true;
 }
 
 // The quality to save with: the slider's, or the photo's own where that is wanted and known.

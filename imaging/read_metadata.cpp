@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "imaging/exif_block.h"
 #include "imaging/icc_profile.h"
@@ -29,9 +30,25 @@ constexpr char kCredentialsNote[] =
 
 bool HoldsJpeg(std::string_view bytes) { return bytes.find("\xFF\xD8\xFF") != bytes.npos; }
 
-// What came behind the picture: another picture, or a film.
+// A film begins with a box of this kind, whose size (4 bytes) comes first and is small.
+bool HoldsFilm(std::string_view bytes) {
+  constexpr std::string_view kKind = "ftyp";
+  for (std::size_t at = bytes.find(kKind); at != bytes.npos; at = bytes.find(kKind, at + 1)) {
+    if (at >= 4 && bytes.substr(at - 4, 3) == std::string_view("\0\0\0", 3)) return true;
+  }
+  return false;
+}
+
+// Some phones list what they put behind the picture at the very end of the file. A list of times
+// and the like is short.
+bool EndsInLongList(std::string_view bytes) {
+  constexpr std::size_t kShort = 1024;
+  return bytes.ends_with("SEFT") && bytes.size() > kShort;
+}
+
+// What came behind the picture: another picture, a film, distances.
 bool HoldsCompanion(std::string_view behind) {
-  return HoldsJpeg(behind) || behind.substr(0, 64).find("ftyp") != behind.npos;
+  return HoldsJpeg(behind) || HoldsFilm(behind) || EndsInLongList(behind);
 }
 
 class MetadataReader {
@@ -110,20 +127,25 @@ void MetadataReader::Drop(MetadataKind kind) {
 void MetadataReader::CheckExif() {
   bool seen = false;
   bool damaged = false;
+  bool second = false;
   std::erase_if(found_.segments, [&](const MetadataSegment& segment) {
     if (segment.kind != MetadataKind::kExif) return false;
-    const auto exif = seen ? std::nullopt : ExifBlock::Parse(segment.content);
-    damaged = damaged || !exif;
-    if (!exif) return true;
-    seen = true;
-    found_.orientation = exif->Orientation();
-    found_.tells_orientation = exif->TellsOrientation();
-    return false;
+    const bool first = !std::exchange(seen, true);
+    const auto exif = first ? ExifBlock::Parse(segment.content) : std::nullopt;
+    if (exif) {
+      found_.orientation = exif->Orientation();
+      found_.tells_orientation = exif->TellsOrientation();
+    } else if (first) {
+      // Better a photo without its data than one that lies on its side for good.
+      found_.orientation = ExifBlock::OrientationOfDamaged(segment.content);
+      found_.tells_orientation = found_.orientation != 1;
+    }
+    damaged = damaged || (first && !exif);
+    second = second || !first;
+    return !exif;
   });
-  if (damaged) {
-    found_.notes.push_back(
-        LeftOutNote(seen ? "second block of EXIF data is damaged" : "EXIF data is damaged"));
-  }
+  if (damaged) found_.notes.push_back(LeftOutNote("EXIF data is damaged"));
+  if (second) found_.notes.push_back(LeftOutNote("second block of EXIF data cannot be kept"));
 }
 
 void MetadataReader::CheckColourProfile() {

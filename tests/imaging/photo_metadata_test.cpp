@@ -132,7 +132,8 @@ TEST(PhotoMetadata, CompanionPicturesAndTheirTagsAreLeftOutAndTold) {
        Segments({{1, Packet(" xmlns:N=\"http://ns.adobe.com/xmp/note/\"")}})},
       {Jpeg({{2, std::string("MPF\0", 4) + "index"}}), ""},
       {Jpeg({}, Jpeg({{1, MakeExif({.orientation = 6})}})), ""},
-      {Jpeg({}, std::string("\0\0\0\x18", 4) + "ftypmp42"), ""},
+      {Jpeg({}, std::string(5000, 'x') + std::string("\0\0\0\x18", 4) + "ftypmp42"), ""},
+      {Jpeg({}, std::string(2000, 'x') + "SEFT"), ""},
   };
   for (const Case& c : cases) {
     const SharedMetadata metadata = ReadPhotoMetadata(c.jpeg);
@@ -149,10 +150,15 @@ TEST(PhotoMetadata, DamagedSegmentsAreDroppedAndTold) {
   struct Case {
     std::vector<Piece> pieces;
     const char* note;
+    int orientation = 1;
   };
+  // Cut inside the text of the maker, which is told behind the orientation.
+  const std::string cut = MakeExif({.big_endian = true, .orientation = 6}).substr(0, 60);
   const Case cases[] = {
       {{{1, std::string("Exif\0\0II*\0\xFF\xFF\xFF\x7F", 14)}},
        "The EXIF data is damaged and is left out."},
+      {{{1, cut}}, "The EXIF data is damaged and is left out.", 6},
+      {{{1, cut.substr(0, 20)}}, "The EXIF data is damaged and is left out."},
       {{{1, Packet("", "<tiff:Make>")}}, "The XMP data is damaged and is left out."},
       {{{1, Packet(" tiff:Make='A'tiff:Model='B'")}}, "The XMP data is damaged and is left out."},
       {{{1, Packet("", "<!DOCTYPE a [<!ENTITY b \"bbbb\">]>")}},
@@ -174,6 +180,7 @@ TEST(PhotoMetadata, DamagedSegmentsAreDroppedAndTold) {
     const SharedMetadata metadata = ReadPhotoMetadata(Jpeg(pieces));
     EXPECT_EQ(metadata->notes, std::vector<std::string>{c.note});
     EXPECT_EQ(Saved(metadata), Segments({{-1, "stays"}})) << c.note;
+    EXPECT_EQ(metadata->orientation, c.orientation) << c.note;
   }
 }
 
