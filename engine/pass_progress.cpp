@@ -34,7 +34,9 @@ ProgressWindow::ProgressWindow(frmProgress& progress, const std::string& job)
 }
 
 void ProgressWindow::Show() {
-  if (progress_.windows++ == 0 && progress_.view) progress_.view->ShowWindow();
+  if (progress_.windows++ > 0) return;
+  progress_.cancel_pressed = false;
+  if (progress_.view) progress_.view->ShowWindow();
 }
 
 ProgressWindow::~ProgressWindow() {

@@ -167,6 +167,8 @@ void ZoomMouseUp(frmZoom& zoom, MouseButton button, ZoomPoint point, frmModules&
   Pick(zoom, point, panel, skin_tones, events);
 }
 
+void LeaveZoomPhoto(frmZoom& zoom) { zoom.action = frmZoom::Action::kNone; }
+
 void ZoomKeyDown(frmZoom& zoom, ArrowKey key) {
   const ZoomPoint direction = DirectionOf(key);
   MoveByHand(zoom, zoom.left - kArrowStep * direction.x, zoom.top - kArrowStep * direction.y);

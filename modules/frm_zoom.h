@@ -63,6 +63,10 @@ void ZoomMouseMove(frmZoom& zoom, ZoomPoint point);
 void ZoomMouseUp(frmZoom& zoom, MouseButton button, ZoomPoint point, frmModules& panel,
                  frmSkinTones& skin_tones, PendingEvents& events);
 
+// Another window has taken the pointer while a button was down: ends dragging or picking, with
+// nothing picked.
+void LeaveZoomPhoto(frmZoom& zoom);
+
 // Moves the view by a fixed step.
 void ZoomKeyDown(frmZoom& zoom, ArrowKey key);
 

@@ -18,8 +18,9 @@ class MainView {
   virtual void Refresh() = 0;
   virtual void ShowStatus(const std::string& text) = 0;  // in the status bar
 
-  // Shows this tip (1 to kTipCount) in the tips window, which does not hold up the program.
-  virtual void ShowTipsWindow(int tip) = 0;
+  // Shows this tip (1 to kTipCount) in the tips window, which does not hold up the program. Only
+  // one that the user has asked for takes the keyboard.
+  virtual void ShowTipsWindow(int tip, bool asked_for) = 0;
   virtual bool IsTipsWindowShown() const = 0;
   // Gives the module panel the keyboard, and as much of the screen's height as there is.
   virtual void MaximizeModules() = 0;

@@ -83,7 +83,7 @@ void OfferTip(MainWindow& window, int tip) {
   // Nobody has a tip that is being read taken away; this one comes the next time.
   if (window.view.IsTipsWindowShown()) return;
   tips.offered[tip - 1] = true;
-  window.view.ShowTipsWindow(tip);
+  window.view.ShowTipsWindow(tip, /*asked_for=*/false);
 }
 
 void OfferModuleTip(MainWindow& window, int module) {

@@ -102,7 +102,7 @@ void PressWindowButton(MainWindow& window, int index) {
   Form1& form = window.form;
   switch (index) {
     case kTipsButton:
-      return window.view.ShowTipsWindow(kStartUpTip);
+      return window.view.ShowTipsWindow(kStartUpTip, /*asked_for=*/true);
     case kModulesButton:
       window.view.MaximizeModules();
       return OfferTip(window, kMaximizeTip);

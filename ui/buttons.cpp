@@ -148,7 +148,9 @@ void RadioButton::Update() {
 bool RadioButton::OnKey(WPARAM key) {
   const bool back = key == VK_UP || key == VK_LEFT;
   if (!back && key != VK_DOWN && key != VK_RIGHT) return false;
-  const HWND next = GetWindow(handle(), back ? GW_HWNDPREV : GW_HWNDNEXT);
+  const UINT direction = back ? GW_HWNDPREV : GW_HWNDNEXT;
+  HWND next = GetWindow(handle(), direction);
+  while (next && !IsWindowEnabled(next)) next = GetWindow(next, direction);
   if (next && (SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON)) {
     SetFocus(next);
     if (arrows_choose) SendMessageW(next, BM_CLICK, 0, 0);
@@ -161,12 +163,12 @@ void RadioButton::Paint(Painter& painter, const Box& client) {
   const double radius = look().scale.Exact(kMarkSide / 2.0);
   const Point centre = {client.x + look().Px(kMarkLeft) + radius, client.y + client.height / 2.0};
   if (is_on()) {
-    painter.Disc(centre, radius, theme.accent);
+    painter.Disc(centre, radius, enabled() ? theme.accent : theme.disabled);
     painter.Disc(centre, radius * 0.42, theme.on_accent);
   } else {
     painter.Disc(centre, radius, hovered() ? theme.hover : theme.card);
     painter.Ring(centre, radius - look().scale.Exact(0.75), look().scale.Exact(1.25),
-                 theme.control_border);
+                 enabled() ? theme.control_border : theme.disabled);
   }
   const int text_left = client.x + look().Px(kMarkLeft + kMarkSide + kGrid);
   painter.Text({text_left, client.y, client.right() - text_left, client.height}, Text(),

@@ -51,8 +51,8 @@ RECT FrameWindow::OwnerRect() const {
   return rect;
 }
 
-// In the middle of `around`, on the screen.
-void FrameWindow::ShowWithin(RECT around) {
+// In the middle of `around`, on the screen; `how` is an SW_ constant.
+void FrameWindow::ShowWithin(RECT around, int how) {
   RECT own = {};
   GetWindowRect(handle(), &own);
   const RECT work = WorkArea(handle());
@@ -60,16 +60,16 @@ void FrameWindow::ShowWithin(RECT around) {
   const int x = std::max<int>(work.left, std::min<int>(box.x, work.right - box.width));
   const int y = std::max<int>(work.top, std::min<int>(box.y, work.bottom - box.height));
   SetWindowPos(handle(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-  ShowWindow(handle(), SW_SHOW);
+  ShowWindow(handle(), how);
 }
 
-void FrameWindow::ShowCentred() { ShowWithin(OwnerRect()); }
+void FrameWindow::ShowCentred() { ShowWithin(OwnerRect(), SW_SHOW); }
 
 void FrameWindow::ShowAtRight() {
   RECT own = {}, around = OwnerRect();
   GetWindowRect(handle(), &own);
   around.left = std::max<LONG>(around.left, around.right - (own.right - own.left) - 2 * Px(kGrid));
-  ShowWithin(around);
+  ShowWithin(around, SW_SHOWNA);
 }
 
 void FrameWindow::FillHeight() {

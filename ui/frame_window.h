@@ -20,7 +20,8 @@ class FrameWindow : public Window {
   // Whether focus and access keys are drawn: the keyboard was used last.
   void ShowFocus(bool show);
 
-  // Shows a window that the user may work with, in the middle of its owner, or at its right.
+  // Shows a window that the user may work with in the middle of its owner, in front of all others,
+  // or at its owner's right, without taking the keyboard.
   void ShowCentred();
   void ShowAtRight();
 
@@ -57,7 +58,7 @@ class FrameWindow : public Window {
  private:
   LRESULT FieldColours(HDC dc);
   void Rescale(Scale scale, const RECT* suggested);
-  void ShowWithin(RECT around);
+  void ShowWithin(RECT around, int how);
   RECT OwnerRect() const;
   void KeepFocus();
   void GiveFocusBack();

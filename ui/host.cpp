@@ -148,10 +148,11 @@ void Host::OpenMainWindow() {
   automated.Load();
 }
 
-// The window in front, so that a dialog never comes up behind one of the program's own.
+// The window in front, so that a dialog never comes up behind one of the program's own. After a
+// click on the tray icon that is a window that nobody sees.
 HWND DialogOwner(HWND main_window) {
   const HWND active = GetActiveWindow();
-  return active ? active : main_window;
+  return IsWindowVisible(active) ? active : main_window;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <shellapi.h>
+#include <utility>
 #include <windowsx.h>
 
 #include "automation/auto_window.h"
@@ -136,7 +137,11 @@ void MainFrame::RunCommand(const std::function<void()>& change, bool refresh) {
     const Occupied occupied(*window_);
     TellLackOfMemory(window_->form, change);
   }
-  if (refresh) Refresh();
+  if (refresh) {
+    Refresh();
+  } else {
+    histogram_->Update();
+  }
   FollowPanel();
 }
 
@@ -226,7 +231,7 @@ void MainFrame::ShowStatus(const std::string& text) {
   UpdateWindow(status_->handle());
 }
 
-void MainFrame::ShowTipsWindow(int tip) { others_->ShowTip(tip); }
+void MainFrame::ShowTipsWindow(int tip, bool asked_for) { others_->ShowTip(tip, asked_for); }
 bool MainFrame::IsTipsWindowShown() const { return others_->IsTipShown(); }
 // The panel is as tall as the window.
 void MainFrame::MaximizeModules() {
@@ -324,8 +329,10 @@ void MainFrame::PaintClient(Painter& painter, const Box& client) {
   painter.Fill({0, layout_.status.y, client.width, 1}, theme().border);
 }
 
-void MainFrame::OpenDropped(const std::wstring& path) {
-  if (path.empty()) return;
+// A photo that is dropped during a command waits for its end.
+void MainFrame::OpenDropped() {
+  if (dropped_.empty() || IsOccupied(*window_)) return;
+  const std::wstring path = std::exchange(dropped_, {});
   OpenFromOutside(*window_, [&path] { return Narrow(path); });
   FollowPanel();
 }
@@ -335,7 +342,9 @@ void MainFrame::Poll() {
   const std::string before = window_->form.app.current_file;
   Timer2_Tick(*window_);
   const bool opened = window_->form.app.current_file != before;
-  if (opened && !IsWindowVisible(handle())) auto_windows_->ShowMainWindow();
+  const bool seen = IsWindowVisible(handle()) && !IsIconic(handle());
+  if (opened && !seen) auto_windows_->ShowMainWindow();
+  OpenDropped();
 }
 
 void MainFrame::OnTimer(WPARAM timer) {
@@ -352,7 +361,8 @@ LRESULT MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       OnTimer(w);
       return 0;
     case WM_DROPFILES:
-      OpenDropped(FirstDropped(reinterpret_cast<HDROP>(w)));
+      dropped_ = FirstDropped(reinterpret_cast<HDROP>(w));
+      OpenDropped();
       return 0;
     case WM_MOUSEWHEEL: {
       POINT point = {GET_X_LPARAM(l), GET_Y_LPARAM(l)};

@@ -43,7 +43,7 @@ class MainFrame : public FrameWindow, public MainView {
 
   void Refresh() override;
   void ShowStatus(const std::string& text) override;
-  void ShowTipsWindow(int tip) override;
+  void ShowTipsWindow(int tip, bool asked_for) override;
   bool IsTipsWindowShown() const override;
   void MaximizeModules() override;
   void ShowOpenMode() override;
@@ -82,7 +82,7 @@ class MainFrame : public FrameWindow, public MainView {
   void LayOutActions(const Box& row);
   void UpdateTools(std::vector<Tool>& tools);
   POINT BelowTool(int index) const;
-  void OpenDropped(const std::wstring& path);
+  void OpenDropped();
   void Poll();
   void OnTimer(WPARAM timer);
   void PlaceStatus();
@@ -106,6 +106,7 @@ class MainFrame : public FrameWindow, public MainView {
   std::unique_ptr<PreviewControl> preview_;
   std::unique_ptr<HistogramControl> histogram_;
   std::unique_ptr<PanelView> panel_;
+  std::wstring dropped_;  // the photo that was dropped last and is not open yet
   bool preview_took_long_ = false;
 };
 

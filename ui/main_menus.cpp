@@ -17,14 +17,15 @@ void MainMenus::Create(HWND frame, MainWindow& window) {
 }
 
 // From menu to menu, until a row is chosen or the user backs out.
+// Work that lets events in is not held up by a menu, whose rows would do nothing.
 void MainMenus::Open(int menu) {
+  if (IsOccupied(*window_)) return;
   for (;;) {
     std::optional<int> other_menu;
     const std::optional<int> row = Pick(menu, bar_.Below(menu), &other_menu);
-    if (row) {
-      bar_.Leave();
-      return MenuClick(*window_, menu, *row);
-    }
+    // With the keyboard the user may go on to another menu.
+    if (row || (!other_menu && !look_.show_focus)) bar_.Leave();
+    if (row) return MenuClick(*window_, menu, *row);
     if (!other_menu) return;
     menu = *other_menu;
   }

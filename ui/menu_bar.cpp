@@ -1,5 +1,7 @@
 #include "ui/menu_bar.h"
 
+#include <algorithm>
+
 #include "ui/popup_menu.h"
 
 namespace tarnwell {
@@ -50,6 +52,11 @@ class MenuBar::Entry : public Button {
 
   LRESULT WantedKeys() const override { return Button::WantedKeys() | DLGC_WANTARROWS; }
 
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override {
+    if (message == WM_SETFOCUS) bar_.FocusCameFrom(reinterpret_cast<HWND>(w));
+    return Button::Handle(message, w, l);
+  }
+
  private:
   MenuBar& bar_;
   int menu_;
@@ -76,19 +83,23 @@ void MenuBar::LayOut(const Box& row) {
   }
 }
 
+bool MenuBar::Holds(HWND window) const {
+  return std::any_of(entries_.begin(), entries_.end(),
+                     [window](const auto& entry) { return entry->handle() == window; });
+}
+
+void MenuBar::FocusCameFrom(HWND window) {
+  if (window && !Holds(window)) before_ = window;
+}
+
 bool MenuBar::Leave() {
-  const HWND focus = GetFocus();
-  for (const auto& entry : entries_) {
-    if (entry->handle() != focus) continue;
-    if (IsWindowVisible(before_) && IsWindowEnabled(before_)) SetFocus(before_);
-    return true;
-  }
-  return false;
+  if (!Holds(GetFocus())) return false;
+  if (IsWindowVisible(before_) && IsWindowEnabled(before_)) SetFocus(before_);
+  return true;
 }
 
 void MenuBar::ToggleFocus() {
   if (Leave()) return;
-  before_ = GetFocus();
   SetFocus(entries_[0]->handle());
 }
 

@@ -36,6 +36,9 @@ class MenuBar {
  private:
   class Entry;
 
+  bool Holds(HWND window) const;
+  void FocusCameFrom(HWND window);
+
   const Look& look_;
   std::array<std::unique_ptr<Entry>, kMenuCount> entries_;
   HWND before_ = nullptr;  // had the focus before

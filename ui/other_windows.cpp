@@ -52,7 +52,9 @@ Kind& OtherWindows::Made(std::unique_ptr<Kind>& window, Parts&&... parts) {
   return *window;
 }
 
-void OtherWindows::ShowTip(int tip) { Made(tips_, main_window_, window_.tips).ShowTip(tip); }
+void OtherWindows::ShowTip(int tip, bool asked_for) {
+  Made(tips_, main_window_, window_.tips).Open(tip, asked_for);
+}
 
 bool OtherWindows::IsTipShown() const { return tips_ && IsWindowVisible(tips_->handle()); }
 
@@ -134,7 +136,7 @@ std::vector<std::string> OtherWindows::ChoosePhotos(const std::string& title) {
 std::vector<bool> OtherWindows::CheckEntries(const std::string& title, const std::string& text,
                                              const std::vector<std::string>& entries) {
   std::vector<std::wstring> captions;
-  for (const std::string& entry : entries) captions.push_back(Wide(entry));
+  for (const std::string& entry : entries) captions.push_back(AsCaption(Wide(entry)));
   CheckListWindow dialog(main_window_, Wide(title), Wide(text), captions);
   if (!dialog.Run(messages_, main_window_)) return {};
   return dialog.checked();

@@ -39,7 +39,7 @@ class OtherWindows {
   // that are made later begin with the main one's look.
   void Attach(const FrameWindow& main_window);
 
-  void ShowTip(int tip);
+  void ShowTip(int tip, bool asked_for);
   bool IsTipShown() const;
   void ShowAbout();
   void ShowOpenMode();

@@ -10,6 +10,16 @@ namespace {
 // Paths have no blanks to break at: a word that is too long is broken anywhere.
 constexpr UINT kParagraph = DT_LEFT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX;
 
+// A caption without the marks of its access key; "&&" stands for the letter itself.
+std::wstring WithoutMarks(const std::wstring& caption) {
+  std::wstring text;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == L'&' && i + 1 < caption.size()) ++i;
+    text += caption[i];
+  }
+  return text;
+}
+
 }  // namespace
 
 Painter::Painter(HDC target, const Box& area, const Look& look)
@@ -112,9 +122,10 @@ int Painter::Draw(const Box& box, const std::wstring& text, Face face, Colour co
 
 // Access keys are underlined only while the keyboard is in use.
 void Painter::Text(const Box& box, const std::wstring& text, Face face, Colour colour, UINT align) {
-  std::wstring shown = text;
-  if (!(align & DT_NOPREFIX) && !look_.show_focus) std::erase(shown, L'&');
-  Draw(box, shown, face, colour, align | DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
+  const bool unmarked = !(align & DT_NOPREFIX) && !look_.show_focus;
+  const UINT format = align | (unmarked ? DT_NOPREFIX : 0);
+  Draw(box, unmarked ? WithoutMarks(text) : text, face, colour,
+       format | DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
 }
 
 int Painter::Paragraph(const Box& box, const std::wstring& text, Face face, Colour colour) {

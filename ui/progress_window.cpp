@@ -55,6 +55,7 @@ void ProgressBox::LayOut(const Box& client) {
 }
 
 void ProgressBox::ShowWindow() {
+  ShowCancel(progress_.cancel_pressed);
   ShowText(progress_.lblJob);
   started_ = last_report_ = GetTickCount64();
   running_ = true;
@@ -107,10 +108,15 @@ void ProgressBox::ShowNote() {
   UpdateWindow(lblFolder_.handle());
 }
 
+// It stays pressed until the window is gone: the work may take a moment to end.
+void ProgressBox::ShowCancel(bool pressed) {
+  picCancel_.SetText(pressed ? L"Cancelling..." : L"&Cancel");
+  picCancel_.SetChosen(pressed);
+}
+
 void ProgressBox::Cancel() {
-  picCancel_.SetText(L"Cancelling...");
+  ShowCancel(/*pressed=*/true);
   CancelClicked(progress_, cancel_requested_, events_);
-  picCancel_.SetText(L"&Cancel");
 }
 
 void ProgressBox::Animate() {

@@ -31,6 +31,7 @@ class ProgressBox : public FrameWindow, public ProgressView {
 
  private:
   void ShowNote();
+  void ShowCancel(bool pressed);
   void Cancel();
   void Animate();
   void ComeUpWhenDue();

@@ -54,8 +54,13 @@ void TipsWindow::ShowTip(int tip) {
   hide_this_.Update();
   hide_all_.Update();
   Invalidate();
+}
+
+void TipsWindow::Open(int tip, bool asked_for) {
+  ShowTip(tip);
   // Over the module panel: a tip about the preview must not hide it.
   if (!IsWindowVisible(handle())) ShowAtRight();
+  if (asked_for) SetForegroundWindow(handle());
 }
 
 Box TipsWindow::IconBox() const { return {Px(kMargin), Px(3 * kGrid), Px(28), Px(28)}; }

@@ -11,7 +11,8 @@ struct Tips;
 class TipsWindow : public FrameWindow {
  public:
   TipsWindow(HWND owner, Tips& tips);
-  void ShowTip(int tip);
+  // Takes the keyboard when the user has asked for the tip.
+  void Open(int tip, bool asked_for);
 
  protected:
   void LayOut(const Box& client) override;
@@ -19,6 +20,7 @@ class TipsWindow : public FrameWindow {
   void OnConfirm() override { OnDismiss(); }
 
  private:
+  void ShowTip(int tip);
   Box IconBox() const;
 
   Tips& tips_;

@@ -16,7 +16,7 @@ std::wstring WhiteModeCaption(const frmModules& panel, int mode) {
   const std::wstring caption = mode == 1 ? L"White pixel of the photo" : L"Custom file";
   const ModeLabel label = lblModeSet(panel, mode - 1);
   if (!label.visible || label.text.empty() || label.text == "~") return caption;
-  return caption + L": " + Wide(label.text);
+  return AsCaption(caption + L": " + Wide(label.text));
 }
 
 PanelPart WhiteModeChoice(HWND parent, const Look& look, PanelHost& host, int mode) {
@@ -42,6 +42,9 @@ PanelPart WhiteModeChoice(HWND parent, const Look& look, PanelHost& host, int mo
           },
           [made, &form, mode] {
             made->SetText(WhiteModeCaption(form.modules, mode));
+            // There is no pixel to pick without a photo.
+            made->Enable(mode != static_cast<int>(WhiteBalanceMode::kPickedPixel) ||
+                         form.buffer.surfaces.picOriginal.picture);
             made->Update();
           }};
 }

@@ -11,6 +11,12 @@ void InitialiseControls() {
   InitCommonControlsEx(&classes);
 }
 
+std::wstring AsCaption(std::wstring_view text) {
+  std::wstring caption;
+  for (const wchar_t letter : text) caption.append(letter == L'&' ? 2 : 1, letter);
+  return caption;
+}
+
 Window::~Window() { Destroy(); }
 
 void Window::Destroy() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <windows.h>
 
 #include "ui/look/box.h"
@@ -10,6 +11,9 @@ namespace tarnwell {
 // Told to the parent when a child takes the focus, so that a parent that scrolls can bring it into
 // view; the child's handle in wParam.
 inline constexpr UINT kFocusArrived = WM_APP + 1;
+
+// `text` as the caption of a control, where "&" would mark an access key.
+std::wstring AsCaption(std::wstring_view text);
 
 // A window of the system with its messages as one virtual call. The object owns the window.
 class Window {

@@ -109,19 +109,28 @@ void ZoomWindow::LayOut(const Box& client) {
   container_.Invalidate();
 }
 
+// `delta` in the system's unit, positive to the right or towards the hand. A fine wheel tells parts
+// of a step, which add up.
+void ZoomWindow::Wheel(bool across, int delta) {
+  int& rest = across ? wheel_across_ : wheel_down_;
+  rest += delta * kWheelSteps;
+  const ArrowKey back = across ? ArrowKey::kLeft : ArrowKey::kUp;
+  const ArrowKey on = across ? ArrowKey::kRight : ArrowKey::kDown;
+  for (; rest <= -WHEEL_DELTA; rest += WHEEL_DELTA) ZoomKeyDown(models_.zoom, back);
+  for (; rest >= WHEEL_DELTA; rest -= WHEEL_DELTA) ZoomKeyDown(models_.zoom, on);
+  Changed();
+}
+
 LRESULT ZoomWindow::Handle(UINT message, WPARAM w, LPARAM l) {
-  if (message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL) {
-    const bool ahead = GET_WHEEL_DELTA_WPARAM(w) > 0;
-    const bool across = message == WM_MOUSEHWHEEL || (GET_KEYSTATE_WPARAM(w) & MK_SHIFT);
-    // A wheel that is tipped to the right moves on; one that is turned away from the hand moves up.
-    const bool back = message == WM_MOUSEHWHEEL ? !ahead : ahead;
-    for (int step = 0; step < kWheelSteps; ++step) {
-      ZoomKeyDown(models_.zoom, across ? (back ? ArrowKey::kLeft : ArrowKey::kRight)
-                                : back ? ArrowKey::kUp
-                                       : ArrowKey::kDown);
-    }
-    Changed();
-    return 0;
+  const int delta = GET_WHEEL_DELTA_WPARAM(w);
+  switch (message) {
+    case WM_MOUSEWHEEL:
+      // Turned away from the hand it moves up.
+      Wheel((GET_KEYSTATE_WPARAM(w) & MK_SHIFT) != 0, -delta);
+      return 0;
+    case WM_MOUSEHWHEEL:
+      Wheel(/*across=*/true, delta);
+      return 0;
   }
   return FrameWindow::Handle(message, w, l);
 }
@@ -187,8 +196,8 @@ bool ZoomWindow::Container::HandleButton(UINT message, ZoomPoint point) {
     SetCapture(handle());
     ZoomMouseDown(models.zoom, *button, point);
   } else {
-    ReleaseCapture();
     ZoomMouseUp(models.zoom, *button, point, models.panel, models.skin_tones, models.events);
+    ReleaseCapture();
   }
   window_.Changed();
   return true;
@@ -200,6 +209,10 @@ LRESULT ZoomWindow::Container::Handle(UINT message, WPARAM w, LPARAM l) {
   if (message == WM_MOUSEMOVE && window_.models_.zoom.action != frmZoom::Action::kNone) {
     ZoomMouseMove(window_.models_.zoom, point);
     window_.Changed();
+    return 0;
+  }
+  if (message == WM_CAPTURECHANGED) {
+    LeaveZoomPhoto(window_.models_.zoom);
     return 0;
   }
   if (message == WM_SETCURSOR) {

@@ -57,6 +57,7 @@ class ZoomWindow : public FrameWindow {
     ZoomWindow& window_;
   };
 
+  void Wheel(bool across, int delta);
   void Changed();  // the model has changed
   void Hide(bool picked);
 
@@ -65,6 +66,8 @@ class ZoomWindow : public FrameWindow {
   Container container_;
   Label instruction_;
   SwatchControl lblColor_;
+  int wheel_across_ = 0;  // what has been turned since the last step
+  int wheel_down_ = 0;
 };
 
 }  // namespace tarnwell

@@ -27,7 +27,7 @@ class RecordingView : public MainView {
 
   void Refresh() override { ++refreshes; }
   void ShowStatus(const std::string& text) override { log.push_back("status " + text); }
-  void ShowTipsWindow(int tip) override { log.push_back("tip " + std::to_string(tip)); }
+  void ShowTipsWindow(int tip, bool) override { log.push_back("tip " + std::to_string(tip)); }
   bool IsTipsWindowShown() const override { return tips_shown; }
   void MaximizeModules() override { log.push_back("modules"); }
   void ShowOpenMode() override {
