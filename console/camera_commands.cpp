@@ -4,6 +4,7 @@
 
 #include "console/console_host.h"
 #include "console/panel_settings.h"
+#include "console/shown_text.h"
 #include "engine/learning_store.h"
 #include "modules/frm_modules.h"
 #include "modules/profiles.h"
@@ -23,7 +24,7 @@ std::string LearntText(std::size_t records) {
 // Prints the failure, if it is one, and remembers it in the exit code.
 void Note(const Status& status, ConsoleHost& host, int& code) {
   if (status.ok()) return;
-  host.err << status.message << std::endl;
+  TellLine(host.err, status.message);
   code = kSomePhotoFailed;
 }
 
@@ -36,7 +37,7 @@ void ListModes(Module1& app, Files& files, frmModules& panel, ConsoleHost& host,
     const std::string mode = entry.substr(1);  // behind the marker
     SetProfile(app, panel.camera, mode);
     const LoadedLearning learnt = LoadLearningData(files, app.mode_folder);
-    host.out << "  " << mode << ": " << LearntText(learnt.data.records.size()) << "\n";
+    host.out << "  " << OneLine(mode) << ": " << LearntText(learnt.data.records.size()) << "\n";
     Note(learnt.status, host, code);
   }
 }
@@ -59,11 +60,11 @@ int RunCamerasCommand(const CamerasOptions& options, ConsoleHost& host) {
   const auto files = MakeSystemFiles();
   Module1 app;
   if (const Status found = UseProgramFolder(options.program_folder, *files, app); !found.ok()) {
-    host.err << found.message << std::endl;
+    TellLine(host.err, found.message);
     return kWrongUsage;
   }
   if (!files->FolderExists(app.cameras_root)) {
-    host.err << files->Display(app.cameras_root) << ": no camera has been made yet" << std::endl;
+    TellLine(host.err, files->Display(app.cameras_root) + ": no camera has been made yet");
     return kDone;
   }
   int code = kDone;
@@ -74,7 +75,7 @@ int RunCamerasCommand(const CamerasOptions& options, ConsoleHost& host) {
   for (const std::string& entry : *cameras) {
     panel.camera = entry.substr(1);
     SetProfile(app, panel.camera, "");
-    host.out << panel.camera << "\n";
+    host.out << OneLine(panel.camera) << "\n";
     ListModes(app, *files, panel, host, code);
   }
   return code;
@@ -86,7 +87,7 @@ int RunLearningCommand(const LearningOptions& options, ConsoleHost& host) {
   Status found = UseProgramFolder(options.program_folder, *files, app);
   if (found.ok()) found = FindProfile(options, *files, app);
   if (!found.ok()) {
-    host.err << found.message << std::endl;
+    TellLine(host.err, found.message);
     return kWrongUsage;
   }
   int code = kDone;

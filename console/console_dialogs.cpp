@@ -1,16 +1,8 @@
 #include "console/console_dialogs.h"
 
-namespace tarnwell {
+#include "console/shown_text.h"
 
-std::string OneLine(const std::string& text) {
-  std::string line;
-  for (const char c : text) {
-    const bool line_end = c == '\r' || c == '\n';
-    if (line_end && (line.empty() || line.back() == ' ')) continue;
-    line += line_end ? ' ' : c;
-  }
-  return line;
-}
+namespace tarnwell {
 
 Answer ConsoleDialogs::Ask(const Message& message) {
   if (message.topic == Topic::kUnappliedChanges) {
@@ -23,7 +15,7 @@ Answer ConsoleDialogs::Ask(const Message& message) {
 void ConsoleDialogs::Tell(const Message& message) {
   // The command takes its next name then, or says itself that it has none.
   if (message.topic == Topic::kTakenName) return;
-  err_ << OneLine(message.text) << std::endl;
+  TellLine(err_, message.text);
 }
 
 }  // namespace tarnwell

@@ -7,9 +7,6 @@
 
 namespace tarnwell {
 
-// A text of several lines as one: line ends of any kind become single blanks.
-std::string OneLine(const std::string& text);
-
 // Nobody sits at a command: messages become lines on standard error, and questions have answers
 // that were fixed beforehand.
 class ConsoleDialogs : public DialogsOfNobody {

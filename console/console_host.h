@@ -12,6 +12,7 @@ struct ConsoleHost {
   bool err_is_terminal = false;  // progress and hints are shown only there
   // True from the moment on in which the user asked to stop. May be asked from several threads.
   std::function<bool()> interrupted = [] { return false; };
+  std::function<int()> columns = [] { return 80; };  // of that terminal, at the moment
 };
 
 // How commands end.

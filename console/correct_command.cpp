@@ -8,7 +8,9 @@
 #include "console/console_dialogs.h"
 #include "console/console_host.h"
 #include "console/console_window.h"
+#include "console/output_extension.h"
 #include "console/progress_bar.h"
+#include "console/shown_text.h"
 #include "engine/adjust_photo.h"
 #include "imaging/file_open.h"
 #include "imaging/file_save.h"
@@ -16,6 +18,17 @@
 
 namespace tarnwell {
 namespace {
+
+// A photo as the user named it, and in full.
+struct NamedPhoto {
+  std::string given;
+  std::string path;
+};
+
+// The folder of a path in the user's own spelling, up to and including its last separator.
+std::string FolderAsGiven(const std::string& path) {
+  return path.substr(0, path.find_last_of("/\\") + 1);
+}
 
 class CorrectCommand {
  public:
@@ -26,9 +39,10 @@ class CorrectCommand {
 
  private:
   Status PrepareSettings();
-  Status CorrectPhoto(const std::string& photo);
-  Status CorrectOpenedPhoto(Form1& form, const std::string& photo, const std::string& output_path);
-  Status Save(Form1& form, const std::string& photo, std::string output_path);
+  Status CorrectPhoto(const std::string& given);
+  Status CorrectOpenedPhoto(Form1& form, const NamedPhoto& photo, const std::string& output_path);
+  Status Save(Form1& form, const NamedPhoto& photo, std::string output_path);
+  void TellSaved(const NamedPhoto& photo, const std::string& path);
   std::string OutputPath(const std::string& photo);
   Result<std::string> PlanOutput(const std::string& photo);
   std::string TakenText(const std::string& path) {
@@ -45,7 +59,7 @@ class CorrectCommand {
 
 int CorrectCommand::Run() {
   if (const Status prepared = PrepareSettings(); !prepared.ok()) {
-    host_.err << prepared.message << std::endl;
+    TellLine(host_.err, prepared.message);
     return kWrongUsage;
   }
   int code = kDone;
@@ -54,7 +68,7 @@ int CorrectCommand::Run() {
     const Status corrected = CorrectPhoto(photo);
     if (corrected.ok()) continue;
     if (host_.interrupted()) return kInterrupted;
-    host_.err << corrected.message << std::endl;
+    TellLine(host_.err, corrected.message);
     code = kSomePhotoFailed;
   }
   return code;
@@ -102,31 +116,36 @@ Result<std::string> CorrectCommand::PlanOutput(const std::string& photo) {
   return path;
 }
 
-Status CorrectCommand::CorrectPhoto(const std::string& photo) {
-  const std::string photo_path = files().Absolute(photo);
+Status CorrectCommand::CorrectPhoto(const std::string& given) {
+  const NamedPhoto photo = {files().Display(given), files().Absolute(given)};
   try {
-    const Result<std::string> output_path = PlanOutput(photo_path);
+    const Result<std::string> output_path = PlanOutput(photo.path);
     if (!output_path.ok()) return output_path.status;
 
     std::optional<ProgressBar> bar;
-    if (host_.err_is_terminal && !options_.settings.quiet) bar.emplace(host_.err);
+    if (host_.err_is_terminal && !options_.settings.quiet) {
+      bar.emplace(TerminalLine(host_.err, host_.columns));
+    }
     ConsoleWindow window(start_, system_, dialogs_, host_.interrupted, ThreadsOf(options_.settings),
                          bar ? &*bar : nullptr);
-    window.app.opened_path = photo_path;
-    return CorrectOpenedPhoto(window.form, photo_path, *output_path);
+    window.app.opened_path = photo.path;
+    window.form.collect_note = [&](const std::string& note) {
+      TellLine(host_.err, FolderAsGiven(photo.given) + note);
+    };
+    return CorrectOpenedPhoto(window.form, photo, *output_path);
   } catch (const std::bad_alloc&) {
-    return Status::Error(Failure::kTooLarge, files().Display(photo_path) + ": not enough memory");
+    return Status::Error(Failure::kTooLarge, files().Display(photo.path) + ": not enough memory");
   }
 }
 
-Status CorrectCommand::CorrectOpenedPhoto(Form1& form, const std::string& photo,
+Status CorrectCommand::CorrectOpenedPhoto(Form1& form, const NamedPhoto& photo,
                                           const std::string& output_path) {
   if (Status opened = FileOpen(form, /*show_dialog=*/false); !opened.ok()) return opened;
   if (Status adjusted = AdjustPhoto(form, options_.preview); !adjusted.ok()) return adjusted;
   const std::string record = form.app.learning_record;
   const std::string learnt = ProposalText(form.learnt);
   if (!options_.settings.quiet && !learnt.empty()) {
-    host_.err << files().Display(form.app.current_file) << ": " << learnt << std::endl;
+    TellLine(host_.err, photo.given + ": " + learnt);
   }
 
   Status saved = Save(form, photo, output_path);
@@ -134,13 +153,27 @@ Status CorrectCommand::CorrectOpenedPhoto(Form1& form, const std::string& photo,
   return saved;
 }
 
-Status CorrectCommand::Save(Form1& form, const std::string& photo, std::string output_path) {
+// The program may have chosen the name, and the user wants to find the file.
+void CorrectCommand::TellSaved(const NamedPhoto& photo, const std::string& path) {
+  if (options_.settings.quiet) return;
+  std::string shown = files().Display(options_.output);
+  if (shown.empty()) {
+    shown = files().Display(options_.output_folder);
+    if (shown.empty()) shown = FolderAsGiven(photo.given);
+    if (!shown.empty() && FolderAsGiven(shown) != shown) shown += files().Display("\\");
+    shown += SplitPhotoPath(path).file_name;
+  }
+  TellLine(host_.err, photo.given + ": saved as " + shown + HowWritten(path));
+}
+
+Status CorrectCommand::Save(Form1& form, const NamedPhoto& photo, std::string output_path) {
   for (;;) {
     form.names.output_path = output_path;
     Status saved = FileSave(form, /*notify=*/false);
+    if (saved.ok()) TellSaved(photo, output_path);
     if (saved.failure != Failure::kNameTaken) return saved;
     if (!options_.output.empty()) return Status::Error(Failure::kExists, TakenText(output_path));
-    Result<std::string> next = PlanOutput(photo);
+    Result<std::string> next = PlanOutput(photo.path);
     if (!next.ok()) return next.status;
     output_path = std::move(*next);
   }

@@ -9,6 +9,7 @@
 #include "console/options.h"
 #include "console/panel_settings.h"
 #include "console/progress_bar.h"
+#include "console/shown_text.h"
 #include "deadpixels/add_test_shot.h"
 #include "deadpixels/assess_test_shots.h"
 #include "shell/profile_selection.h"
@@ -25,7 +26,7 @@ class DeadPixelsCommand {
     Status ready = UseProgramFolder(options_.program_folder, files(), window_.app);
     if (ready.ok()) ready = SelectCamera();
     if (!ready.ok()) {
-      host_.err << ready.message << std::endl;
+      TellLine(host_.err, ready.message);
       return kWrongUsage;
     }
     if (options_.action == DeadPixelsAction::kAdd) {
@@ -56,7 +57,7 @@ class DeadPixelsCommand {
         Fail(added.status.message);
         continue;
       }
-      host_.out << shot << ": " << (added->kind == ShotKind::kDark ? "dark" : "light")
+      host_.out << OneLine(shot) << ": " << (added->kind == ShotKind::kDark ? "dark" : "light")
                 << " shot of " << ResolutionName(added->resolution) << ", kept as " << added->name
                 << std::endl;
     }
@@ -78,7 +79,7 @@ class DeadPixelsCommand {
   bool AssessResolution(const Resolution& resolution) {
     std::optional<ProgressBar> bar;
     if (host_.err_is_terminal) {
-      bar.emplace(host_.err);
+      bar.emplace(TerminalLine(host_.err, host_.columns));
       bar->ShowText(ResolutionName(resolution));
       bar->ShowWindow();
     }
@@ -99,7 +100,7 @@ class DeadPixelsCommand {
   }
 
   void Fail(const std::string& line) {
-    host_.err << line << std::endl;
+    TellLine(host_.err, line);
     code_ = kSomePhotoFailed;
   }
 

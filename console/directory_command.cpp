@@ -15,6 +15,7 @@
 #include "console/console_window.h"
 #include "console/folder_progress.h"
 #include "console/photo_budget.h"
+#include "console/shown_text.h"
 #include "imaging/output_names.h"
 #include "imaging/photo_list.h"
 
@@ -136,11 +137,11 @@ int DirectoryCommand::Summarize() {
   for (const Photo& photo : photos_) {
     if (!photo.status || photo.status->ok()) continue;
     if (photo.status->failure == Failure::kCancelled && host_.interrupted()) continue;
-    host_.err << photo.status->message << "\n";
+    TellLine(host_.err, photo.status->message);
     failed = true;
   }
   if (!settings_.quiet) {
-    host_.err << SummaryText(corrected) << "\n";
+    TellLine(host_.err, SummaryText(corrected));
   }
   host_.err << std::flush;
   if (host_.interrupted()) return kInterrupted;
@@ -151,23 +152,23 @@ void DirectoryCommand::Tell(const std::string& text) {
   if (progress_) {
     progress_->Tell(text);
   } else {
-    host_.err << text << std::endl;
+    TellLine(host_.err, text);
   }
 }
 
 int DirectoryCommand::Run() {
   Status status = PrepareSettings();
   if (!status.ok()) {
-    host_.err << status.message << std::endl;
+    TellLine(host_.err, status.message);
     return kWrongUsage;
   }
   status = ListFolder();
   if (!status.ok()) {
-    host_.err << status.message << std::endl;
+    TellLine(host_.err, status.message);
     return kSomePhotoFailed;
   }
   const bool drawn = host_.err_is_terminal && !settings_.quiet;
-  progress_.emplace(host_.err, drawn, *system_.clock, photos_.size());
+  progress_.emplace(host_, drawn, *system_.clock, photos_.size());
   CorrectAll();
   progress_.reset();
   return Summarize();

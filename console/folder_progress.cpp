@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "console/terminal_line.h"
+#include "console/console_host.h"
 #include "platform/clock.h"
 #include "shell/time_left.h"
 
@@ -33,11 +33,16 @@ class FolderProgress::PhotoView : public ProgressView {
   const std::size_t number_;
 };
 
-FolderProgress::FolderProgress(std::ostream& terminal, bool drawn, Clock& clock, std::size_t total)
-    : terminal_(terminal), drawn_(drawn), clock_(clock), total_(total), started_(clock.Nanos()) {}
+FolderProgress::FolderProgress(ConsoleHost& host, bool drawn, Clock& clock, std::size_t total)
+    : terminal_(host.err),
+      line_(host.err, host.columns),
+      drawn_(drawn),
+      clock_(clock),
+      total_(total),
+      started_(clock.Nanos()) {}
 
 FolderProgress::~FolderProgress() {
-  if (drawn_) terminal_ << kWipeLine << std::flush;
+  if (drawn_) line_.Wipe();
 }
 
 std::unique_ptr<ProgressView> FolderProgress::Begin(std::size_t number, const std::string& name) {
@@ -57,17 +62,15 @@ void FolderProgress::Done() {
 
 void FolderProgress::Tell(const std::string& line) {
   const std::lock_guard lock(mutex_);
-  if (drawn_) terminal_ << kWipeLine;
-  terminal_ << line << std::endl;
+  if (drawn_) line_.Wipe();
+  TellLine(terminal_, line);
   Draw();
 }
 
 void FolderProgress::Draw() {
   if (!drawn_) return;
-  terminal_ << kWipeLine;
-  DrawPercentBar(terminal_, percent_, kBarWidth);
-  terminal_ << "  photo " << ShownPosition(shown_, total_, done_, clock_.Nanos() - started_) << "  "
-            << name_ << std::flush;
+  line_.Draw(PercentBar(percent_, kBarWidth) + "  photo " +
+             ShownPosition(shown_, total_, done_, clock_.Nanos() - started_) + "  " + name_);
 }
 
 }  // namespace tarnwell

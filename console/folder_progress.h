@@ -6,11 +6,13 @@
 #include <ostream>
 #include <string>
 
+#include "console/terminal_line.h"
 #include "shell/frm_progress.h"
 
 namespace tarnwell {
 
 class Clock;
+struct ConsoleHost;
 
 // The progress of a whole folder as one line of a terminal, drawn again and again in place: how far
 // the photo in hand is, which one it is of how many, and how long the rest will take. Where several
@@ -18,8 +20,8 @@ class Clock;
 // thread.
 class FolderProgress {
  public:
-  // `drawn`: whether there is a terminal to draw on; nothing is written otherwise.
-  FolderProgress(std::ostream& terminal, bool drawn, Clock& clock, std::size_t total);
+  // `drawn`: whether there is a terminal to draw on; only lines of text are written otherwise.
+  FolderProgress(ConsoleHost& host, bool drawn, Clock& clock, std::size_t total);
   ~FolderProgress();
 
   // Photo `number`, from 1, is begun. The view is the photo's progress window.
@@ -34,6 +36,7 @@ class FolderProgress {
   void Draw();
 
   std::ostream& terminal_;
+  TerminalLine line_;
   const bool drawn_;
   Clock& clock_;
   const std::size_t total_;

@@ -9,7 +9,9 @@ namespace tarnwell {
 namespace {
 
 void ListModules(std::ostream& out) {
-  out << "Modules (--module N=on|off). A module's settings act only while it is on.\n";
+  out << "Modules (--module N=on|off). A module's settings act only while it is on; those of 0, "
+         "10\n"
+         "and 11 act always.\n";
   for (int module = 0; module < kModuleCount; ++module) {
     const ModuleInfo& info = kModules[module];
     out << std::right << std::setw(4) << module << "  " << std::left << std::setw(24) << info.title

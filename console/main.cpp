@@ -7,6 +7,7 @@
 #include "console/console_host.h"
 #include "console/interrupt.h"
 #include "console/program.h"
+#include "platform/system.h"
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
@@ -20,7 +21,8 @@ namespace tarnwell {
 namespace {
 
 int Run(const std::vector<std::string>& words, bool err_is_terminal) {
-  ConsoleHost host{std::cout, std::cerr, err_is_terminal, WatchForInterrupt()};
+  ConsoleHost host{std::cout, std::cerr, err_is_terminal, WatchForInterrupt(),
+                   SystemTerminalColumns};
   return RunProgram(words, host);
 }
 

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "console/help_text.h"
+#include "console/output_extension.h"
 #include "console/setting_options.h"
 
 namespace tarnwell {
@@ -61,7 +62,7 @@ ParsedWords<CorrectOptions> ParseCorrectWords(const std::vector<std::string>& wo
                      "File to write, for one photo; .jpg and .jpeg make a JPEG, anything else a "
                      "bitmap (a free name beside the photo unless said)")
           ->type_name("FILE")
-          ->check(IsNamed);
+          ->check(IsOutputName);
   app.add_option("--output-folder", options.output_folder,
                  "Folder to write into, under a name that is free there")
       ->type_name("DIR")

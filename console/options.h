@@ -27,7 +27,7 @@ struct Settings {
   bool analyze_full = false;
   bool extended_noise = false;
   int threads = 0;             // 0: as many as there are processors
-  bool quiet = false;          // no progress, no hints
+  bool quiet = false;          // no progress, no hints, not where photos are saved
   std::string program_folder;  // empty: the user's data folder
 };
 

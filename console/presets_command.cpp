@@ -6,6 +6,7 @@
 #include "console/console_host.h"
 #include "console/console_window.h"
 #include "console/panel_settings.h"
+#include "console/shown_text.h"
 #include "modules/presets.h"
 
 namespace tarnwell {
@@ -41,18 +42,18 @@ int RunPresetsCommand(const PresetsOptions& options, ConsoleHost& host) {
     status = ApplySettings(options.settings, window.platform, window.app, window.modules);
   }
   if (!status.ok()) {
-    host.err << status.message << std::endl;
+    TellLine(host.err, status.message);
     return kWrongUsage;
   }
   const std::string path = system.files->Absolute(options.file);
   status = WritePreset(window.app, *system.files, window.modules, path);
   if (!status.ok()) {
-    host.err << status.message << std::endl;
+    TellLine(host.err, status.message);
     return kSomePhotoFailed;
   }
   const std::string not_kept = WordsNotKept(options.settings);
   if (!not_kept.empty()) {
-    host.err << system.files->Display(path) << ": a preset does not keep " << not_kept << std::endl;
+    TellLine(host.err, system.files->Display(path) + ": a preset does not keep " + not_kept);
   }
   return kDone;
 }

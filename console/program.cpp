@@ -10,6 +10,7 @@
 #include "console/help_text.h"
 #include "console/options.h"
 #include "console/presets_command.h"
+#include "console/shown_text.h"
 #include "console/watch_command.h"
 
 namespace tarnwell {
@@ -21,7 +22,7 @@ int Dispatch(const ParsedWords<Options>& parsed, int (*command)(const Options&, 
              ConsoleHost& host) {
   if (parsed.options) return command(*parsed.options, host);
   host.out << parsed.out;
-  host.err << parsed.err;
+  host.err << WithoutControls(parsed.err);
   return parsed.exit_code;
 }
 
@@ -50,7 +51,8 @@ int RunCommand(const std::vector<std::string>& words, ConsoleHost& host) {
     host.err << command << ": not enough memory" << std::endl;
     return kSomePhotoFailed;
   }
-  host.err << (command.empty() ? "A command is missing.\n" : command + ": no such command\n")
+  host.err << (command.empty() ? "A command is missing.\n"
+                               : OneLine(command) + ": no such command\n")
            << CommandsHelp();
   return kWrongUsage;
 }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "console/terminal_line.h"
-
 namespace tarnwell {
 namespace {
 
@@ -17,7 +15,7 @@ void ProgressBar::ShowWindow() {
 }
 
 void ProgressBar::HideWindow() {
-  if (shown_) terminal_ << kWipeLine << std::flush;
+  if (shown_) line_.Wipe();
   shown_ = false;
 }
 
@@ -40,9 +38,8 @@ void ProgressBar::ShowTimeLeft(const std::string& time_left) {
 
 void ProgressBar::Draw() {
   if (!shown_) return;
-  terminal_ << kWipeLine;
-  DrawPercentBar(terminal_, percent_, kBarWidth);
-  terminal_ << "  " << text_ << (time_left_.empty() ? "" : " " + time_left_) << std::flush;
+  line_.Draw(PercentBar(percent_, kBarWidth) + "  " + text_ +
+             (time_left_.empty() ? "" : " " + time_left_));
 }
 
 }  // namespace tarnwell

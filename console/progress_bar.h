@@ -1,8 +1,9 @@
 #pragma once
 
-#include <ostream>
 #include <string>
+#include <utility>
 
+#include "console/terminal_line.h"
 #include "shell/frm_progress.h"
 
 namespace tarnwell {
@@ -11,7 +12,7 @@ namespace tarnwell {
 // when the window is hidden.
 class ProgressBar : public ProgressView {
  public:
-  explicit ProgressBar(std::ostream& terminal) : terminal_(terminal) {}
+  explicit ProgressBar(TerminalLine line) : line_(std::move(line)) {}
   ~ProgressBar() override { HideWindow(); }
 
   void ShowWindow() override;
@@ -23,7 +24,7 @@ class ProgressBar : public ProgressView {
  private:
   void Draw();
 
-  std::ostream& terminal_;
+  TerminalLine line_;
   std::string text_;
   std::string time_left_;
   int percent_ = 0;

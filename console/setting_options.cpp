@@ -112,7 +112,8 @@ void AddSettings(CLI::App& app, Settings& settings) {
       ->type_name("N")
       ->check(CLI::Range(1, kMostThreads).description(""))
       ->group("Settings");
-  app.add_flag("--quiet", settings.quiet, "Show no progress, and not what was learnt")
+  app.add_flag("--quiet", settings.quiet,
+               "Show failures and what a new file cannot keep, but nothing else")
       ->group("Settings");
   AddProgramFolder(app, settings.program_folder)->group("Settings");
 }

@@ -21,7 +21,7 @@ struct StartingPoint {
 
 // Brings the settings of a command into force and loads what was learnt. Fails when the settings
 // name a file that cannot be read; nothing is to be corrected then. What is wrong with the learning
-// file is only told on `err`.
+// file, and which settings do nothing, is only told on `err`.
 Status Prepare(const Settings& settings, Platform& platform, std::ostream& err,
                StartingPoint& start);
 

@@ -12,6 +12,7 @@
 #include "console/console_host.h"
 #include "console/console_window.h"
 #include "console/photo_budget.h"
+#include "console/shown_text.h"
 #include "console/watch_lines.h"
 
 namespace tarnwell {
@@ -27,9 +28,7 @@ class NoTray : public Tray {
 class WatchCommand : public AutoModeHost {
  public:
   WatchCommand(const WatchOptions& options, ConsoleHost& host)
-      : options_(options),
-        host_(host),
-        lines_(host.err, host.err_is_terminal, options.settings.quiet) {}
+      : options_(options), host_(host), lines_(host, options.settings.quiet) {}
 
   int Run();
 
@@ -111,7 +110,7 @@ int WatchCommand::Run() {
   ConsoleWindow window(start_, system_, dialogs_, NeverCancelled, 1);
   const Status prepared = Prepare(options_.settings, window.platform, host_.err, start_);
   if (!prepared.ok()) {
-    host_.err << prepared.message << std::endl;
+    TellLine(host_.err, prepared.message);
     return kWrongUsage;
   }
   const std::string* const named[] = {&options_.input, &options_.output, &options_.processed};

@@ -1,38 +1,39 @@
 #include "console/watch_lines.h"
 
-#include "console/console_dialogs.h"
-#include "console/terminal_line.h"
+#include "console/output_extension.h"
+#include "console/shown_text.h"
 
 namespace tarnwell {
 
 WatchLines::~WatchLines() {
-  if (drawn_) err_ << kWipeLine << std::flush;
+  if (drawn_) line_.Wipe();
 }
 
 void WatchLines::ShowStatus(const std::string& text, AutoActivity activity) {
   const std::lock_guard lock(mutex_);
   if (drawn_) {
     status_ = OneLine(text);
-    err_ << kWipeLine << status_ << std::flush;
+    line_.Draw(status_);
   } else if (!quiet_ && activity == AutoActivity::kWaiting) {
-    Write(OneLine(text));
+    Write(text);
   }
 }
 
 void WatchLines::Report(const std::string& line) {
   const std::lock_guard lock(mutex_);
-  Write(OneLine(line));
+  Write(line);
 }
 
 void WatchLines::PhotoDone(const std::string& name, const std::string& shown_path) {
   const std::lock_guard lock(mutex_);
-  if (!quiet_) Write(name + " " + kSavingText + " " + shown_path);
+  if (quiet_) return;
+  Write(name + " " + kSavingText + " " + shown_path + HowWritten(shown_path));
 }
 
 void WatchLines::Write(const std::string& line) {
-  if (drawn_) err_ << kWipeLine;
-  err_ << line << std::endl;
-  if (drawn_) err_ << status_ << std::flush;
+  if (drawn_) line_.Wipe();
+  TellLine(err_, line);
+  if (drawn_) line_.Draw(status_);
 }
 
 }  // namespace tarnwell

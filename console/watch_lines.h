@@ -5,6 +5,8 @@
 #include <string>
 
 #include "automation/auto_mode.h"
+#include "console/console_host.h"
+#include "console/terminal_line.h"
 
 namespace tarnwell {
 
@@ -14,8 +16,11 @@ namespace tarnwell {
 class WatchLines {
  public:
   // `quiet`: failures only.
-  WatchLines(std::ostream& err, bool is_terminal, bool quiet)
-      : err_(err), drawn_(is_terminal && !quiet), quiet_(quiet) {}
+  WatchLines(ConsoleHost& host, bool quiet)
+      : err_(host.err),
+        line_(host.err, host.columns),
+        drawn_(host.err_is_terminal && !quiet),
+        quiet_(quiet) {}
   ~WatchLines();
 
   void ShowStatus(const std::string& text, AutoActivity activity);
@@ -26,6 +31,7 @@ class WatchLines {
   void Write(const std::string& line);
 
   std::ostream& err_;
+  TerminalLine line_;
   const bool drawn_;
   const bool quiet_;
   std::mutex mutex_;

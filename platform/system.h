@@ -28,6 +28,11 @@ int SystemProcessorCount();
 // How many bytes of memory this machine has; 0 when the system does not tell.
 std::uint64_t SystemMemoryBytes();
 
+// How many columns the terminal of standard error has at the moment; 80 when the system does not
+// tell.
+int SystemTerminalColumns();
+inline constexpr int kUsualTerminalColumns = 80;
+
 // Deletes the temporary files in `folder` that programs of this machine left when they were ended
 // in the middle of writing. Files does so where it writes for the first time; this is for folders
 // that are to be tidy before anything is written. Returns how many went.

@@ -3,6 +3,7 @@
 #include "imaging/bmp_file.h"
 #include "imaging/gif_structure.h"
 #include "imaging/jpeg_structure.h"
+#include "imaging/other_pictures.h"
 #include "platform/posix/gif_reader.h"
 #include "platform/posix/jpeg_reader.h"
 #include "platform/posix/posix_error.h"
@@ -17,7 +18,7 @@ Result<Picture> PosixPictureCodec::Decode(std::string_view bytes, const std::str
   if (IsJpeg(bytes)) return DecodeJpeg(bytes, name, go_on);
   if (IsGif(bytes)) return DecodeGif(bytes, name, go_on);
   if (IsBmp(bytes)) return DecodeBmp(bytes, name, go_on);
-  return Status::Error(Failure::kUnsupported, name + ": not a BMP, GIF or JPEG picture");
+  return NoPhoto(bytes, name);
 }
 
 Result<Picture> PosixPictureCodec::Load(const std::string& path, const GoOn& go_on) {

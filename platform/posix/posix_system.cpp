@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <sched.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <thread>
 #include <unistd.h>
@@ -67,6 +68,12 @@ std::uint64_t SystemMemoryBytes() {
   std::uint64_t container_bytes = 0;  // "max", for no limit, is no number
   if (container >> container_bytes) bytes = std::min(bytes, container_bytes);
   return bytes;
+}
+
+int SystemTerminalColumns() {
+  winsize size = {};
+  const bool told = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return told ? size.ws_col : kUsualTerminalColumns;
 }
 
 int DeleteStrayTemporaries(const std::string& folder) {

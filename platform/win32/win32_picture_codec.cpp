@@ -6,6 +6,7 @@
 #include "imaging/bmp_file.h"
 #include "imaging/gif_structure.h"
 #include "imaging/jpeg_structure.h"
+#include "imaging/other_pictures.h"
 #include "platform/win32/wic_decode.h"
 #include "platform/win32/win32_files.h"
 
@@ -23,7 +24,7 @@ Result<Picture> Win32PictureCodec::Decode(std::string_view bytes, const std::str
   if (IsBmp(bytes)) return DecodeBmp(bytes, name, go_on);
   if (IsJpeg(bytes)) return DecodeJpegWithWic(bytes, name, go_on);
   if (IsGif(bytes)) return DecodeGifWithWic(bytes, name, go_on);
-  return Status::Error(Failure::kUnsupported, name + ": not a BMP, GIF or JPEG picture");
+  return NoPhoto(bytes, name);
 } catch (const std::bad_alloc&) {
   return NoMemory(name);
 }

@@ -51,6 +51,14 @@ std::uint64_t SystemMemoryBytes() {
   return std::min(memory.ullTotalPhys, memory.ullTotalVirtual);
 }
 
+int SystemTerminalColumns() {
+  CONSOLE_SCREEN_BUFFER_INFO info = {};
+  if (!GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &info)) {
+    return kUsualTerminalColumns;
+  }
+  return info.srWindow.Right - info.srWindow.Left + 1;
+}
+
 int DeleteStrayTemporaries(const std::string& folder) { return DeleteStraysIn(folder); }
 
 }  // namespace tarnwell

@@ -49,6 +49,7 @@ TEST(OptionsTest, WrongWordsEndWithTheReasonAndTheUsage) {
       {{}, "PHOTO"},
       {{"a.jpg", ""}, "a name is missing"},
       {{"a.jpg", "--output", ""}, "--output: a name is missing"},
+      {{"a.jpg", "--output", "x.d/b.PNG"}, "b.PNG"},
       {{"a.jpg", "--output-folder="}, "--output-folder"},
       {{"a.jpg", "--camera", ""}, "--camera: a name is missing"},
       {{"a.jpg", "--mode", ""}, "--mode: a name is missing"},

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/console_desk.h"
+#include "tests/support/tiny_pictures.h"
 
 namespace tarnwell {
 namespace {
@@ -25,15 +26,59 @@ TEST_F(ProgramTest, WrongCommandsEndWithTheListOfCommands) {
   }
 }
 
-TEST_F(ProgramTest, SavesUnderTheNextFreeNameAndIsSilent) {
+TEST_F(ProgramTest, SavesUnderTheNextFreeNameAndSaysSo) {
   WriteBitmap("p.q.bmp", 30, 20);
   EXPECT_EQ(Correct({"@p.q.bmp"}), 0);
-  EXPECT_EQ(out.str() + err.str(), "");
+  EXPECT_EQ(err.str(), Shown("p.q.bmp") + ": saved as " + Shown("pA.bmp") + "\n");
+  EXPECT_EQ(out.str(), "");
   EXPECT_EQ(Correct({"@p.q.bmp", "--quiet"}), 0);
   EXPECT_EQ(out.str() + err.str(), "");
   EXPECT_EQ(folder.Names(), (Words{"p.q.bmp", "pA.bmp", "pB.bmp", "program"}));
   EXPECT_NE(*Load("pA.bmp"), *Load("p.q.bmp"));
   EXPECT_EQ(*Load("pA.bmp"), *Load("pB.bmp"));
+}
+
+TEST_F(ProgramTest, NewFilesAreNamedInTheSpellingOfTheWords) {
+  WriteBitmap("p.bmp", 30, 20);
+  folder.Write("g.gif", kProgressiveJpeg);
+  const struct {
+    Words words;
+    std::string saved_as;
+  } rows[] = {{{"@p.bmp", "--output", "@x.jpg"}, Shown("x.jpg")},
+              {{"@p.bmp", "--output-folder", "@"}, Shown("pA.bmp")},
+              {{"@p.bmp", "--output-folder", "@out"}, Shown("out\\pA.bmp")},
+              {{"@g.gif"}, Shown("gA.gif") + ", written as a bitmap"}};
+  folder.MakeFolder("out");
+  for (const auto& row : rows) {
+    EXPECT_EQ(Correct(row.words), 0);
+    EXPECT_TRUE(err.str().ends_with(": saved as " + row.saved_as + "\n")) << err.str();
+  }
+}
+
+TEST_F(ProgramTest, SettingsWithoutEffectAreNamedOnce) {
+  WriteBitmap("p.bmp", 30, 20);
+  const struct {
+    Words words;
+    std::string named;  // nothing when all have one
+  } rows[] = {
+      {{"--slider", "3=20", "--slider", "3=30"}, "--slider 3 has no effect while module 3"},
+      {{"--module", "3=on", "--slider", "3=20", "--slider", "6=70", "--check", "2=0"}, ""},
+      {{"--module", "10=off", "--module", "11=off", "--quality", "9", "--check", "2=0"}, ""},
+      {{"--slider", "0=20"}, "--slider 0 has no effect while check option 0"},
+      {{"--slider", "1=20", "--check", "1=1"}, ""},
+      {{"--module", "1=off", "--slider", "0=20"}, "--slider 0 has no effect while module 1"},
+      {{"--module", "1=off", "--analyze", "full"}, "--analyze has no effect while module 1"},
+      {{"--check", "4=0"}, "--check 4 has no effect while module 7"},
+      {{"--white", "9,9,9"}, "--white has no effect while module 2"},
+      {{"--hue", "9,9"}, "--hue has no effect while module 6"},
+      {{"--rotation", "1"}, "--rotation has no effect while module 9"}};
+  for (const auto& row : rows) {
+    Words words = {"@p.bmp", "--no-learn"};
+    words.insert(words.end(), row.words.begin(), row.words.end());
+    EXPECT_EQ(Correct(words), 0);
+    EXPECT_EQ(ErrLines(), row.named.empty() ? 1 : 2) << err.str();
+    EXPECT_TRUE(err.str().starts_with(row.named)) << err.str();
+  }
 }
 
 TEST_F(ProgramTest, SettingsReachTheCorrection) {
@@ -80,7 +125,7 @@ TEST_F(ProgramTest, TheFullPhotoIsCorrectedUnlessThePreviewIsAskedFor) {
 
 TEST_F(ProgramTest, TheRecordIsTheOnlyOutput) {
   WriteBitmap("p.bmp", 30, 20);
-  EXPECT_EQ(Correct({"@p.bmp", "--record"}), 0);
+  EXPECT_EQ(Correct({"@p.bmp", "--record", "--quiet"}), 0);
   const std::string record = out.str();
   EXPECT_EQ(std::count(record.begin(), record.end(), '\t'), 20);
   EXPECT_EQ(record.find('\n'), record.size() - 1);
@@ -113,7 +158,7 @@ TEST_F(ProgramTest, EachPhotoThatFailsIsNamedAndTheOthersAreDone) {
   WriteBitmap("good.bmp", 30, 20);
   folder.Write("damaged.jpg", "\xff\xd8\xff");
   EXPECT_EQ(Correct({"@missing.jpg", "@damaged.jpg", "@good.bmp"}), 1);
-  EXPECT_EQ(ErrLines(), 2) << err.str();
+  EXPECT_EQ(ErrLines(), 3) << err.str();
   EXPECT_NE(err.str().find(files->Display(folder.File("missing.jpg")) + ": "), std::string::npos)
       << err.str();
   EXPECT_NE(err.str().find(files->Display(folder.File("damaged.jpg")) + ": "), std::string::npos)
@@ -128,7 +173,7 @@ TEST_F(ProgramTest, AnInterruptedCommandLeavesNoFile) {
   for (int after = 0; !finished && after < 5000; after = after * 2 + 1) {
     int asked = 0;
     host.interrupted = [&asked, after] { return ++asked > after; };
-    const int code = Correct({"@p.bmp", "--no-learn"});
+    const int code = Correct({"@p.bmp", "--no-learn", "--quiet"});
     finished = code == 0;
     EXPECT_EQ(code, finished ? 0 : 130) << after;
     EXPECT_EQ(folder.Names().size(), finished ? 3u : 2u) << after;
@@ -156,7 +201,12 @@ TEST_F(ProgramTest, ProgressIsDrawnOnATerminalOnly) {
   host.err_is_terminal = true;
   EXPECT_EQ(Correct({"@p.bmp"}), 0);
   EXPECT_NE(err.str().find("Adjusting Photo..."), std::string::npos);
-  EXPECT_TRUE(err.str().ends_with("\r\x1b[K")) << "the line is wiped at the end";
+  EXPECT_NE(err.str().find("\r\x1b[K" + Shown("p.bmp")), std::string::npos)
+      << "the line is wiped at the end";
+  host.columns = [] { return 30; };
+  EXPECT_EQ(Correct({"@p.bmp"}), 0);
+  EXPECT_NE(err.str().find("[......"), std::string::npos);
+  EXPECT_EQ(err.str().find("] "), std::string::npos) << "it is cut at the terminal's width";
   EXPECT_EQ(Correct({"@p.bmp", "--quiet"}), 0);
   EXPECT_EQ(err.str(), "");
 }

@@ -2,6 +2,7 @@
 
 #include "imaging/gif_structure.h"
 #include "imaging/jpeg_structure.h"
+#include "imaging/other_pictures.h"
 
 namespace tarnwell {
 namespace {
@@ -13,6 +14,42 @@ using namespace std::string_literals;
 const std::string kScreen = "GIF89a\5\0\4\0\x80\0\0abcdef"s;
 const std::string kComment = "\x21\xFE\3xyz\0"s;
 const std::string kFrame = "\x2C\1\0\x2C\1\2\0\3\0\0\2\3abc\1d\0"s;
+
+TEST(OtherPicturesTest, AreToldByTheirFirstBytes) {
+  const struct {
+    std::string bytes;
+    const char* kind;  // nothing: none that is known
+  } rows[] = {{"\x89PNG\r\n\x1A\n", "a PNG"},
+              {"RIFF\1\2\3\4WEBPVP8 "s, "a WebP"},
+              {"RIFF\1\2\3\4WAVE"s, nullptr},
+              {"II*\0\b\0\0\0"s, "a TIFF or raw"},
+              {"\0\0\0\x18"
+               "ftypheic\0\0\0\0mif1heic"s,
+               "a HEIC"},
+              {"\0\0\0\x18"
+               "ftypmif1\0\0\0\0mif1avif"s,
+               "an AVIF"},
+              {"\0\0\0\x14"
+               "ftypmif1\0\0\0\0mif1avif"s,
+               "a HEIC"},
+              {"\0\0\0\x18"
+               "ftypheix"s,
+               "a HEIC"},
+              {"\0\0\0\x18"
+               "ftypmp42\0\0\0\0isomavc1"s,
+               nullptr},
+              {"\0\0\0\x18"
+               "ftyp"s,
+               nullptr},
+              {"\xFF\x0A", "a JPEG XL"},
+              {"", nullptr}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(NoPhoto(row.bytes, "a.jpg").message,
+              row.kind == nullptr
+                  ? "a.jpg: not a BMP, GIF or JPEG picture"
+                  : "a.jpg: is "s + row.kind + " picture, which cannot be read; export it as JPEG");
+  }
+}
 
 TEST(GifStructureTest, FindsTheFirstFrameAndItsEnd) {
   const std::string first = kScreen + kComment + kFrame;

@@ -53,6 +53,8 @@ struct ConsoleDesk : testing::Test {
     return photo.ok() ? *photo : std::make_shared<PixelArray>(1, 1);
   }
 
+  // A file of the folder as the user reads of it.
+  std::string Shown(const std::string& name) const { return files->Display(folder.File(name)); }
   bool ErrHas(const std::string& text) const { return err.str().find(text) != std::string::npos; }
   int ErrLines() const {
     const std::string text = err.str();

@@ -175,6 +175,8 @@ std::map<std::string, Row> Rows() {
   // Photos.
   rows["a JPEG file that breaks off"] = {CorrectPhoto(cut)};
   rows["a file that is no picture"] = {CorrectPhoto("Dear Sir,")};
+  rows["a HEIC picture under a photo's name"] = {
+      CorrectPhoto(std::string("\0\0\0\x18", 4) + "ftypheic" + std::string(4, '\0') + "mif1heic")};
   rows["an empty file"] = {CorrectPhoto("")};
   rows["a GIF file with a huge screen"] = {CorrectPhoto(GifScreen(65535, 65535))};
   rows["a bitmap of two thousand million rows"] = {
@@ -217,6 +219,9 @@ std::map<std::string, Row> Rows() {
   rows["an unknown option"] = {CorrectWith({"--brighter"})};
   rows["a value out of range"] = {CorrectWith({"--slider", "3=500"})};
   rows["a word that is no number"] = {CorrectWith({"--slider", "3=much"})};
+  rows["an empty name"] = {CorrectWith({"--output", ""})};
+  rows["an output name of another kind of picture"] = {CorrectWith({"--output", "b.png"})};
+  rows["a value of a module that is off"] = {CorrectWith({"--slider", "3=20"}), {"photoA.jpg"}};
   rows["no photo"] = {[](Desk& desk) { return desk.Run({"correct"}); }};
   rows["a camera name that is no folder name"] = {CorrectWith({"--camera", ".."})};
   // Files that the words name.
@@ -247,7 +252,7 @@ std::map<std::string, Row> Rows() {
       CorrectBeside(std::string(kMaps) + "MAP.BMP", "BM", {"--module", "8=on"}), {"photoA.jpg"}};
   rows["a dead pixel map of another size"] = {
       CorrectBeside(std::string(kMaps) + "MAP.BMP", BuildBmp({.data = std::string(4, '\0')}),
-                    {"--module", "8=on"}),
+                    {"--module", "8=on", "--quiet"}),
       {"photoA.jpg"}};
   rows["last-used settings that break off"] = {
       StartWith("TarnwellPocket.ini", std::string(TARNWELL_VERSION) + "\r\n0\r\n0\r\n")};
