@@ -98,8 +98,7 @@ TEST(ProposalTextTest, SaysWhoSpokeAndHowFarItMoved) {
       {{.records = 7}, "no photo like this one among the 7 learnt from"},
       {{9, 2, 0.3, -0.2, 0.3},
        "learnt from 2 similar photos: brightness +30 %, saturation -20 %, contrast -30 %"},
-      {{7, 1, -0.004, 1e38, 0.004},
-       "learnt from 1 similar photo: saturation +999 %"},
+      {{7, 1, -0.004, 1e38, 0.004}, "learnt from 1 similar photo: saturation +999 %"},
       {{7, 3, 0.004, 0, -0.004}, "learnt from 3 similar photos: nothing to change"},
   };
   for (const auto& row : kCases) EXPECT_EQ(ProposalText(row.proposal), row.text);
