@@ -168,7 +168,9 @@ int __wrap_open(const char* path, int flags, ...) {
   if (Fails(path, "open", (flags & (O_CREAT | O_TRUNC)) != 0)) return -1;
   const int descriptor = __real_open(path, flags, mode);
   // A new file may have the number of one that is gone.
-  if (descriptor >= 0 && (flags & O_EXCL) != 0) watched.flushed.erase(NumberOf(descriptor));
+  if (descriptor >= 0 && (flags & O_EXCL) != 0 && IsWatched(path)) {
+    watched.flushed.erase(NumberOf(descriptor));
+  }
   return descriptor;
 }
 
