@@ -27,10 +27,12 @@ void CloseAfterwards(MainWindow& window) {
   window.close_wanted = true;
 }
 
-// Whether the unsaved changes, if any, are settled.
+// Whether the unsaved changes, if any, are settled. Saving may lack the memory: the window stays,
+// and the next close asks again.
 bool MayClose(MainWindow& window) {
+  bool may_close = false;
   window.close_asked = true;
-  const bool may_close = AskToSaveChanges(window.form);
+  TellLackOfMemory(window.form, [&] { may_close = AskToSaveChanges(window.form); });
   window.close_asked = false;
   return may_close;
 }

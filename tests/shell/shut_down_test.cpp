@@ -1,8 +1,10 @@
 #include "shell/shut_down.h"
 
 #include <gtest/gtest.h>
+#include <new>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/menu_click.h"
@@ -58,6 +60,20 @@ TEST(CloseMainWindow, ASecondCloseDuringTheQuestionAddsNothing) {
   EXPECT_EQ(desk.dialogs.Asked().size(), 1u);
   EXPECT_EQ(desk.view.log, Log{}) << "the close was refused";
   EXPECT_FALSE(desk.app.cancel_requested);
+}
+
+TEST(CloseMainWindow, AsksAgainAfterASaveThatLackedMemory) {
+  MainDesk desk;
+  desk.ShowLargePhoto();
+  desk.app.photo_changed = true;
+  bool lacks = true;
+  desk.dialogs.on_box = [&] {
+    if (std::exchange(lacks, false)) throw std::bad_alloc();
+  };
+  EXPECT_FALSE(CloseMainWindow(desk.window));
+  EXPECT_EQ(desk.dialogs.Told().back(), "There is not enough memory for this.");
+  desk.dialogs.answers = {Answer::kNo};
+  EXPECT_TRUE(CloseMainWindow(desk.window));
 }
 
 // A window beside the main one asks outside a command, with its own handler on the stack.
