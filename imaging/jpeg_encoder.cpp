@@ -452,11 +452,14 @@ std::string EncodeJpegInStripes(const BgrRows& rows, int quality, bool half_chro
   if (out_of_memory) throw std::bad_alloc();
   if (!all) return {};
   std::string file = HeaderOf(rows, coding, stripes.restart_interval);
+  std::size_t size = file.size() + 2;
+  for (const std::string& stripe : data) size += stripe.size() + 2;
+  file.reserve(size);
   for (int i = 0; i < stripes.count; ++i) {
     if (i > 0) file.append({'\xFF', static_cast<char>(0xD0 + (i - 1) % 8)});
     file += data[i];
   }
-  return file + "\xFF\xD9";
+  return file += "\xFF\xD9";
 }
 
 }  // namespace tarnwell

@@ -60,24 +60,20 @@ std::string_view CodedDataOf(std::string_view file) {
   return file.substr(begin, file.size() - kEndMarker - begin);
 }
 
-std::string JoinJpegStripes(const std::vector<std::string>& stripes, int height) {
-  std::size_t size = 0;
-  for (const std::string& stripe : stripes) size += stripe.size();
-  std::string file;
-  file.reserve(size);
+JpegInPieces JoinJpegStripes(const std::vector<std::string_view>& stripes, int height) {
+  constexpr std::string_view kMarkers =
+      "\xFF\xD0\xFF\xD1\xFF\xD2\xFF\xD3\xFF\xD4\xFF\xD5\xFF\xD6\xFF\xD7\xFF\xD9";
   const Layout first = LayoutOf(stripes.front());
-  file.append(stripes.front(), 0, first.data);
+  JpegInPieces file = {std::string(stripes.front().substr(0, first.data)), {}};
   // Marker, length, bits per sample, then the height.
-  file[first.frame + 5] = static_cast<char>(height >> 8);
-  file[first.frame + 6] = static_cast<char>(height & 0xFF);
+  file.header[first.frame + 5] = static_cast<char>(height >> 8);
+  file.header[first.frame + 6] = static_cast<char>(height & 0xFF);
   for (std::size_t i = 0; i < stripes.size(); ++i) {
-    if (i > 0) {
-      file += '\xFF';
-      file += static_cast<char>(0xD0 + (i - 1) % 8);
-    }
-    file += CodedDataOf(stripes[i]);
+    if (i > 0) file.data.push_back(kMarkers.substr((i - 1) % 8 * 2, 2));
+    file.data.push_back(CodedDataOf(stripes[i]));
   }
-  return file + "\xFF\xD9";
+  file.data.push_back(kMarkers.substr(16));
+  return file;
 }
 
 }  // namespace tarnwell

@@ -20,9 +20,16 @@ struct JpegStripes {
 // number of threads. Small pictures have one.
 JpegStripes JpegStripesOf(int width, int height, int unit_side);
 
-// One file of a picture `height` rows high from the files of its stripes, top first. All were
-// encoded with the same settings and the restart interval.
-std::string JoinJpegStripes(const std::vector<std::string>& stripes, int height);
+// One file of a picture, in pieces.
+struct JpegInPieces {
+  std::string header;
+  // The coded data and its markers, through the end marker.
+  std::vector<std::string_view> data;
+};
+
+// The file of a picture `height` rows high from the files of its stripes, top first, which stay
+// where they are. All were encoded with the same settings and the restart interval.
+JpegInPieces JoinJpegStripes(const std::vector<std::string_view>& stripes, int height);
 
 // The coded data of a file of our own: what is behind its header, without the end marker.
 std::string_view CodedDataOf(std::string_view file);

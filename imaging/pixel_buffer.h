@@ -79,6 +79,7 @@ struct PixelBuffer {
   // The working pixels from the first change on; null before, when `read` stands for them.
   std::shared_ptr<PixelArray> working;
   Picture graphic;
+  bool shows_container = true;  // whether anybody will see the preview's shadow
   // Size of the preview when its shadow was last drawn.
   int shadow_width = 0;
   int shadow_height = 0;

@@ -27,10 +27,10 @@ int NearestSource(int i, int from, int to) {
   return static_cast<int>((2 * static_cast<std::int64_t>(i) + 1) * from / (2 * to));
 }
 
-// Draws the shadow of a visible thumbnail whose size changed since the last drawing.
+// Draws the shadow of a thumbnail that is seen and whose size changed since the last drawing.
 void DrawShadow(PixelBuffer& buffer) {
   const PictureSurface& thumb = buffer.surfaces.picThumb;
-  if (!thumb.visible) return;
+  if (!thumb.visible || !buffer.shows_container) return;
   if (thumb.width == buffer.shadow_width && thumb.height == buffer.shadow_height) return;
   std::shared_ptr<PixelArray> container = TryMakePixels(kThumbnailSide, kThumbnailSide);
   if (!container) return;

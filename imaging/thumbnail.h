@@ -28,9 +28,9 @@ Picture StretchPicture(const PixelView& source, PictureSize size);
 // The thumbnail of a photo, StretchPicture to ThumbnailSizeFor.
 Picture ThumbnailOf(const PixelView& photo);
 
-// Rebuilds the preview picThumb from picSource, centred and visible, draws its shadow, lets
-// pending events run and offers the tip about it. Does nothing when picSource is empty or memory
-// does not suffice.
+// Rebuilds the preview picThumb from picSource, centred and visible, draws its shadow where that is
+// shown, lets pending events run and offers the tip about it. Does nothing when picSource is empty
+// or memory does not suffice.
 void MakeThumbnail(PixelBuffer& buffer, PendingEvents& events);
 
 // Darkens the soft shadow of a centred thumbnail of `size` into `container`, which is 320 x 320

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstdlib>
 #include <cstring>
 #include <jerror.h>
 
@@ -82,10 +83,53 @@ void PutTable(const FittedHuffmanTable& from, JHUFF_TBL* to) {
   std::copy_n(from.symbols.begin(), from.symbols.size(), to->huffval);
 }
 
+// Where the library writes: a file that knows its memory at any moment, also when the library
+// breaks off.
+struct Destination {
+  jpeg_destination_mgr manager;  // first: libjpeg hands back its address
+  JpegBytes* file;               // its size is the room that there is
+};
+
+bool MakeRoom(Destination* destination, std::size_t size) {
+  JpegBytes* file = destination->file;
+  auto* data = static_cast<std::uint8_t*>(std::realloc(file->data, size));
+  if (data == nullptr) return false;
+  destination->manager.next_output_byte = data + file->size;
+  destination->manager.free_in_buffer = size - file->size;
+  *file = {data, size};
+  return true;
+}
+
+void OnFirstByte(j_compress_ptr) {}
+
+// The library takes the room as used up, whatever it says is left.
+boolean OnFullBuffer(j_compress_ptr info) {
+  auto* destination = reinterpret_cast<Destination*>(info->dest);
+  const std::size_t size = destination->file->size;
+  if (!MakeRoom(destination, size + size / 2)) ERREXIT1(info, JERR_OUT_OF_MEMORY, 0);
+  return TRUE;
+}
+
+void OnLastByte(j_compress_ptr info) {
+  auto* destination = reinterpret_cast<Destination*>(info->dest);
+  JpegBytes* file = destination->file;
+  file->size -= destination->manager.free_in_buffer;
+  // The rest of the room goes back; where it cannot, nothing is lost.
+  void* data = std::realloc(file->data, file->size);
+  if (data != nullptr) file->data = static_cast<std::uint8_t*>(data);
+}
+
+void SetUp(Destination* destination) {
+  destination->manager.init_destination = OnFirstByte;
+  destination->manager.empty_output_buffer = OnFullBuffer;
+  destination->manager.term_destination = OnLastByte;
+}
+
 void Encode(jpeg_compress_struct* info, const JpegRows* rows, const JpegCoding* coding,
-            JpegBytes* file) {
+            Destination* destination) {
   jpeg_create_compress(info);
-  jpeg_mem_dest(info, &file->data, &file->size);
+  if (!MakeRoom(destination, coding->expected_bytes)) ERREXIT1(info, JERR_OUT_OF_MEMORY, 0);
+  info->dest = &destination->manager;
   info->image_width = static_cast<JDIMENSION>(rows->width);
   info->image_height = static_cast<JDIMENSION>(rows->height);
   info->input_components = rows->pixel_bytes;
@@ -171,7 +215,9 @@ bool EncodeJpegRows(const JpegRows& rows, const JpegCoding& coding, JpegBytes& f
   JpegErrors errors;
   SetUp(&errors);
   info.err = &errors.manager;
-  if (setjmp(errors.escape) == 0) Encode(&info, &rows, &coding, &file);
+  Destination destination = {{}, &file};
+  SetUp(&destination);
+  if (setjmp(errors.escape) == 0) Encode(&info, &rows, &coding, &destination);
   jpeg_destroy_compress(&info);
   return errors.problem == JpegProblem::kNone;
 }

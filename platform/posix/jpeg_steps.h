@@ -75,16 +75,18 @@ struct JpegCoding {
   int restart_interval = 0;       // units between two restart markers; 0 is none
   // Four tables in the order of kHuffmanTables, in the place of those.
   const FittedHuffmanTable* tables = nullptr;
+  // Room taken for the file at first; a good guess saves copying and memory.
+  std::size_t expected_bytes = 4096;
 };
 
 // Bytes of malloc.
 struct JpegBytes {
-  unsigned char* data = nullptr;
-  unsigned long size = 0;
+  std::uint8_t* data = nullptr;
+  std::size_t size = 0;
 };
 
-// Encodes a whole file into `file`, which is the caller's to free in any case. False when the
-// library refuses the size or memory does not suffice.
+// Encodes a whole file into `file`, which is empty before and the caller's to free in any case.
+// False when the library refuses the size or memory does not suffice.
 bool EncodeJpegRows(const JpegRows& rows, const JpegCoding& coding, JpegBytes& file);
 
 }  // namespace tarnwell

@@ -21,25 +21,34 @@ constexpr bool kMaps = true;
 constexpr bool kMaps = true;
 #endif
 
-// Smaller pictures could not fill a large page.
-bool IsMapped(std::size_t bytes) { return kMaps && bytes >= kLargePage; }
+// Smaller pictures share the heap's pages; a larger one would leave a hole there when it ends.
+constexpr std::size_t kLeastMapped = std::size_t{64} << 10;
+
+bool IsMapped(std::size_t bytes) { return kMaps && bytes >= kLeastMapped; }
 
 // A last large page that would be half full is taken whole: touching hundreds of small ones costs
-// more than clearing the rest of it.
+// more than clearing the rest of it. Small pictures could not fill one.
 std::size_t MappedBytes(std::size_t bytes) {
   const std::size_t rest = bytes % kLargePage;
-  return rest > kLargePage / 2 ? bytes - rest + kLargePage : bytes;
+  return bytes < kLargePage ? bytes : rest > kLargePage / 2 ? bytes - rest + kLargePage : bytes;
+}
+
+// Null when there is not enough.
+void* Map(std::size_t bytes) {
+  void* mapped = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  return mapped == MAP_FAILED ? nullptr : mapped;
 }
 
 }  // namespace
 
 std::uint8_t* TakePixelMemory(std::size_t bytes) {
   if (!IsMapped(bytes)) return static_cast<std::uint8_t*>(std::calloc(bytes, 1));
+  if (bytes < kLargePage) return static_cast<std::uint8_t*>(Map(bytes));
   // Large pages lie at multiples of their size: room for the first of them to be found.
   const std::size_t wanted = MappedBytes(bytes), room = wanted + kLargePage;
   if (wanted < bytes || room < wanted) return nullptr;
-  void* mapped = mmap(nullptr, room, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (mapped == MAP_FAILED) return nullptr;
+  void* mapped = Map(room);
+  if (mapped == nullptr) return nullptr;
   const auto start = reinterpret_cast<std::uintptr_t>(mapped);
   const std::uintptr_t first = (start + kLargePage - 1) & ~(kLargePage - 1);
   if (first > start) munmap(mapped, first - start);

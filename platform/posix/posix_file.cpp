@@ -45,15 +45,30 @@ Status WriteAll(const PosixFile& file, std::string_view bytes, const std::string
   return Status::Ok();
 }
 
-Status WriteNewFile(const std::string& path, std::string_view bytes, const GoOn& go_on) {
-  constexpr std::size_t kPieceBytes = std::size_t{1} << 22;
+namespace {
+
+// Asks between parts of some megabytes whether to go on.
+Status WritePiece(const PosixFile& file, std::string_view bytes, const std::string& path,
+                  const GoOn& go_on) {
+  constexpr std::size_t kBytesAtOnce = std::size_t{1} << 22;
+  Status written;
+  while (written.ok() && !bytes.empty()) {
+    const std::string_view part = bytes.substr(0, kBytesAtOnce);
+    written = go_on(1) ? WriteAll(file, part, path) : Status::Cancelled(DisplayPath(path));
+    bytes.remove_prefix(part.size());
+  }
+  return written;
+}
+
+}  // namespace
+
+Status WriteNewFile(const std::string& path, std::span<const std::string_view> pieces,
+                    const GoOn& go_on) {
   Result<PosixFile> file = OpenFile(path, O_WRONLY | O_CREAT | O_EXCL, Subject::kNewFile);
   if (!file.ok()) return file.status;
   Status written;
-  while (written.ok() && !bytes.empty()) {
-    const std::string_view piece = bytes.substr(0, kPieceBytes);
-    written = go_on(1) ? WriteAll(*file, piece, path) : Status::Cancelled(DisplayPath(path));
-    bytes.remove_prefix(piece.size());
+  for (const std::string_view piece : pieces) {
+    if (written.ok()) written = WritePiece(*file, piece, path, go_on);
   }
   // Some disks tell only here that they had no room.
   if (close(file->Release()) != 0 && written.ok()) {

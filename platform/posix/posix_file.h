@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -43,9 +44,10 @@ inline Result<PosixFile> OpenFile(const std::string& path, int flags, Subject su
 // Writes all of `bytes` at the file's position. A failure names `shown`.
 Status WriteAll(const PosixFile& file, std::string_view bytes, const std::string& shown);
 
-// Makes the new file `path` hold `bytes`; kExists when the name is taken. On failure no file is
-// left. Not flushed. Ends with kCancelled when `go_on` says so.
-Status WriteNewFile(const std::string& path, std::string_view bytes, const GoOn& go_on = ToTheEnd);
+// Makes the new file `path` hold the `pieces`, one behind the other; kExists when the name is
+// taken. On failure no file is left. Not flushed. Ends with kCancelled when `go_on` says so.
+Status WriteNewFile(const std::string& path, std::span<const std::string_view> pieces,
+                    const GoOn& go_on = ToTheEnd);
 
 // Waits until the file's content is on the disk. A failure names `shown`.
 Status Flush(const PosixFile& file, const std::string& shown);

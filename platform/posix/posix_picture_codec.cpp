@@ -35,7 +35,8 @@ Status PosixPictureCodec::SaveBitmap(const std::string& path, const PixelView& p
   const std::string bytes = EncodeBmp24(picture, go_on);
   if (!go_on(1)) return Status::Cancelled(DisplayPath(path));
   if (bytes.empty()) return PathError(Failure::kTooLarge, path, "not enough memory");
-  return WriteNewFile(path, bytes, go_on);
+  const std::string_view whole = bytes;
+  return WriteNewFile(path, {&whole, 1}, go_on);
 }
 
 }  // namespace tarnwell

@@ -19,8 +19,16 @@ JpegRows RowsOf(const PixelView& pixels) {
 std::string EncodedInOneGo(const PixelView& pixels, bool half_chrominance) {
   JpegBytes file;
   EXPECT_TRUE(EncodeJpegRows(RowsOf(pixels), {80, half_chrominance, 0}, file));
-  const std::unique_ptr<unsigned char, decltype(&std::free)> owner(file.data, &std::free);
+  const std::unique_ptr<std::uint8_t, decltype(&std::free)> owner(file.data, &std::free);
   return std::string(reinterpret_cast<const char*>(file.data), file.size);
+}
+
+std::string EncodedInStripes(const PixelView& pixels, bool half_chrominance, int threads) {
+  const auto picture = EncodeJpegPicture(RowsOf(pixels), 80, half_chrominance, threads);
+  if (!picture) return {};
+  std::string file = picture->file.header;
+  for (const std::string_view piece : picture->file.data) file += piece;
+  return file;
 }
 
 TEST(JpegWriterTest, StripesGiveTheSamePixelsAsOneGoOnAnyNumberOfThreads) {
@@ -31,13 +39,13 @@ TEST(JpegWriterTest, StripesGiveTheSamePixelsAsOneGoOnAnyNumberOfThreads) {
     for (const bool half_chrominance : {true, false}) {
       SCOPED_TRACE(testing::Message() << width << " x " << height << ", " << half_chrominance);
       const auto expected = DecodeJpeg(EncodedInOneGo(picture->view(), half_chrominance), "one go");
-      const auto file = EncodeJpegPicture(RowsOf(picture->view()), 80, half_chrominance, 1);
-      ASSERT_TRUE(expected.ok() && file);
-      const auto pixels = DecodeJpeg(*file, "stripes");
+      const std::string file = EncodedInStripes(picture->view(), half_chrominance, 1);
+      ASSERT_TRUE(expected.ok());
+      const auto pixels = DecodeJpeg(file, "stripes");
       ASSERT_TRUE(pixels.ok()) << pixels.status.message;
       EXPECT_TRUE(**pixels == **expected);
       for (const int threads : {2, 3}) {
-        EXPECT_EQ(EncodeJpegPicture(RowsOf(picture->view()), 80, half_chrominance, threads), *file);
+        EXPECT_EQ(EncodedInStripes(picture->view(), half_chrominance, threads), file);
       }
     }
   }
@@ -45,9 +53,9 @@ TEST(JpegWriterTest, StripesGiveTheSamePixelsAsOneGoOnAnyNumberOfThreads) {
 
 TEST(JpegWriterTest, FitsTheTablesToThePicture) {
   const auto picture = NoisyPicture(1021, 703, 5);
-  const auto file = EncodeJpegPicture(RowsOf(picture->view()), 80, true, 1);
-  ASSERT_TRUE(file);
-  EXPECT_LT(file->size(), EncodedInOneGo(picture->view(), true).size() * 99 / 100);
+  const std::string file = EncodedInStripes(picture->view(), true, 1);
+  ASSERT_FALSE(file.empty());
+  EXPECT_LT(file.size(), EncodedInOneGo(picture->view(), true).size() * 99 / 100);
 }
 
 TEST(JpegStripesTest, CoverThePictureWithIntervalsThatAFileCanName) {
