@@ -26,7 +26,6 @@
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/frm_progress.h"
-#include "shell/letter_case.h"
 #include "shell/long_work.h"
 #include "shell/module1.h"
 #include "shell/tell.h"
@@ -100,11 +99,6 @@ bool SettleOutputPath(Form1& form) {
                .value_or(path);
   }
   return !IsUnnamed(path);
-}
-
-bool IsJpegPath(const std::string& path) {
-  const std::string extension = FoldCase(SplitPhotoPath(path).extension);
-  return extension == ".jpg" || extension == ".jpeg";
 }
 
 std::string InOneText(const std::vector<std::string>& sentences) {
@@ -258,7 +252,7 @@ Status WriteUnderFreeName(Form1& form, bool& as_jpeg, std::vector<std::string>& 
   for (Failure failure = Failure::kCancelled;; failure = Failure::kNameTaken) {
     if (!SettleOutputPath(form)) return NotSaved(form, failure);
     if (!files.FileExists(path) && !files.FolderExists(path)) {
-      as_jpeg = IsJpegPath(path);
+      as_jpeg = IsJpegName(path);
       Status written = WritePhoto(form, as_jpeg, lost);
       if (written.failure != Failure::kExists) return written;
     }

@@ -1,6 +1,7 @@
 #include "imaging/output_names.h"
 
 #include "platform/files.h"
+#include "shell/letter_case.h"
 
 namespace tarnwell {
 namespace {
@@ -60,6 +61,11 @@ PhotoPathParts SplitPhotoPath(const std::string& path) {
   const std::size_t last_dot = path.rfind('.');
   if (last_dot != std::string::npos) parts.extension = path.substr(last_dot);
   return parts;
+}
+
+bool IsJpegName(const std::string& path) {
+  const std::string extension = FoldCase(SplitPhotoPath(path).extension);
+  return extension == ".jpg" || extension == ".jpeg";
 }
 
 void BuildOutputNames(OutputNames& names, const std::string& photo_path, Files& files) {

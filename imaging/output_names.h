@@ -18,6 +18,9 @@ struct PhotoPathParts {
 };
 PhotoPathParts SplitPhotoPath(const std::string& path);
 
+// Whether a new photo of this name is written as a JPEG file; all others are bitmaps.
+bool IsJpegName(const std::string& path);
+
 // The output-name list of the "Save Photo As..." module.
 struct OutputNames {
   std::vector<std::string> entries;  // as shown: the file names behind a prefix, then "Other..."

@@ -47,6 +47,9 @@ TEST_F(ProgramTest, NewFilesAreNamedInTheSpellingOfTheWords) {
   } rows[] = {{{"@p.bmp", "--output", "@x.jpg"}, Shown("x.jpg")},
               {{"@p.bmp", "--output-folder", "@"}, Shown("pA.bmp")},
               {{"@p.bmp", "--output-folder", "@out"}, Shown("out\\pA.bmp")},
+              {{"@p.bmp", "--output", "@y.jpg", "--quality", "original"},
+               Shown("y.jpg") + ", with quality 80, because the photo has none of its own"},
+              {{"@p.bmp", "--output", "@y.bmp", "--quality", "original"}, Shown("y.bmp")},
               {{"@g.gif"}, Shown("gA.gif") + ", written as a bitmap"}};
   folder.MakeFolder("out");
   for (const auto& row : rows) {
