@@ -12,6 +12,8 @@
 namespace tarnwell {
 namespace {
 
+bool IsQuarter(Turn turn) { return turn == Turn::kAnticlockwise || turn == Turn::kClockwise; }
+
 // A pixel with its unused channel 0.
 std::uint32_t Colours(const std::uint8_t* pixel) {
   static_assert(std::endian::native == std::endian::little);
@@ -115,23 +117,24 @@ bool TurnRows(const PixelView& pixels, Turn turn, int threads, const GoOn& go_on
 
 }  // namespace
 
-std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn, int threads,
-                                       const GoOn& go_on) {
-  const bool is_quarter = turn == Turn::kAnticlockwise || turn == Turn::kClockwise;
-  auto turned = is_quarter ? TryMakePixels(pixels.height, pixels.width)
-                           : TryMakePixels(pixels.width, pixels.height);
-  if (!turned) return nullptr;
-  const auto turn_all = is_quarter ? TurnQuarter : TurnRows;
-  if (!turn_all(pixels, turn, threads, go_on, turned->mutable_view())) return nullptr;
-  return turned;
+PictureSize SizeAfter(Turn turn, PictureSize before) {
+  return IsQuarter(turn) ? PictureSize{before.height, before.width} : before;
+}
+
+bool TurnPixels(const PixelView& pixels, Turn turn, int threads, MutablePixelView turned,
+                const GoOn& go_on) {
+  const auto turn_all = IsQuarter(turn) ? TurnQuarter : TurnRows;
+  return turn_all(pixels, turn, threads, go_on, turned);
 }
 
 bool RotateFinalImage(PixelBuffer& buffer, int choice, int threads, const GoOn& go_on) {
   if (choice < 0 || choice >= kTurnCount) return false;
   const PixelView pixels = WorkingPixels(buffer);
   if (pixels.empty()) return false;
-  auto turned = TurnPixels(pixels, static_cast<Turn>(choice), threads, go_on);
-  if (!turned) return false;
+  const auto turn = static_cast<Turn>(choice);
+  const PictureSize size = SizeAfter(turn, {pixels.width, pixels.height});
+  auto turned = TryMakePixels(size.width, size.height);
+  if (!turned || !TurnPixels(pixels, turn, threads, turned->mutable_view(), go_on)) return false;
   ReplaceWorkingPixels(buffer, std::move(turned));
   buffer.surfaces.picSource.turned = true;
   return true;

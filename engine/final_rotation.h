@@ -1,7 +1,6 @@
 #pragma once
 
-#include <memory>
-
+#include "imaging/picture_size.h"
 #include "imaging/pixel_array.h"
 #include "platform/events.h"
 
@@ -19,10 +18,12 @@ enum class Turn : int {
 };
 inline constexpr int kTurnCount = 5;
 
-// A new array holding `pixels` turned, by up to `threads` threads; its unused channel is 0. Null
-// when memory does not suffice or `go_on`, asked on the calling thread, ends it.
-std::shared_ptr<PixelArray> TurnPixels(const PixelView& pixels, Turn turn, int threads,
-                                       const GoOn& go_on = ToTheEnd);
+PictureSize SizeAfter(Turn turn, PictureSize before);
+
+// Fills `turned`, of SizeAfter, with `pixels` turned, by up to `threads` threads; its unused
+// channel is 0. False when `go_on`, asked on the calling thread, ended it.
+bool TurnPixels(const PixelView& pixels, Turn turn, int threads, MutablePixelView turned,
+                const GoOn& go_on = ToTheEnd);
 
 // Turns the buffer's working pixels by rotation choice `choice` (0 to 4) and rebuilds its header.
 // False, with the buffer as it was, for another choice, when memory does not suffice or `go_on`
