@@ -72,8 +72,8 @@ Result<std::vector<std::string>> ListTestShots(Files& files, const std::string& 
 Result<std::vector<Resolution>> ListResolutions(const Module1& app, Files& files) {
   std::vector<Resolution> resolutions;
   const std::string folder = DeadPixelsFolder(app);
-  if (!files.FolderExists(folder)) return resolutions;
   const Result<std::vector<FolderEntry>> entries = files.List(folder);
+  if (entries.status.failure == Failure::kNotFound) return resolutions;
   if (!entries.ok()) return entries.status;
   for (const FolderEntry& entry : *entries) {
     const auto resolution = ParseResolution(entry.name);

@@ -347,12 +347,18 @@ TEST_P(StorageFaultsTest, EveryFileIsOldOrNewAndTheUserIsTold) {
   const std::vector<FileCall> calls = undisturbed.RunWatched(told);
   ASSERT_TRUE(told.ok) << told.text;
   const Contents after = undisturbed.Now();
+  int tried = 0;
+  const auto try_fault = [&](Fault fault, std::size_t at, const FileCall* call) {
+    TryFault(GetParam(), fault, at, call, after);
+    ++tried;
+  };
   for (const Fault fault : {Fault::kDiskFull, Fault::kNoAccess, Fault::kKilled, Fault::kPowerCut}) {
     for (std::size_t at = 0; at < calls.size(); ++at) {
-      if (IsTried(fault, calls[at], at)) TryFault(GetParam(), fault, at, &calls[at], after);
+      if (IsTried(fault, calls[at], at)) try_fault(fault, at, &calls[at]);
     }
-    if (EndsTheProcess(fault)) TryFault(GetParam(), fault, calls.size(), nullptr, after);
+    if (EndsTheProcess(fault)) try_fault(fault, calls.size(), nullptr);
   }
+  RecordProperty("faults", tried);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, StorageFaultsTest, testing::ValuesIn(Operations()),
