@@ -138,7 +138,8 @@ void AutoPass::Correct(std::size_t index, Form1& form) {
   const AutoPhotoOutcome outcome =
       ProcessPhoto(form, tasks_[index], plan_, [this](const std::string& text) {
         const std::lock_guard lock(mutex_);
-        SetStatus(mode_, host_, text, AutoActivity::kCorrecting);
+        // Ended meanwhile, the mode is off for the user; the photo in hand is only seen through.
+        if (mode_.automated) SetStatus(mode_, host_, text, AutoActivity::kCorrecting);
       });
   const std::lock_guard lock(mutex_);
   Settle(photos_[index], outcome);

@@ -34,7 +34,7 @@ void ListModes(Module1& app, Files& files, frmModules& panel, ConsoleHost& host,
   Note(modes.status, host, code);
   if (!modes.ok()) return;
   for (const std::string& entry : *modes) {
-    const std::string mode = entry.substr(1);  // behind the marker
+    const std::string mode = ProfileNameOf(entry);
     SetProfile(app, panel.camera, mode);
     const LoadedLearning learnt = LoadLearningData(files, app.mode_folder);
     host.out << "  " << OneLine(mode) << ": " << LearntText(learnt.data.records.size()) << "\n";
@@ -73,7 +73,7 @@ int RunCamerasCommand(const CamerasOptions& options, ConsoleHost& host) {
   Note(cameras.status, host, code);
   if (!cameras.ok()) return code;
   for (const std::string& entry : *cameras) {
-    panel.camera = entry.substr(1);
+    panel.camera = ProfileNameOf(entry);
     SetProfile(app, panel.camera, "");
     host.out << OneLine(panel.camera) << "\n";
     ListModes(app, *files, panel, host, code);

@@ -8,7 +8,6 @@
 #include "console/console_dialogs.h"
 #include "console/console_host.h"
 #include "console/console_window.h"
-#include "console/output_extension.h"
 #include "console/progress_bar.h"
 #include "console/shown_text.h"
 #include "engine/adjust_photo.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "console/options.h"
-#include "modules/closed_modules.h"
 #include "modules/frm_modules.h"
+#include "modules/settings_in_force.h"
 
 namespace tarnwell {
 
@@ -20,11 +20,11 @@ std::vector<std::string> IdleSettings(const Settings& settings, const frmModules
   };
   for (const SliderSetting& setting : settings.sliders) {
     const std::string number = std::to_string(setting.slider);
-    look(true, "--slider " + number, kSliders[setting.slider].module);
-    // Each of the first two sliders is a limit that the check option of its number brings in.
-    const bool is_limit = setting.slider <= kBlackLimitByHand;
-    if (is_limit && panel.IsOpen(kSmartPhotoCorrection) && !panel.IsChecked(setting.slider)) {
-      add("--slider " + number, "check option " + number);
+    const int module = kSliders[setting.slider].module;
+    look(true, "--slider " + number, module);
+    const std::optional<Check> check = CheckBehind(setting.slider);
+    if (check && panel.IsOpen(module) && !panel.IsChecked(*check)) {
+      add("--slider " + number, "check option " + std::to_string(*check));
     }
   }
   for (const CheckSetting& setting : settings.checks) {

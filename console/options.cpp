@@ -3,8 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include "console/help_text.h"
-#include "console/output_extension.h"
 #include "console/setting_options.h"
+#include "imaging/output_names.h"
 
 namespace tarnwell {
 namespace {
@@ -25,6 +25,12 @@ constexpr char kLearningUsage[] =
 constexpr char kDeadPixelsUsage[] =
     "Usage: tarnwell-pocket deadpixels add [--camera NAME] [--program-folder DIR] SHOT...\n"
     "       tarnwell-pocket deadpixels assess [--camera NAME] [--program-folder DIR]\n";
+
+// A check of a word that names a new photo: what is wrong with it; empty when nothing is.
+std::string IsOutputName(const std::string& word) {
+  if (!PromisesOtherPicture(word)) return IsNamed(word);
+  return "\"" + word + "\": only JPEG files and bitmaps are written; end the name in .jpg or .bmp";
+}
 
 // Runs the parser over the words. What it refuses ends with its text, then `usage`.
 template <typename Options>

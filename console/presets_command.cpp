@@ -19,7 +19,7 @@ std::string WordsNotKept(const Settings& settings) {
     if (given) words += (words.empty() ? "" : ", ") + word;
   };
   for (const CheckSetting& setting : settings.checks) {
-    add(setting.check < kUseLearntCorrections, "--check " + std::to_string(setting.check));
+    add(!PresetKeeps(setting.check), "--check " + std::to_string(setting.check));
   }
   if (settings.learn) add(true, *settings.learn ? "--learn" : "--no-learn");
   add(settings.rotation.has_value(), "--rotation");

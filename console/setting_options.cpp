@@ -58,7 +58,10 @@ CLI::Option* AddProgramFolder(CLI::App& app, std::string& folder) {
       ->check(IsNamed);
 }
 
-void AddSettings(CLI::App& app, Settings& settings) {
+namespace {
+
+// Whose settings they are, and where they start from.
+void AddStartingPoint(CLI::App& app, Settings& settings) {
   app.add_option("--camera", settings.camera, "Whose learnt corrections are used; made if missing")
       ->type_name("NAME")
       ->check(IsNamed)
@@ -71,6 +74,10 @@ void AddSettings(CLI::App& app, Settings& settings) {
       ->type_name("FILE.twp")
       ->check(IsNamed)
       ->group("Settings");
+}
+
+// What stands in the panel of modules.
+void AddPanel(CLI::App& app, Settings& settings) {
   AddRepeated(app, "--module", "N=on|off", ParseModuleSetting, settings.modules,
               "Switch a module on or off; may be repeated");
   AddRepeated(app, "--slider", "N=VALUE", ParseSliderSetting, settings.sliders,
@@ -96,6 +103,10 @@ void AddSettings(CLI::App& app, Settings& settings) {
   app.add_flag("--strip-place", settings.leave_place_out,
                "Keep the place where the photo was taken out of the saved file")
       ->group("Settings");
+}
+
+// How a run works.
+void AddRun(CLI::App& app, Settings& settings) {
   app.add_option_function<std::string>(
          "--analyze",
          [&settings](const std::string& word) { settings.analyze_full = word == "full"; },
@@ -115,6 +126,15 @@ void AddSettings(CLI::App& app, Settings& settings) {
   app.add_flag("--quiet", settings.quiet,
                "Show failures and what a new file cannot keep, but nothing else")
       ->group("Settings");
+}
+
+}  // namespace
+
+// The help lists them in this order.
+void AddSettings(CLI::App& app, Settings& settings) {
+  AddStartingPoint(app, settings);
+  AddPanel(app, settings);
+  AddRun(app, settings);
   AddProgramFolder(app, settings.program_folder)->group("Settings");
 }
 

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "automation/auto_mode.h"
+#include "automation/photo_budget.h"
 #include "automation/photo_workers.h"
 #include "automation/unattended_dialogs.h"
 #include "console/console_host.h"
 #include "console/console_window.h"
-#include "console/photo_budget.h"
 #include "console/shown_text.h"
 #include "console/watch_lines.h"
 

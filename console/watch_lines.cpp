@@ -1,7 +1,7 @@
 #include "console/watch_lines.h"
 
-#include "console/output_extension.h"
 #include "console/shown_text.h"
+#include "imaging/output_names.h"
 
 namespace tarnwell {
 

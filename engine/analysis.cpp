@@ -60,6 +60,17 @@ inline Pixels Choose(Numbers mask, Pixels a, Pixels b) {
 
 std::uint8_t LowestOf(Pixels pixels, int lane) { return static_cast<std::uint8_t>(pixels[lane]); }
 
+// `row` has fewer columns than are measured at once: they are filled up with the first of them.
+template <int kCount>
+const std::uint8_t* FilledUp(const std::uint8_t* row, int columns,
+                             std::uint8_t (&full)[kCount * kBytesPerPixel]) {
+  for (int x = 0; x < kCount; ++x) {
+    std::memcpy(full + x * kBytesPerPixel, row + (x < columns ? x : 0) * kBytesPerPixel,
+                kBytesPerPixel);
+  }
+  return full;
+}
+
 }  // namespace
 
 void AnalysisPass::FindEntries(int first_column, int columns) {
@@ -72,14 +83,7 @@ void AnalysisPass::FindEntries(int first_column, int columns) {
   std::uint8_t full_row[kColumns * kBytesPerPixel];
   for (int y = 0; y < pixels_.height; ++y, entries += kColumns) {
     const std::uint8_t* row = pixels_.at(first_column, y);
-    if (columns < kColumns) {
-      // The picture's last columns, filled up with the first of them.
-      for (int x = 0; x < kColumns; ++x) {
-        std::memcpy(full_row + x * kBytesPerPixel, row + (x < columns ? x : 0) * kBytesPerPixel,
-                    kBytesPerPixel);
-      }
-      row = full_row;
-    }
+    if (columns < kColumns) row = FilledUp<kColumns>(row, columns, full_row);
     for (int x = 0; x < kColumns; x += kLanes) {
       Pixels pixels;
       std::memcpy(&pixels, row + x * kBytesPerPixel, sizeof(pixels));

@@ -1,5 +1,8 @@
 #include "imaging/output_names.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "platform/files.h"
 #include "shell/letter_case.h"
 
@@ -66,6 +69,20 @@ PhotoPathParts SplitPhotoPath(const std::string& path) {
 bool IsJpegName(const std::string& path) {
   const std::string extension = FoldCase(SplitPhotoPath(path).extension);
   return extension == ".jpg" || extension == ".jpeg";
+}
+
+bool PromisesOtherPicture(const std::string& name) {
+  constexpr const char* kOthers[] = {".gif",  ".jfif", ".jpe",  ".jif",  ".png", ".apng", ".tif",
+                                     ".tiff", ".webp", ".heic", ".heif", ".hif", ".avif", ".jxl",
+                                     ".jp2",  ".dng",  ".psd",  ".tga",  ".ppm"};
+  const std::size_t dot = name.find_last_of("./\\");
+  if (dot == std::string::npos) return false;
+  const std::string extension = FoldCase(name.substr(dot));
+  return std::find(std::begin(kOthers), std::end(kOthers), extension) != std::end(kOthers);
+}
+
+std::string HowWritten(const std::string& name) {
+  return PromisesOtherPicture(name) ? ", written as a bitmap" : "";
 }
 
 void BuildOutputNames(OutputNames& names, const std::string& photo_path, Files& files) {

@@ -21,6 +21,13 @@ PhotoPathParts SplitPhotoPath(const std::string& path);
 // Whether a new photo of this name is written as a JPEG file; all others are bitmaps.
 bool IsJpegName(const std::string& path);
 
+// Whether the name promises a picture that is neither JPEG nor bitmap, as "photo.png" does. Files
+// of such names are written as bitmaps all the same.
+bool PromisesOtherPicture(const std::string& name);
+
+// What the line about a saved photo adds where the name promises something else; often nothing.
+std::string HowWritten(const std::string& name);
+
 // The output-name list of the "Save Photo As..." module.
 struct OutputNames {
   std::vector<std::string> entries;  // as shown: the file names behind a prefix, then "Other..."

@@ -31,9 +31,12 @@ Status WritePreset(const Module1& app, Files& files, const frmModules& panel,
 std::string PresetText(const frmModules& panel, const std::array<std::string, 4>& first_four_lines,
                        const std::string& title);
 
+// Whether presets carry the check option. The first three are no part of one.
+inline bool PresetKeeps(int check) { return check >= kUseLearntCorrections; }
+
 // Puts the preset at `path` in force; asks for one when `path` is empty (kCancelled, without a
 // message, when the user backs out). Value texts hold as they stand, whatever their knob says.
-// Check options 0 to 2 are no part of a preset and stay. With the stored white balance mode 2 the
+// Check options that presets do not keep stay as they are. With the stored white balance mode 2 the
 // preset becomes the custom white balance file and is read as such; with 0 or 1 the mode is
 // switched and no file is read, so that slider 2 keeps the preset's text.
 //

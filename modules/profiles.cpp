@@ -90,6 +90,9 @@ Result<std::vector<std::string>> ListProfiles(const Module1& app, Files& files,
   return names;
 }
 
+std::string ProfileNameOf(const std::string& entry) { return entry.substr(1); }
+bool IsCurrentProfile(const std::string& entry) { return entry.starts_with(kCurrentMarker); }
+
 void SelectProfileByName(Module1& app, Platform& platform, frmModules& panel, std::string camera,
                          std::string mode) {
   SetProfile(app, camera, mode);
@@ -104,7 +107,7 @@ void SelectProfileByName(Module1& app, Platform& platform, frmModules& panel, st
 void SelectProfile(Module1& app, Platform& platform, frmModules& panel, ProfileList list,
                    const std::string& entry) {
   if (entry.empty()) return;
-  const std::string name = entry.substr(1);
+  const std::string name = ProfileNameOf(entry);
   if (list == ProfileList::kCameras) {
     SelectProfileByName(app, platform, panel, name, kDefaultProfile);
   } else {

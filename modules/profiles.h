@@ -29,6 +29,9 @@ Status EnsureProfileFolders(const Module1& app, Files& files);
 Result<std::vector<std::string>> ListProfiles(const Module1& app, Files& files,
                                               const frmModules& panel, ProfileList list);
 
+std::string ProfileNameOf(const std::string& entry);
+bool IsCurrentProfile(const std::string& entry);
+
 // Selects camera and mode: captions and folders (made when missing), then white balance mode 0,
 // which reads the mode's white balance. Failures are told to the user. What was learnt for camera
 // and mode is the caller's to load again, here and below.

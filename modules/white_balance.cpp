@@ -61,14 +61,19 @@ Status UseWhiteBalanceFile(Files& files, frmModules& panel, const std::string& p
 
 void OpenWhiteBalance(Module1& app, Platform& platform, frmModules& panel) {
   const auto path = platform.dialogs.ChooseOpenFile("Open White Balance", kWhiteBalanceFilter);
-  if (!path || !platform.files.FileExists(*path)) {
-    if (panel.custom_white_file.empty()) {
-      picMode_Click(app, platform, panel, WhiteBalanceMode::kModeDefault);
+  if (path && platform.files.FileExists(*path)) {
+    const std::string chosen = platform.files.Absolute(*path);
+    const Status used = UseWhiteBalanceFile(platform.files, panel, chosen);
+    if (used.ok()) {
+      panel.custom_white_file = chosen;
+      return;
     }
-    return;
+    TellFailure(app, platform, used);
   }
-  panel.custom_white_file = platform.files.Absolute(*path);
-  TellFailure(app, platform, UseWhiteBalanceFile(platform.files, panel, panel.custom_white_file));
+  // The file before stays in use; without one, the mode's own is.
+  if (panel.custom_white_file.empty()) {
+    picMode_Click(app, platform, panel, WhiteBalanceMode::kModeDefault);
+  }
 }
 
 void WhiteBalncOk(frmWhiteBalnc& window) {

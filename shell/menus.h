@@ -43,8 +43,8 @@ extern const std::array<Menu, kMenuCount> kMenus;
 // The row's data; null for a menu or row that does not exist.
 const MenuRow* FindRow(int menu, int row);
 
-// Whether the row is in its menu. Asked when the menus are made: the power toys come and go with
-// the next start.
+// Whether the row is in its menu now. The power toys come and go while the program runs, whatever
+// the box about them says.
 bool IsRowShown(const Form1& form, int menu, int row);
 
 // Whether the row can be chosen now. False for separators and rows that do not exist.

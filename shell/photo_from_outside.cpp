@@ -8,15 +8,21 @@
 
 namespace tarnwell {
 
-void OpenFromOutside(MainWindow& window, const std::function<std::optional<std::string>()>& take) {
-  if (IsOccupied(window)) return;
+bool OpenFromOutside(MainWindow& window, const std::function<std::optional<std::string>()>& take) {
+  if (IsOccupied(window)) return false;
   const Occupied occupied(window);
   Form1& form = window.form;
+  bool opened = false;
   TellLackOfMemory(form, [&] {
     if (!AskToSaveChanges(form)) return;
-    if (const auto path = take()) TellFailure(form, OpenPhotoFile(form, *path));
+    const auto path = take();
+    if (!path) return;
+    const Status status = OpenPhotoFile(form, *path);
+    opened = status.ok();
+    TellFailure(form, status);
   });
   window.view.Refresh();
+  return opened;
 }
 
 }  // namespace tarnwell

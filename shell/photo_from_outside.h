@@ -10,7 +10,7 @@ struct MainWindow;
 
 // Opens a photo that comes from outside the window: dropped on it, or handed over by another
 // instance. Asks about unsaved changes first; only then `take` gives the path, or nothing. Does
-// nothing while the window is occupied.
-void OpenFromOutside(MainWindow& window, const std::function<std::optional<std::string>()>& take);
+// nothing while the window is occupied. Returns whether a photo was opened.
+bool OpenFromOutside(MainWindow& window, const std::function<std::optional<std::string>()>& take);
 
 }  // namespace tarnwell

@@ -1,6 +1,7 @@
 #include "shell/status_text.h"
 
 #include "engine/learning_data.h"
+#include "imaging/output_names.h"
 #include "imaging/photo_title.h"
 #include "shell/form1.h"
 #include "shell/module1.h"
@@ -31,7 +32,9 @@ std::string StatusText(const Form1& form) {
   const std::string size =
       std::to_string(original->width()) + kTimes + std::to_string(original->height()) + " pixels";
   if (!form.app.photo_changed) {
-    return WasSaved(form) ? size + kDot + "saved as " + std::string(ShownPhotoName(form)) : size;
+    if (!WasSaved(form)) return size;
+    const std::string name(ShownPhotoName(form));
+    return size + kDot + "saved as " + name + HowWritten(name);
   }
   // What was learnt is news, and too long to stand beside the size.
   const std::string learnt = ProposalText(form.learnt);

@@ -60,13 +60,13 @@ void Timer1_Tick(MainWindow& window) {
   window.view.Refresh();
 }
 
-void Timer2_Tick(MainWindow& window) {
-  if (IsOccupied(window) || window.pass_running || window.form.app.closing) return;
+bool Timer2_Tick(MainWindow& window) {
+  if (IsOccupied(window) || window.pass_running || window.form.app.closing) return false;
   OfferStartUpTip(window);
   Form1& form = window.form;
-  if (!form.platform.files.FileExists(form.app.queue_file)) return;
+  if (!form.platform.files.FileExists(form.app.queue_file)) return false;
   // On Cancel the file stays and the question comes back: a queued photo is never dropped silently.
-  OpenFromOutside(window, [&form] { return TakeQueuedPath(form); });
+  return OpenFromOutside(window, [&form] { return TakeQueuedPath(form); });
 }
 
 }  // namespace tarnwell

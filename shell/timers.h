@@ -9,7 +9,8 @@ struct MainWindow;
 void Timer1_Tick(MainWindow& window);
 
 // Timer2, the polling timer: opens the photo that another instance has queued. Ticks while the
-// window is occupied or closing do nothing. The first tick offers the start-up tip.
-void Timer2_Tick(MainWindow& window);
+// window is occupied or closing do nothing. The first tick offers the start-up tip. Returns whether
+// a photo was opened.
+bool Timer2_Tick(MainWindow& window);
 
 }  // namespace tarnwell

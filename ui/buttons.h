@@ -25,6 +25,8 @@ class Label : public Control {
 
  protected:
   void Paint(Painter& painter, const Box& client) override;
+  // An "&" in a file's name is no access key.
+  LRESULT WantedKeys() const override { return 0; }
 
  private:
   Face face_;

@@ -100,15 +100,28 @@ bool Control::HandleKey(UINT message, WPARAM key) {
   return message == WM_KEYDOWN && OnKey(key);
 }
 
+void Control::PaintNow() {
+  const PaintScope paint(handle());
+  Painter painter(paint.dc(), paint.area(), look_);
+  painter.Fill(Client(), GroundColour());
+  Paint(painter, Client());
+}
+
+// Of the focus and the text: messages after which the control only looks different.
+void Control::Follow(UINT message) {
+  if (message == WM_SETFOCUS) {
+    SendMessageW(GetParent(handle()), kFocusArrived, reinterpret_cast<WPARAM>(handle()), 0);
+  }
+  if (message == WM_KILLFOCUS) SetHeld(false);
+  if (message == WM_ENABLE) CheckHovered();
+  Invalidate();
+}
+
 LRESULT Control::Handle(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
-    case WM_PAINT: {
-      const PaintScope paint(handle());
-      Painter painter(paint.dc(), paint.area(), look_);
-      painter.Fill(Client(), GroundColour());
-      Paint(painter, Client());
+    case WM_PAINT:
+      PaintNow();
       return 0;
-    }
     case WM_ERASEBKGND:
       return 1;
     case WM_LBUTTONDOWN:
@@ -129,16 +142,9 @@ LRESULT Control::Handle(UINT message, WPARAM w, LPARAM l) {
       if (HandleKey(message, w)) return 0;
       break;
     case WM_SETFOCUS:
-      SendMessageW(GetParent(handle()), kFocusArrived, reinterpret_cast<WPARAM>(handle()), 0);
-      Invalidate();
-      return 0;
     case WM_KILLFOCUS:
-      SetHeld(false);
-      Invalidate();
-      return 0;
     case WM_ENABLE:
-      CheckHovered();
-      Invalidate();
+      Follow(message);
       return 0;
     case WM_SETTEXT: {
       const LRESULT result = Window::Handle(message, w, l);

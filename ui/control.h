@@ -58,6 +58,8 @@ class Control : public Window {
   bool ShowsFocus() const { return look_.show_focus && GetFocus() == handle(); }
 
  private:
+  void PaintNow();
+  void Follow(UINT message);
   bool HandlePointer(UINT message, int x, int y);
   bool HandleKey(UINT message, WPARAM key);
   void SetHovered(bool hovered);

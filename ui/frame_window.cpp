@@ -24,6 +24,8 @@ FrameWindow::~FrameWindow() {
 
 bool FrameWindow::MakeTop(const wchar_t* class_name, const std::wstring& title, DWORD style,
                           HWND owner, int width, int height) {
+  // It comes up on its owner's screen, which may have another scale than the first one.
+  if (owner) look_.Rescale(ScaleOf(owner));
   const RECT work = WorkArea(owner);
   const SIZE frame = FrameWithin(work, {Px(width), Px(height)}, style, look_.scale);
   const Box box = Centred(ToBox(work), frame.cx, frame.cy);

@@ -104,6 +104,10 @@ Scale StartScale() {
   return ForcedScale(Environment(L"TARNWELL_SCALE"), {static_cast<int>(GetDpiForSystem())});
 }
 
+Scale ScaleOf(HWND window) {
+  return ForcedScale(Environment(L"TARNWELL_SCALE"), {static_cast<int>(GetDpiForWindow(window))});
+}
+
 SIZE TextSize(const Look& look, Face face, const std::wstring& text) {
   HDC screen = GetDC(nullptr);
   const HGDIOBJ before = SelectObject(screen, look.fonts.Get(face));

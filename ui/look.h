@@ -46,6 +46,8 @@ struct Look {
 
 // The scale that a window opened now would have, unless the environment forces one.
 Scale StartScale();
+// The scale of the screen that the window stands on.
+Scale ScaleOf(HWND window);
 
 SIZE TextSize(const Look& look, Face face, const std::wstring& text);
 

@@ -156,8 +156,9 @@ void MainFrame::CorrectPreview() {
   const bool slow = preview_took_long_ || IsPreviewSlow(form);
   // A slider that is held would be let go by the progress window.
   if (slow && GetCapture()) return;
+  if (IsOccupied(*window_)) return;
   KillTimer(handle(), kFollowTimer);
-  if (IsOccupied(*window_) || !PreviewFollowsPanel(form)) return;
+  if (!PreviewFollowsPanel(form)) return;
   const Occupied occupied(*window_);
   const ULONGLONG start = GetTickCount64();
   TellLackOfMemory(form, [&] {
@@ -339,9 +340,7 @@ void MainFrame::OpenDropped() {
 
 // Another instance may have handed over a photo while this window was out of the way.
 void MainFrame::Poll() {
-  const std::string before = window_->form.app.current_file;
-  Timer2_Tick(*window_);
-  const bool opened = window_->form.app.current_file != before;
+  const bool opened = Timer2_Tick(*window_);
   const bool seen = IsWindowVisible(handle()) && !IsIconic(handle());
   if (opened && !seen) auto_windows_->ShowMainWindow();
   OpenDropped();

@@ -56,6 +56,7 @@ class MainFrame : public FrameWindow, public MainView {
   Status OpenWebPage(const std::string& address) override;
   Status MakeQuickLaunchShortcut() override;
   void Close() override;
+  // Drawing ends with the window, and its procedure was never replaced.
   void ReleaseDrawing() override {}
   void RestoreWindowProcedure() override {}
   void UnloadOtherWindows() override;

@@ -3,6 +3,7 @@
 #include "imaging/output_names.h"
 #include "modules/frm_modules.h"
 #include "modules/profiles.h"
+#include "modules/settings_in_force.h"
 #include "platform/platform.h"
 #include "shell/form1.h"
 #include "shell/profile_selection.h"
@@ -19,8 +20,7 @@ namespace {
 
 // Whether moving the slider would change anything: some have a check that puts them in force.
 bool SliderCounts(const Form1& form, int index) {
-  if (index == kWhiteLimitSlider) return form.modules.IsChecked(kWhiteLimitByHand);
-  if (index == kBlackLimitSlider) return form.modules.IsChecked(kBlackLimitByHand);
+  if (const auto check = CheckBehind(index)) return form.modules.IsChecked(*check);
   if (index != kJpegQualitySlider || !form.modules.save_switches[kQualityAsOriginal]) return true;
   return !form.metadata || !form.metadata->jpeg_quality;
 }
@@ -60,11 +60,10 @@ PanelParts CheckRow(HWND parent, const Look& look, PanelHost& host, int index) {
   return parts;
 }
 
-// The entries of a list of cameras or modes, each with its marker cut off.
 std::vector<ChoiceBox::Entry> ProfileEntries(const std::vector<std::string>& listed) {
   std::vector<ChoiceBox::Entry> entries;
   for (const std::string& entry : listed) {
-    entries.push_back({Wide(std::string_view(entry).substr(1)), entry.starts_with('>')});
+    entries.push_back({Wide(ProfileNameOf(entry)), IsCurrentProfile(entry)});
   }
   return entries;
 }

@@ -220,7 +220,8 @@ LRESULT SkinTonesWindow::Handle(UINT message, WPARAM w, LPARAM l) {
     if (code == EN_CHANGE && id >= kFirstColourId && id < kFirstColourId + 3) {
       FieldChanged(id - kFirstColourId);
     }
-    if (code == EN_SETFOCUS || code == EN_KILLFOCUS || code == LBN_SETFOCUS) Invalidate();
+    const bool of_list = code == LBN_SETFOCUS || code == LBN_KILLFOCUS;
+    if (code == EN_SETFOCUS || code == EN_KILLFOCUS || of_list) Invalidate();
   }
   return FrameWindow::Handle(message, w, l);
 }

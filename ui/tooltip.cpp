@@ -65,7 +65,7 @@ LRESULT Tooltip::Handle(UINT message, WPARAM w, LPARAM l) {
       const Theme& theme = look_->theme;
       painter.Fill(Client(), theme.dark ? theme.pressed : theme.text);
       painter.Text(Client(), text_, Face::kCaption, theme.dark ? theme.text : theme.card,
-                   DT_CENTER);
+                   DT_CENTER | DT_NOPREFIX);
       return 0;
     }
   }

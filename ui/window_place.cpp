@@ -63,7 +63,12 @@ void RestorePlacement(HWND window, WindowPlacement& kept) {
   const RECT rect = ToRect(box);
   const auto screen = InfoOf(MonitorFromRect(&rect, MONITOR_DEFAULTTONULL));
   if (!screen) return;
-  if (!kept.maximized) return Move(window, box);
+  if (!kept.maximized) {
+    Move(window, box);
+    // On a screen of another scale the window has just resized itself by the ratio of the scales;
+    // the kept size is already that screen's.
+    return Move(window, box);
+  }
   // Its size at its largest is the screen's affair; what counts is on which screen that was.
   RECT start = {};
   if (!GetWindowRect(window, &start)) return;

@@ -73,6 +73,7 @@ void ZoomWindow::Open() {
   if (look_.show_focus) ShowZoomCross(models_.zoom);
   Changed();
   if (!IsWindowVisible(handle())) ShowCentred();
+  if (IsIconic(handle())) ShowWindow(handle(), SW_RESTORE);
   SetForegroundWindow(handle());
   SetFocus(container_.handle());
 }

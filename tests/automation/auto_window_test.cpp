@@ -116,6 +116,18 @@ TEST(AutoWindowTest, NoCommandAndNoBoxComesBetweenTheStepsOfAPhoto) {
   EXPECT_FALSE(desk.switched.nobody_there);
 }
 
+TEST(AutoWindowTest, AnEndDuringAPhotoIsWhatTheStatusSays) {
+  AutoDesk desk;
+  desk.Begin();
+  desk.Arrive("a.jpg");
+  desk.events.on_run = [&](int) {
+    if (desk.auto_main.occupied && desk.automated.mode().automated) desk.automated.End();
+  };
+  desk.Take();
+  EXPECT_FALSE(desk.automated.mode().automated);
+  EXPECT_EQ(desk.automated.mode().window.lblStatus, "The automated mode is off.");
+}
+
 TEST(AutoWindowTest, ACloseDuringAPassEndsItFirst) {
   for (const bool within_photo : {true, false}) {
     SCOPED_TRACE(within_photo);

@@ -3,7 +3,8 @@
 # over the same folders, and looks after each kill that no photo was lost or changed, no output is cut
 # short, none was replaced, and what was learnt is whole.
 #
-#   kills.sh PROGRAM        TARNWELL_KILLS: how many kills (12)
+#   kills.sh PROGRAM        TARNWELL_KILLS: how many kills (12); TARNWELL_SEED: where the instants
+#                           start, as a failure told it
 set -euo pipefail
 
 # shellcheck source=tests/console/photos.sh
@@ -16,10 +17,12 @@ trap 'rm -rf "$work"' EXIT
 cd "$work"
 mkdir -p in out "done" hidden corrected album/TWout
 learnt="program/Cameras/Default/Default/Smart Data.tsd"
+seed=${TARNWELL_SEED:-$RANDOM}
+RANDOM=$seed
 made=0 arrived=0 round=0 seen=0 too_late=0
 
 fail() {
-  echo "after kill $round: $*" >&2
+  echo "after kill $round, seed $seed: $*" >&2
   exit 1
 }
 

@@ -92,6 +92,30 @@ TEST_F(WhiteBalanceTest, DamagedModeFileIsToldAndKeepsTheReference) {
   EXPECT_EQ(desk.files.writes, 0);
 }
 
+TEST_F(WhiteBalanceTest, OnlyAReadableFileTakesThePlaceOfTheOneBefore) {
+  desk.files.files["C:\\bad.wbs"] = "Red: 1\r\nGrn: x\r\n";
+  desk.files.files["C:\\good.wbs"] = kCustomFile;
+  const struct {
+    const char* chosen;
+    const char* in_use;
+    WhiteBalanceMode mode;
+    std::size_t told;
+  } steps[] = {{"C:\\bad.wbs", "", WhiteBalanceMode::kModeDefault, 1},
+               {"C:\\missing.wbs", "", WhiteBalanceMode::kModeDefault, 1},
+               {"C:\\good.wbs", "C:\\good.wbs", WhiteBalanceMode::kCustomFile, 1},
+               {"C:\\bad.wbs", "C:\\good.wbs", WhiteBalanceMode::kCustomFile, 2}};
+  for (const auto& step : steps) {
+    SCOPED_TRACE(step.chosen);
+    desk.panel.white_balance_mode = WhiteBalanceMode::kCustomFile;
+    desk.dialogs.open_files = {step.chosen};
+    OpenWhiteBalance(desk.app, desk.platform, desk.panel);
+    EXPECT_EQ(desk.panel.custom_white_file, step.in_use);
+    EXPECT_EQ(desk.panel.white_balance_mode, step.mode);
+    EXPECT_EQ(desk.dialogs.Told().size(), step.told);
+  }
+  EXPECT_EQ(desk.panel.lblWhiteClr, (Rgb{10, 20, 30}));
+}
+
 TEST_F(WhiteBalanceTest, SavesWhereTheAnswerSays) {
   SetPickedWhite(desk.panel, {255, 255, 255});
   desk.panel.sliders[2].position = 145;

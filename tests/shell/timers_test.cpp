@@ -53,11 +53,14 @@ TEST(Timer2, OpensTheFirstQueuedPhoto) {
     QueueDesk desk;
     const std::string photo = desk.WriteBitmap("new photo.bmp", NoisyPicture(30, 20, 2));
     desk.Queue(photo + rest);
-    Timer2_Tick(desk.window);
+    EXPECT_TRUE(Timer2_Tick(desk.window));
+    EXPECT_FALSE(Timer2_Tick(desk.window));
     EXPECT_EQ(desk.app.current_file, photo);
     EXPECT_EQ(desk.form.caption, "new photo.bmp - Tarnwell Pocket");
     EXPECT_FALSE(desk.Queued());
     EXPECT_EQ(desk.dialogs.shown.size(), 0u);
+    desk.Queue(photo);
+    EXPECT_TRUE(Timer2_Tick(desk.window)) << "the same once more";
   }
 }
 

@@ -68,7 +68,8 @@ std::map<std::string, std::string> FilesIn(const TempFolder& folder, const std::
 }
 
 // Killed while it corrects and saves, again and again over the same folders: no photo is lost, no
-// output is cut short or replaced. TARNWELL_WINDOW_KILLS: how many times (1).
+// output is cut short or replaced. TARNWELL_WINDOW_KILLS: how many times (1); TARNWELL_SEED: where
+// the instants start, as a failure told it.
 TEST(AutomatedModeWindow, KilledAtRandomInstantsItLosesNothing) {
   const char* wanted = std::getenv("TARNWELL_WINDOW_KILLS");
   const int kills = wanted ? std::atoi(wanted) : 1;
@@ -76,7 +77,10 @@ TEST(AutomatedModeWindow, KilledAtRandomInstantsItLosesNothing) {
   WriteSetup(desk);
   const TempFolder& folder = desk.folder;
   const auto codec = MakeSystemPictureCodec();
-  std::mt19937 random(static_cast<unsigned>(GetTickCount64()));
+  const char* told = std::getenv("TARNWELL_SEED");
+  const auto seed = told ? std::strtoul(told, nullptr, 10) : GetTickCount();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
   std::map<std::string, std::string> photos, outputs;
   for (int kill = 0; kill <= kills; ++kill) {
     SCOPED_TRACE("kill " + std::to_string(kill));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "modules/module_table.h"
 
 namespace tarnwell {
@@ -8,6 +10,13 @@ namespace tarnwell {
 // of sight. The settings of the others then do nothing.
 inline bool ActsWhileClosed(int module) {
   return module == kCameraAndMode || module == kJpegQuality || module == kSavePhotoAs;
+}
+
+// The check option that puts the slider's value in force, where it needs one.
+inline std::optional<Check> CheckBehind(int slider) {
+  if (slider == kWhiteLimitSlider) return kWhiteLimitByHand;
+  if (slider == kBlackLimitSlider) return kBlackLimitByHand;
+  return std::nullopt;
 }
 
 }  // namespace tarnwell
