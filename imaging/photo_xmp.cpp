@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "imaging/xmp_packet.h"
+#include "shell/letter_case.h"
 
 namespace tarnwell {
 namespace {
@@ -38,11 +40,26 @@ bool IsOfCompanions(const XmpName& name) {
          (name.local.starts_with("MotionPhoto") || name.local.starts_with("MicroVideo"));
 }
 
+// How names of coordinates begin, in small letters. Makers of cameras have vocabularies of their
+// own for them, and many spellings.
+constexpr std::array<std::string_view, 3> kCoordinates = {"gps", "latitude", "longitude"};
+
+// Likewise for the places that IsPlace knows by their vocabularies.
+constexpr std::array<std::string_view, 5> kPlaces = {"city", "state", "country", "location",
+                                                     "coverage"};
+
+// Whether `text`, which may go on for long, begins with one of `words` in any case.
+bool BeginsWithOneOf(std::span<const std::string_view> words, std::string_view text) {
+  return std::any_of(words.begin(), words.end(), [&](std::string_view word) {
+    return FoldCase(text.substr(0, word.size())) == word;
+  });
+}
+
 bool IsPlace(const XmpName& name) {
   const auto is_one_of = [&](std::initializer_list<std::string_view> locals) {
     return std::find(locals.begin(), locals.end(), name.local) != locals.end();
   };
-  if (name.vocabulary == kExif) return name.local.starts_with("GPS");
+  if (BeginsWithOneOf(kCoordinates, name.local)) return true;
   if (name.vocabulary == kPhotoshop) return is_one_of({"City", "State", "Country"});
   if (name.vocabulary == kIptcCore) return is_one_of({"Location", "CountryCode"});
   if (name.vocabulary == kIptcExtension) return is_one_of({"LocationCreated", "LocationShown"});
@@ -106,10 +123,11 @@ bool ExtensionTellsOfCompanions(std::string_view extension) {
 }
 
 bool ExtensionTellsPlace(std::string_view extension) {
-  constexpr std::array<std::string_view, 5> kWords = {":GPS", ":City", ":State", ":Country",
-                                                      ":Location"};
-  return std::any_of(kWords.begin(), kWords.end(),
-                     [&](std::string_view word) { return extension.find(word) != extension.npos; });
+  for (auto at = extension.find(':'); at != extension.npos; at = extension.find(':', at + 1)) {
+    const std::string_view name = extension.substr(at + 1);
+    if (BeginsWithOneOf(kCoordinates, name) || BeginsWithOneOf(kPlaces, name)) return true;
+  }
+  return false;
 }
 
 bool ExtensionTellsRegions(std::string_view extension) {

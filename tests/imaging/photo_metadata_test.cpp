@@ -64,6 +64,38 @@ TEST(PhotoMetadata, LeavesThePlaceOutEverywhere) {
                 {13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title") + Field(7, "x"))}}));
 }
 
+// Cameras tell it in vocabularies of their own, and in their own spelling.
+TEST(PhotoMetadata, LeavesThePlaceOutOfEveryVocabularyOfXmp) {
+  const std::string drone = " xmlns:drone='http://ns.example.com/drone/1.0/'";
+  const std::string height = " drone:AbsoluteAltitude='80' drone:CapGps='no'";
+  const auto packet = [&](const std::string& place, const std::string& element) {
+    return Packet(drone + place + height, element + "<drone:Model>A</drone:Model>");
+  };
+  const SharedMetadata metadata = ReadPhotoMetadata(
+      Jpeg({{1, packet(" drone:GpsLatitude='50.1' drone:GpsLongtitude='8.2' drone:Latitude=\"50\"",
+                       "<drone:longitude>8</drone:longitude><unknown:GPSXYAccuracy>1"
+                       "</unknown:GPSXYAccuracy><drone:LATITUDE/>")}}));
+  EXPECT_EQ(Saved(metadata, {.leave_place_out = true}), Segments({{1, packet("", "")}}));
+
+  const struct {
+    const char* extension;
+    bool tells;
+  } kExtensions[] = {
+      {"<x drone:GpsLatitude='50'/>", true},
+      {"<x drone:latitude='50'/>", true},
+      {"<drone:LONGITUDE>8", true},
+      {"<dc:coverage>Bonn", true},
+      {"<photoshop:City>Bonn", true},
+      {"<x drone:CapGps='no' id='a:gp'/>latitude", false},
+      {"<crs:Long>gps:", false},
+  };
+  for (const auto& [extension, tells] : kExtensions) {
+    const std::vector<Piece> pieces = {{1, kXmpExtension + extension}};
+    const SharedMetadata photo = ReadPhotoMetadata(Jpeg(pieces));
+    EXPECT_EQ(Saved(photo, {.leave_place_out = true}), tells ? "" : Segments(pieces)) << extension;
+  }
+}
+
 TEST(PhotoMetadata, WhatTheChangeMakesUntrueIsPutRight) {
   const std::string preview = "\xFF\xD8\xFF\xE0 a preview";
   const SharedMetadata metadata =
