@@ -124,27 +124,31 @@ void MetadataReader::Drop(MetadataKind kind) {
                 [kind](const MetadataSegment& segment) { return segment.kind == kind; });
 }
 
+// Of several blocks the first sound one is kept.
 void MetadataReader::CheckExif() {
-  bool seen = false;
-  bool damaged = false;
+  bool kept = false;
+  bool damaged = false;  // in front of that
   bool second = false;
   std::erase_if(found_.segments, [&](const MetadataSegment& segment) {
     if (segment.kind != MetadataKind::kExif) return false;
-    const bool first = !std::exchange(seen, true);
-    const auto exif = first ? ExifBlock::Parse(segment.content) : std::nullopt;
-    if (exif) {
+    if (kept) return second = true;
+    const auto exif = ExifBlock::Parse(segment.content);
+    kept = exif.has_value();
+    damaged = damaged || !kept;
+    if (exif && exif->TellsOrientation()) {
       found_.orientation = exif->Orientation();
-      found_.tells_orientation = exif->TellsOrientation();
-    } else if (first) {
+      found_.tells_orientation = true;
+    } else if (!exif && !found_.tells_orientation) {
       // Better a photo without its data than one that lies on its side for good.
       found_.orientation = ExifBlock::OrientationOfDamaged(segment.content);
       found_.tells_orientation = found_.orientation != 1;
     }
-    damaged = damaged || (first && !exif);
-    second = second || !first;
     return !exif;
   });
-  if (damaged) found_.notes.push_back(LeftOutNote("EXIF data is damaged"));
+  if (damaged) {
+    found_.notes.push_back(LeftOutNote(kept ? "damaged part of the EXIF data cannot be kept"
+                                            : "EXIF data is damaged"));
+  }
   if (second) found_.notes.push_back(LeftOutNote("second block of EXIF data cannot be kept"));
 }
 

@@ -1,6 +1,7 @@
 #include "imaging/photo_metadata.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 
 #include "imaging/exif_block.h"
 #include "imaging/icc_profile.h"
@@ -213,6 +214,40 @@ TEST(PhotoMetadata, DamagedSegmentsAreDroppedAndTold) {
     EXPECT_EQ(metadata->notes, std::vector<std::string>{c.note});
     EXPECT_EQ(Saved(metadata), Segments({{-1, "stays"}})) << c.note;
     EXPECT_EQ(metadata->orientation, c.orientation) << c.note;
+  }
+}
+
+// The orientation is that of the kept block, where that tells it.
+TEST(PhotoMetadata, TheFirstSoundBlockOfExifDataIsKept) {
+  const auto sound = [](int orientation) { return MakeExif({.orientation = orientation}); };
+  const std::string cut = MakeExif({.big_endian = true, .orientation = 6}).substr(0, 60);
+  std::string silent = sound(1);
+  silent[16] = '\x13';  // no longer the tag of the orientation
+  const std::string damaged = "The damaged part of the EXIF data cannot be kept and is left out.";
+  const std::string second = "The second block of EXIF data cannot be kept and is left out.";
+  const struct {
+    std::vector<std::string> blocks;
+    std::optional<std::size_t> kept;
+    int orientation;
+    std::vector<std::string> notes;
+  } kCases[] = {
+      {{cut, sound(3)}, 1, 3, {damaged}},
+      {{cut, sound(1)}, 1, 1, {damaged}},
+      {{cut, silent}, 1, 6, {damaged}},
+      {{cut, cut, sound(8), sound(5)}, 2, 8, {damaged, second}},
+      {{sound(3), cut}, 0, 3, {second}},
+      {{sound(3), sound(6)}, 0, 3, {second}},
+      {{cut, cut}, std::nullopt, 6, {"The EXIF data is damaged and is left out."}},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(&c - kCases);
+    std::vector<Piece> pieces;
+    for (const std::string& block : c.blocks) pieces.push_back({1, block});
+    const SharedMetadata metadata = ReadPhotoMetadata(Jpeg(pieces));
+    EXPECT_EQ(metadata->notes, c.notes);
+    EXPECT_EQ(metadata->orientation, c.orientation);
+    EXPECT_EQ(Saved(metadata),
+              c.kept ? Saved(ReadPhotoMetadata(Jpeg({pieces[*c.kept]}))) : std::string());
   }
 }
 
