@@ -32,7 +32,7 @@ class Unattended {
   ~Unattended() {
     app_.auto_preview = auto_preview_;
     app_.suppress_learning = suppress_learning_;
-    form_.collect_note = collect_note_;
+    form_.collect_note = std::move(collect_note_);  // a copy takes memory
   }
   Unattended(const Unattended&) = delete;
   Unattended& operator=(const Unattended&) = delete;
@@ -42,7 +42,7 @@ class Unattended {
   Module1& app_;
   const bool auto_preview_;
   const bool suppress_learning_;
-  const std::function<void(const std::string&)> collect_note_;
+  std::function<void(const std::string&)> collect_note_;
 };
 
 Status Save(Form1& form, const PhotoTask& task, NamePlan& plan, std::string& saved_as) {

@@ -13,7 +13,8 @@
 namespace tarnwell {
 
 // What the window shows of the open photo, and the panel, put back at the end of the scope unless
-// that is forgotten. Pictures are shared, so keeping them costs nothing.
+// that is forgotten. Pictures are shared, so keeping them costs nothing. Putting back takes no
+// memory: it may be the lack of that which ends the scope.
 class OpenPhotoKept {
  public:
   explicit OpenPhotoKept(Form1& form);
@@ -26,19 +27,19 @@ class OpenPhotoKept {
  private:
   Form1& form_;
   bool forgotten_ = false;
-  const Module1 app_;
-  const frmModules modules_;
-  const PhotoSurfaces surfaces_;
-  const SharedMetadata metadata_;
-  const bool metadata_notes_told_;
-  const std::function<void(const std::string&)> collect_note_;
-  const OutputNames names_;
-  const PictureHistogram histogram_;
-  const LearntProposal learnt_;
-  const bool correction_ready_;
-  const bool correction_cancelled_;
-  const std::string title_;
-  const std::string caption_;
+  Module1 app_;
+  frmModules modules_;
+  PhotoSurfaces surfaces_;
+  SharedMetadata metadata_;
+  bool metadata_notes_told_;
+  std::function<void(const std::string&)> collect_note_;
+  OutputNames names_;
+  PictureHistogram histogram_;
+  LearntProposal learnt_;
+  bool correction_ready_;
+  bool correction_cancelled_;
+  std::string title_;
+  std::string caption_;
 };
 
 }  // namespace tarnwell
