@@ -6,7 +6,6 @@
 #include "platform/events.h"
 #include "platform/files.h"
 #include "platform/platform.h"
-#include "shell/letter_case.h"
 
 namespace tarnwell {
 namespace {
@@ -45,7 +44,7 @@ std::string WrongWith(const AutoFolders& folders, Files& files) {
   }
   for (const AutoFolder target : {kOutputFolder, kProcessedFolder}) {
     // What is written into the input folder would be taken for a new photo, for ever.
-    if (FoldCase(folders[target]) == FoldCase(folders[kInputFolder])) {
+    if (files.IsSameFolder(folders[target], folders[kInputFolder])) {
       return files.Display(folders[target]) +
              ": the input folder cannot be the output or processed folder as well";
     }
@@ -100,6 +99,18 @@ void ShowIdle(AutoMode& mode, Files& files, SysTray& tray, AutoModeHost& host) {
   }
 }
 
+// A tick under way, however it ends.
+class Busy {
+ public:
+  explicit Busy(AutoMode& mode) : mode_(mode) { mode_.busy = true; }
+  ~Busy() { mode_.busy = mode_.worked = false; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  AutoMode& mode_;
+};
+
 }  // namespace
 
 AutoPass::AutoPass(AutoMode& mode, const AutoFolders& folders, std::vector<WatchedPhoto> photos,
@@ -123,6 +134,7 @@ bool AutoPass::Begin(std::size_t index) {
   }
   const WatchedPhoto& photo = photos_[index];
   AutoPhotoTask& task = tasks_[index];
+  task.listed = photo;
   task.correct.photo = PathOf(index);
   task.saved_as = photo.saved_as;
   if (task.saved_as.empty()) {
@@ -157,12 +169,14 @@ void AutoPass::Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome
     case PhotoFate::kGone:
       moved_on_ = true;
       break;
+    case PhotoFate::kChanged:
+      host_.Report(photo.name + ": was changed while it was corrected; it is taken up again");
+      break;
     case PhotoFate::kWaits:
       ++mode_.waiting;
       if (mode_.watched.FirstComplaint(photo)) host_.Report(outcome.status.message);
       break;
     case PhotoFate::kFailed:
-      ++mode_.failed;
       mode_.watched.GiveUp(photo);
       host_.Report(outcome.status.message);
       break;
@@ -182,7 +196,6 @@ void StartAutoMode(AutoMode& mode) {
   mode.watched.ForgetAll();
   mode.hold_reason.clear();
   mode.hold_until = 0;
-  mode.failed = 0;
   mode.window = {};
 }
 
@@ -195,13 +208,11 @@ void EndAutoMode(AutoMode& mode, SysTray& tray) {
 
 void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& host) {
   if (!mode.automated || mode.busy) return;
-  mode.busy = true;
+  const Busy busy(mode);
   while (TryPass(mode, platform, tray, host) && mode.automated && !mode.once) {
   }
   if (mode.automated) ShowIdle(mode, platform.files, tray, host);
   if (mode.worked) host.RefreshMainWindow();
-  mode.worked = false;
-  mode.busy = false;
 }
 
 }  // namespace tarnwell

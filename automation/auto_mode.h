@@ -45,7 +45,6 @@ struct AutoMode {
   std::string hold_reason;
   std::int64_t hold_until = 0;
 
-  int failed = 0;   // photos that were given up since the start
   int waiting = 0;  // photos of the last pass that could not be opened yet
 };
 

@@ -43,6 +43,26 @@ AutoPhotoOutcome WriteFailed(Form1& form, const std::string& folder, Status why,
   return {PhotoFate::kFolderFailed, std::move(folder_takes), std::move(saved_as)};
 }
 
+// What a photo's file has become.
+enum class Presence { kAsListed, kChanged, kGone, kUnknown };
+
+// Only a folder that can be read tells that the photo has left it: a lost connection looks the same
+// from the photo's name alone, and so does a name that cannot be opened.
+Presence PresenceOf(Files& files, const AutoPhotoTask& task) {
+  const Result<FolderEntry> found = files.Find(task.correct.photo);
+  if (found.ok()) {
+    const bool same =
+        found->size == task.listed.size && found->modified_nanos == task.listed.modified_nanos;
+    return same ? Presence::kAsListed : Presence::kChanged;
+  }
+  const auto entries = files.List(SplitPhotoPath(task.correct.photo).folder);
+  if (!entries.ok()) return Presence::kUnknown;
+  const bool listed = std::any_of(entries->begin(), entries->end(), [&](const FolderEntry& entry) {
+    return entry.name == task.listed.name;
+  });
+  return listed ? Presence::kUnknown : Presence::kGone;
+}
+
 AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedPhoto corrected) {
   if (corrected.status.failure == Failure::kCancelled) {
     return {PhotoFate::kStopped, std::move(corrected.status), {}};
@@ -53,7 +73,9 @@ AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedP
   }
   PhotoFate fate = PhotoFate::kFailed;
   if (corrected.step == PhotoStep::kLoading) {
-    if (corrected.status.failure == Failure::kNotFound) fate = PhotoFate::kGone;
+    const bool gone = corrected.status.failure == Failure::kNotFound &&
+                      PresenceOf(form.platform.files, task) == Presence::kGone;
+    if (gone) fate = PhotoFate::kGone;
     if (corrected.status.failure == Failure::kNoAccess) fate = PhotoFate::kWaits;
   }
   return {fate, std::move(corrected.status), {}};
@@ -62,12 +84,15 @@ AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedP
 AutoPhotoOutcome MoveSource(Form1& form, const AutoPhotoTask& task, const std::string& saved_as,
                             NamePlan& plan) {
   Files& files = form.platform.files;
+  if (PresenceOf(files, task) == Presence::kChanged) {
+    return {PhotoFate::kChanged, Status::Ok(), saved_as};
+  }
   Status moved = files.Move(task.correct.photo, task.move_to);
   while (moved.failure == Failure::kExists) {
     moved = files.Move(task.correct.photo, plan.Take(task.move_wish));
   }
   if (moved.ok()) return {PhotoFate::kDone, std::move(moved), saved_as};
-  if (!files.FileExists(task.correct.photo)) {
+  if (PresenceOf(files, task) == Presence::kGone) {
     return {PhotoFate::kGone, std::move(moved), saved_as};
   }
   return WriteFailed(form, SplitPhotoPath(task.move_wish).folder, std::move(moved), saved_as);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "automation/correct_photo.h"
+#include "automation/watched_folder.h"
 #include "platform/status.h"
 
 namespace tarnwell {
@@ -18,6 +19,7 @@ inline constexpr char kSavingText[] = "Saving Image and Moving Source...";
 enum class PhotoFate {
   kDone,          // its corrected copy is saved, the photo has been moved
   kGone,          // somebody else took it meanwhile
+  kChanged,       // somebody put another in its place meanwhile, or still writes it
   kWaits,         // cannot be opened for reading yet
   kFailed,        // the reason lies in the photo; it stays where it is
   kFolderFailed,  // a folder takes no more: missing, full, or no permission; the photo stays
@@ -26,6 +28,7 @@ enum class PhotoFate {
 
 struct AutoPhotoTask {
   PhotoTask correct;
+  WatchedPhoto listed;    // as it was when it was taken up
   std::string saved_as;   // not empty: the copy is there already, only the move remains
   std::string move_to;    // the free name that the plan gave for the source
   std::string move_wish;  // the one it would have were nothing in its way
@@ -39,8 +42,9 @@ struct AutoPhotoOutcome {
 };
 
 // Takes one photo through the automated mode: loads, corrects, saves, and moves the source once its
-// copy exists. No cancel request comes between the save and the move. `show_status` is given the
-// status window's texts.
+// copy exists. A photo that is no longer the one that was corrected is not moved; the copy stays.
+// No cancel request comes between the save and the move. `show_status` is given the status window's
+// texts.
 AutoPhotoOutcome ProcessPhoto(Form1& form, const AutoPhotoTask& task, NamePlan& plan,
                               const std::function<void(const std::string&)>& show_status);
 

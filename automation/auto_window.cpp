@@ -1,5 +1,6 @@
 #include "automation/auto_window.h"
 
+#include <new>
 #include <utility>
 
 #include "automation/switched_dialogs.h"
@@ -78,7 +79,11 @@ void AutoWindow::Tick() {
   // A command that lets events in must not find another photo in the window afterwards.
   if (IsOccupied(window_) || window_.form.app.closing || mode_.busy) return;
   window_.pass_running = true;
-  AutoModeTick(mode_, window_.form.platform, tray_, *this);
+  try {
+    AutoModeTick(mode_, window_.form.platform, tray_, *this);
+  } catch (const std::bad_alloc&) {
+    // Nobody is there to be told; the next tick tries again.
+  }
   window_.pass_running = false;
   if (std::exchange(window_.close_wanted, false)) window_.view.Close();
 }

@@ -15,7 +15,7 @@ std::string NumberedName(const std::string& path, int number) {
 std::string FreeName(const std::string& path, Files& files) {
   for (int number = 0;; ++number) {
     std::string name = NumberedName(path, number);
-    if (!files.FileExists(name) && !files.FolderExists(name)) return name;
+    if (!files.NameIsTaken(name)) return name;
   }
 }
 

@@ -10,7 +10,7 @@ std::string NamePlan::Take(const std::string& path) {
   const std::lock_guard lock(mutex_);
   for (int number = 0;; ++number) {
     std::string name = NumberedName(path, number);
-    if (files_.FileExists(name) || files_.FolderExists(name)) continue;
+    if (files_.NameIsTaken(name)) continue;
     if (taken_.insert(FoldCase(name)).second) return name;
   }
 }

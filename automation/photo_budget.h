@@ -5,6 +5,7 @@
 #include <string>
 
 #include "automation/memory_budget.h"
+#include "imaging/load_photo.h"
 #include "imaging/photo_size.h"
 #include "platform/files.h"
 #include "platform/system.h"
@@ -19,7 +20,7 @@ inline std::uint64_t BudgetOfThisMachine() { return SystemMemoryBytes() / 2; }
 // fails early, and takes nothing worth counting.
 inline std::uint64_t MemoryForPhoto(Files& files, const frmModules& panel,
                                     const std::string& path) {
-  const Result<std::string> bytes = files.Read(path);
+  const Result<std::string> bytes = files.Read(path, MostPhotoBytes());
   return MemoryToCorrect(bytes.ok() ? *bytes : std::string_view(), panel);
 }
 

@@ -38,6 +38,11 @@ Result<std::vector<WatchedPhoto>> WatchedFolder::Look(Files& files, const std::s
   return ready;
 }
 
+int WatchedFolder::given_up() const {
+  return static_cast<int>(std::count_if(seen_.begin(), seen_.end(),
+                                        [](const auto& photo) { return photo.second.given_up; }));
+}
+
 void WatchedFolder::GiveUp(const WatchedPhoto& photo) { seen_[photo.name].given_up = true; }
 
 void WatchedFolder::Saved(const WatchedPhoto& photo, const std::string& saved_as) {

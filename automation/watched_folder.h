@@ -34,6 +34,9 @@ class WatchedFolder {
   Result<std::vector<WatchedPhoto>> Look(Files& files, const std::string& folder, std::int64_t now,
                                          bool first_look_counts);
 
+  // How many of the photos that are there are not to be given again.
+  int given_up() const;
+
   // Not to be given again until it changes.
   void GiveUp(const WatchedPhoto& photo);
   // Its corrected copy is saved; only the move is still to be done, unless it changes.

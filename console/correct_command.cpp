@@ -98,7 +98,7 @@ std::string CorrectCommand::OutputPath(const std::string& photo) {
 // photo itself needs no look, because opening the photo tells more.
 Result<std::string> CorrectCommand::PlanOutput(const std::string& photo) {
   std::string path = OutputPath(photo);
-  while (files().FileExists(path) || files().FolderExists(path)) {
+  while (files().NameIsTaken(path)) {
     if (!options_.output.empty()) return Status::Error(Failure::kExists, TakenText(path));
     // Another program may have taken the name since it was proposed; the last of all names is
     // proposed again and again.
@@ -188,6 +188,8 @@ Status CorrectCommand::Save(Form1& form, const NamedPhoto& photo, std::string ou
     if (!options_.output.empty()) return Status::Error(Failure::kExists, TakenText(output_path));
     Result<std::string> next = PlanOutput(photo.path);
     if (!next.ok()) return next.status;
+    // Taken, but not to be seen: the next would be tried for ever.
+    if (*next == output_path) return Status::Error(Failure::kExists, TakenText(output_path));
     output_path = std::move(*next);
   }
 }

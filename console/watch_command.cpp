@@ -60,6 +60,7 @@ class WatchCommand : public AutoModeHost {
   NoTray no_tray_;
   SysTray tray_{no_tray_};
   AutoMode mode_;
+  bool photos_left_ = false;  // a stop came before all that were ready were begun
 };
 
 void WatchCommand::CorrectPhotos(AutoPass& pass) {
@@ -67,7 +68,8 @@ void WatchCommand::CorrectPhotos(AutoPass& pass) {
   const int workers = static_cast<int>(std::clamp<std::size_t>(pass.size(), 1, threads));
   std::vector<std::uint64_t> memory(pass.size());
   const auto begin = [&](std::size_t index) {
-    if (host_.interrupted() || !pass.Begin(index)) return false;
+    photos_left_ = host_.interrupted();
+    if (photos_left_ || !pass.Begin(index)) return false;
     memory[index] = MemoryForPhoto(*system_.files, start_.modules, pass.PathOf(index));
     budget_.Take(memory[index]);
     return true;
@@ -103,7 +105,6 @@ void WatchCommand::TakeOnce(Platform& platform) {
   // What could not be opened may have been on its way here: it gets a second look.
   Sleep();
   AutoModeTick(mode_, platform, tray_, *this);
-  mode_.failed += mode_.waiting;
 }
 
 int WatchCommand::Run() {
@@ -120,8 +121,9 @@ int WatchCommand::Run() {
 
   StartAutoMode(mode_);
   options_.once ? TakeOnce(window.platform) : WatchUntilStopped(window.platform);
-  const bool held = options_.once && !mode_.hold_reason.empty();
-  return mode_.failed > 0 || held ? kSomePhotoFailed : kDone;
+  if (options_.once && photos_left_) return kInterrupted;
+  const bool unfinished = options_.once && (!mode_.hold_reason.empty() || mode_.waiting > 0);
+  return mode_.watched.given_up() > 0 || unfinished ? kSomePhotoFailed : kDone;
 }
 
 }  // namespace

@@ -251,7 +251,7 @@ Status WriteUnderFreeName(Form1& form, bool& as_jpeg, std::vector<std::string>& 
   const std::string& path = form.names.output_path;
   for (Failure failure = Failure::kCancelled;; failure = Failure::kNameTaken) {
     if (!SettleOutputPath(form)) return NotSaved(form, failure);
-    if (!files.FileExists(path) && !files.FolderExists(path)) {
+    if (!files.NameIsTaken(path)) {
       as_jpeg = IsJpegName(path);
       Status written = WritePhoto(form, as_jpeg, lost);
       if (written.failure != Failure::kExists) return written;

@@ -1,5 +1,6 @@
 #include "imaging/load_photo.h"
 
+#include <algorithm>
 #include <new>
 
 #include "imaging/output_names.h"
@@ -20,7 +21,7 @@ namespace {
 Result<LoadedPhoto> Load(Platform& platform, const frmModules& panel, const std::string& path,
                          const GoOn& go_on) {
   const std::string name = platform.files.Display(path);
-  const Result<std::string> bytes = platform.files.Read(path);
+  const Result<std::string> bytes = platform.files.Read(path, MostPhotoBytes());
   if (!bytes.ok()) return bytes.status;
   const std::uint64_t needed = MemoryToCorrect(*bytes, panel);
   if (Status fits = CheckMemory(needed, SystemMemoryBytes(), name); !fits.ok()) return fits;
@@ -36,6 +37,13 @@ Result<LoadedPhoto> Load(Platform& platform, const frmModules& panel, const std:
 std::string Megabytes(std::uint64_t bytes) { return std::to_string(bytes >> 20) + " MB"; }
 
 }  // namespace
+
+std::uint64_t MostPhotoBytes() {
+  constexpr std::uint64_t kMost = std::uint64_t{1} << 32;
+  // Each byte of the file at hand, and pixels that take three times as much at the least.
+  const std::uint64_t memory = SystemMemoryBytes();
+  return memory == 0 ? kMost : std::min(memory / 4, kMost);
+}
 
 Status CheckMemory(std::uint64_t needed, std::uint64_t memory, const std::string& name) {
   const std::uint64_t to_give = memory / 4 * 3;

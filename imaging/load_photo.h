@@ -23,6 +23,10 @@ struct LoadedPhoto {
 // enough of it for correcting and saving a photo of that size with the settings of the panel.
 Result<LoadedPhoto> LoadPhotoFile(Form1& form, const std::string& path);
 
+// The longest file that is read as a photo on this machine: correcting a longer one takes more
+// memory than there is, whatever kind it is.
+std::uint64_t MostPhotoBytes();
+
 // Whether `memory` bytes (0: unknown, then they do) hold `needed` bytes, with room for the rest of
 // the system. `name` is the photo's in the message of the failure.
 Status CheckMemory(std::uint64_t needed, std::uint64_t memory, const std::string& name);

@@ -14,9 +14,7 @@ constexpr int kHighestNumber = 99;
 // Shown before each proposed name; "…" stands for the photo's folder.
 constexpr char kFolderPrefix[] = "\u2026/";
 
-bool IsTaken(Files& files, const std::string& path) {
-  return files.FileExists(path) || files.FolderExists(path);
-}
+bool IsTaken(Files& files, const std::string& path) { return files.NameIsTaken(path); }
 
 void AddEntry(OutputNames& names, const PhotoPathParts& photo, const std::string& name) {
   names.entries.push_back(kFolderPrefix + name);

@@ -36,6 +36,14 @@ class Files {
 
   virtual bool FileExists(const std::string& path) = 0;    // false for a folder
   virtual bool FolderExists(const std::string& path) = 0;  // a trailing backslash is allowed
+  // Whether no new file can have this name: a file, a folder, a device, or a link to nowhere has
+  // it.
+  virtual bool NameIsTaken(const std::string& path) = 0;
+  // Whether both lead to the same existing folder, however they are spelled and linked.
+  virtual bool IsSameFolder(const std::string& one, const std::string& other) = 0;
+
+  // The one file or folder `path`, as List gives it. kNotFound when there is none.
+  virtual Result<FolderEntry> Find(const std::string& path) = 0;
 
   // The whole file as bytes. kTooLarge when it is longer than `most_bytes`; nothing is read then.
   virtual Result<std::string> Read(const std::string& path,

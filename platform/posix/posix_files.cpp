@@ -50,21 +50,23 @@ Status ReadToEnd(const PosixFile& file, const std::string& path, std::uint64_t e
   return Status::Ok();
 }
 
-// The entry `name` of an open folder; nothing for what is neither a file nor a folder, for links
-// that lead nowhere and for names that cannot be addressed.
-std::optional<FolderEntry> EntryOf(int folder, const std::string& name) {
-  if (name == "." || name == ".." || name.find('\\') != name.npos) return std::nullopt;
-  FolderEntry entry{.name = name};
-  struct stat found;
-  if (fstatat(folder, name.c_str(), &found, 0) != 0) {
-    if (errno == ENOENT || errno == ELOOP) return std::nullopt;
-    return entry;  // it is there, but nothing about it may be known
-  }
-  entry.is_folder = S_ISDIR(found.st_mode);
+// What the system says of a file or folder called `name`; nothing for what is neither.
+std::optional<FolderEntry> EntryFrom(const struct stat& found, const std::string& name) {
+  FolderEntry entry{.name = name, .is_folder = S_ISDIR(found.st_mode)};
   if (!entry.is_folder && !S_ISREG(found.st_mode)) return std::nullopt;
   if (!entry.is_folder) entry.size = static_cast<std::uint64_t>(found.st_size);
   entry.modified_nanos = std::int64_t{found.st_mtim.tv_sec} * 1'000'000'000 + found.st_mtim.tv_nsec;
   return entry;
+}
+
+// The entry `name` of an open folder; nothing for what is neither a file nor a folder, for links
+// that lead nowhere and for names that cannot be addressed.
+std::optional<FolderEntry> EntryOf(int folder, const std::string& name) {
+  if (name == "." || name == ".." || name.find('\\') != name.npos) return std::nullopt;
+  struct stat found;
+  if (fstatat(folder, name.c_str(), &found, 0) == 0) return EntryFrom(found, name);
+  if (errno == ENOENT || errno == ELOOP) return std::nullopt;
+  return FolderEntry{.name = name};  // it is there, but nothing about it may be known
 }
 
 // The whole content of an open file.
@@ -154,6 +156,30 @@ Result<std::string> PosixFiles::Read(const std::string& path, std::uint64_t most
   const Result<PosixFile> file = OpenFile(path, O_RDONLY, Subject::kFile);
   if (!file.ok()) return file.status;
   return ContentOf(*file, path, most_bytes);
+}
+
+bool PosixFiles::NameIsTaken(const std::string& path) {
+  const Result<std::string> system_path = ToSystemPath(path);
+  struct stat found;
+  return system_path.ok() && lstat(system_path->c_str(), &found) == 0;
+}
+
+bool PosixFiles::IsSameFolder(const std::string& one, const std::string& other) {
+  const Result<std::string> first = ToSystemPath(one), second = ToSystemPath(other);
+  struct stat a, b;
+  return first.ok() && second.ok() && stat(first->c_str(), &a) == 0 &&
+         stat(second->c_str(), &b) == 0 && S_ISDIR(a.st_mode) && a.st_dev == b.st_dev &&
+         a.st_ino == b.st_ino;
+}
+
+Result<FolderEntry> PosixFiles::Find(const std::string& path) {
+  const Result<std::string> system_path = ToSystemPath(path);
+  if (!system_path.ok()) return system_path.status;
+  struct stat found;
+  if (stat(system_path->c_str(), &found) != 0) return SystemError(errno, path, Subject::kFile);
+  auto entry = EntryFrom(found, path.substr(path.rfind('\\') + 1));
+  if (!entry) return PathError(Failure::kOther, path, "is not a file");
+  return *entry;
 }
 
 Result<std::vector<FolderEntry>> PosixFiles::List(const std::string& folder) {

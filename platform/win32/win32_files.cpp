@@ -60,18 +60,38 @@ std::int64_t NanosOf(const FILETIME& time) {
   return static_cast<std::int64_t>(ticks * 100);  // wraps for absurd dates; only compared
 }
 
+// Of either kind of record that the system gives.
+template <typename Record>
+FolderEntry EntryFrom(const Record& found, std::string name) {
+  const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  const std::uint64_t size = std::uint64_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
+  return {.name = std::move(name),
+          .is_folder = is_folder,
+          .size = is_folder ? 0 : size,
+          .modified_nanos = NanosOf(found.ftLastWriteTime)};
+}
+
 std::optional<FolderEntry> EntryOf(const WIN32_FIND_DATAW& found) {
   const std::wstring_view wide = found.cFileName;
   if (wide == L"." || wide == L"..") return std::nullopt;
   // A name that is no valid UTF-16 could not be opened under any name handed back here.
   std::optional<std::string> name = WideToUtf8(wide);
   if (!name) return std::nullopt;
-  const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  const std::uint64_t size = std::uint64_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
-  return FolderEntry{.name = std::move(*name),
-                     .is_folder = is_folder,
-                     .size = is_folder ? 0 : size,
-                     .modified_nanos = NanosOf(found.ftLastWriteTime)};
+  return EntryFrom(found, std::move(*name));
+}
+
+// Which file or folder a path leads to; nothing when it leads to none.
+std::optional<BY_HANDLE_FILE_INFORMATION> IdentityOf(const std::string& path) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return std::nullopt;
+  const HANDLE handle =
+      CreateFileW(wide->c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return std::nullopt;
+  BY_HANDLE_FILE_INFORMATION found;
+  const bool known = GetFileInformationByHandle(handle, &found) != 0;
+  CloseHandle(handle);
+  return known ? std::optional(found) : std::nullopt;
 }
 
 // Reads as many bytes as `bytes` has, or fewer where the file has become shorter.
@@ -115,6 +135,26 @@ bool Win32Files::FileExists(const std::string& path) {
 }
 
 bool Win32Files::FolderExists(const std::string& path) { return IsFolder(AttributesOf(path)); }
+
+bool Win32Files::NameIsTaken(const std::string& path) { return AttributesOf(path) != kNoFile; }
+
+bool Win32Files::IsSameFolder(const std::string& one, const std::string& other) {
+  const auto first = IdentityOf(one), second = IdentityOf(other);
+  return first && second && IsFolder(first->dwFileAttributes) &&
+         first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
+         first->nFileIndexHigh == second->nFileIndexHigh &&
+         first->nFileIndexLow == second->nFileIndexLow;
+}
+
+Result<FolderEntry> Win32Files::Find(const std::string& path) {
+  const std::optional<std::wstring> wide = WidePath(path);
+  if (!wide) return InvalidName(path);
+  WIN32_FILE_ATTRIBUTE_DATA found;
+  if (!GetFileAttributesExW(wide->c_str(), GetFileExInfoStandard, &found)) {
+    return StatusOfError(path, GetLastError(), Subject::kFile);
+  }
+  return EntryFrom(found, path.substr(path.rfind('\\') + 1));
+}
 
 Result<std::string> Win32Files::Read(const std::string& path, std::uint64_t most_bytes) {
   const std::optional<std::wstring> wide = WidePath(path);

@@ -19,6 +19,9 @@ class Win32Files : public Files {
  public:
   bool FileExists(const std::string& path) override;
   bool FolderExists(const std::string& path) override;
+  bool NameIsTaken(const std::string& path) override;
+  bool IsSameFolder(const std::string& one, const std::string& other) override;
+  Result<FolderEntry> Find(const std::string& path) override;
   Result<std::string> Read(const std::string& path, std::uint64_t most_bytes) override;
   Result<std::vector<FolderEntry>> List(const std::string& folder) override;
   Status CreateFolder(const std::string& folder) override;

@@ -165,6 +165,40 @@ TEST_F(AutoModeTest, AMissingFolderIsNamedAndWaitedFor) {
   EXPECT_EQ(folder.Names("done"), Lines{"a.jpg"});
 }
 
+// Whatever was corrected, the processed folder holds only photos with a corrected copy.
+TEST_F(AutoModeTest, APhotoExchangedDuringItsCorrectionIsTakenUpAgain) {
+  auto& files = static_cast<FaultyFiles&>(*window.files);
+  files.before_write = [&](const std::string& path) {
+    if (path.find("out") != path.npos && folder.Read("in\\a.jpg") == kBaselineJpeg) {
+      folder.Write("in\\a.jpg", kProgressiveJpeg);
+    }
+    return Status::Ok();
+  };
+  Arrive("a.jpg");
+  Take();
+  EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
+  EXPECT_EQ(folder.Names("done"), Lines{});
+  EXPECT_EQ(reports, Lines{"a.jpg: was changed while it was corrected; it is taken up again"});
+  Take();
+  EXPECT_EQ(folder.Names("out"), (Lines{"a.jpg", "a~1.jpg"}));
+  EXPECT_EQ(folder.Read("done\\a.jpg"), kProgressiveJpeg);
+}
+
+TEST_F(AutoModeTest, TheInputFolderInAnotherSpellingIsNoOutputFolder) {
+  Arrive("a.jpg");
+  for (const AutoFolder target : {kOutputFolder, kProcessedFolder}) {
+    const std::string before = mode.folders[target];
+    mode.folders[target] = folder.File("done\\..\\in\\.\\");
+    Take();
+    ASSERT_EQ(reports.size(), 1u);
+    EXPECT_NE(reports[0].find("cannot be the output or processed folder"), std::string::npos);
+    EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
+    reports.clear();
+    mode.hold_reason.clear();
+    mode.folders[target] = before;
+  }
+}
+
 TEST_F(AutoModeTest, ATickDuringAPassAndTheEndOfTheModeAreHeardBetweenPhotos) {
   Arrive("a.jpg");
   Arrive("b.jpg");

@@ -21,8 +21,9 @@ class TakenPaths : public FaultyFiles {
   std::set<std::string> files;
   std::set<std::string> folders;
 
-  bool FileExists(const std::string& path) override { return files.contains(path); }
-  bool FolderExists(const std::string& path) override { return folders.contains(path); }
+  bool NameIsTaken(const std::string& path) override {
+    return files.contains(path) || folders.contains(path);
+  }
 };
 
 using Strings = std::vector<std::string>;

@@ -75,6 +75,43 @@ TEST_F(FilesTest, FoldersAreNoFiles) {
   EXPECT_EQ(folder.Names("sub"), Names{"a"});
 }
 
+TEST_F(FilesTest, FoldersAreTheSameHoweverTheyAreSpelled) {
+  const std::string sub = folder.MakeFolder("sub");
+  folder.MakeFolder("other");
+  folder.Write("file", "x");
+  const struct {
+    std::string other;
+    bool same;
+  } rows[] = {{sub, true},
+              {sub + "\\", true},
+              {folder.File("other\\..\\sub\\."), true},
+              {folder.File("other"), false},
+              {folder.File("missing"), false},
+              {folder.File("file"), false}};
+  for (const auto& row : rows)
+    EXPECT_EQ(files->IsSameFolder(sub, row.other), row.same) << row.other;
+  EXPECT_FALSE(files->IsSameFolder(folder.File("file"), folder.File("file")));
+  EXPECT_FALSE(files->IsSameFolder(folder.File("missing"), folder.File("missing")));
+}
+
+TEST_F(FilesTest, FindsWhatListGives) {
+  folder.Write("b.txt", "123");
+  folder.MakeFolder("\xC3\xA9");
+  const auto entries = files->List(folder.path());
+  ASSERT_TRUE(entries.ok() && entries->size() == 2) << entries.status.message;
+  for (const FolderEntry& entry : *entries) {
+    const auto found = files->Find(folder.File(entry.name));
+    ASSERT_TRUE(found.ok()) << found.status.message;
+    EXPECT_EQ(found->name, entry.name);
+    EXPECT_EQ(found->is_folder, entry.is_folder);
+    EXPECT_EQ(found->size, entry.size);
+    EXPECT_EQ(found->modified_nanos, entry.modified_nanos);
+    EXPECT_TRUE(files->NameIsTaken(folder.File(entry.name)));
+  }
+  EXPECT_EQ(files->Find(folder.File("c")).status.failure, Failure::kNotFound);
+  EXPECT_FALSE(files->NameIsTaken(folder.File("c")));
+}
+
 TEST_F(FilesTest, ListsFilesAndFolders) {
   folder.Write("b.txt", "123");
   folder.MakeFolder("\xC3\xA9");

@@ -19,6 +19,11 @@ class FaultyFiles : public Files {
 
   bool FileExists(const std::string& path) override { return target_->FileExists(path); }
   bool FolderExists(const std::string& path) override { return target_->FolderExists(path); }
+  bool NameIsTaken(const std::string& path) override { return target_->NameIsTaken(path); }
+  bool IsSameFolder(const std::string& one, const std::string& other) override {
+    return target_->IsSameFolder(one, other);
+  }
+  Result<FolderEntry> Find(const std::string& path) override { return target_->Find(path); }
   Result<std::string> Read(const std::string& path, std::uint64_t most_bytes) override {
     return target_->Read(path, most_bytes);
   }

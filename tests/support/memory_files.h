@@ -19,6 +19,15 @@ class MemoryFiles final : public Files {
 
   bool FileExists(const std::string& path) override { return files.contains(path); }
   bool FolderExists(const std::string&) override { return true; }
+  bool NameIsTaken(const std::string& path) override { return files.contains(path); }
+  bool IsSameFolder(const std::string& one, const std::string& other) override {
+    return one == other;
+  }
+  Result<FolderEntry> Find(const std::string& path) override {
+    const auto found = files.find(path);
+    if (found == files.end()) return Status::Error(Failure::kNotFound, path + ": does not exist");
+    return FolderEntry{.name = path, .size = found->second.size()};
+  }
 
   Result<std::string> Read(const std::string& path, std::uint64_t most_bytes) override {
     const auto found = files.find(path);

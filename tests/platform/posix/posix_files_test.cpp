@@ -118,6 +118,15 @@ class FullDisk {
   void (*signal_)(int);
 };
 
+TEST_F(PosixFilesTest, LinksTakeNamesAndAreTheFolderThatTheyLeadTo) {
+  folder.MakeFolder("sub");
+  std::filesystem::create_symlink("nowhere", folder.SystemPath("dead"));
+  std::filesystem::create_directory_symlink("sub", folder.SystemPath("link"));
+  EXPECT_TRUE(files.NameIsTaken(folder.File("dead")));
+  EXPECT_FALSE(files.FileExists(folder.File("dead")));
+  EXPECT_TRUE(files.IsSameFolder(folder.File("link\\"), folder.File("sub")));
+}
+
 TEST_F(PosixFilesTest, AWriteThatFailsHalfwayLeavesTheOldContent) {
   const std::string path = folder.Write("a.tsd", std::string(3000, 'o'));
   const std::string much(5000, 'n');
