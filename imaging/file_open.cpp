@@ -63,6 +63,14 @@ Status FileOpen(Form1& form, bool show_dialog) {
 
 namespace {
 
+// A pasted photo has no path.
+Status NoMemoryToOpen(const Form1& form) {
+  const std::string& path = form.app.current_file;
+  const std::string name =
+      path.empty() ? CurrentPhotoName(form) : form.platform.files.Display(path);
+  return Status::Error(Failure::kTooLarge, name + ": not enough memory");
+}
+
 // Takes the photo that picOriginal displays into the rest of the window.
 Status ShowOpenedPhoto(Form1& form) {
   Module1& app = form.app;
@@ -79,7 +87,7 @@ Status ShowOpenedPhoto(Form1& form) {
   ShowPhotoName(form, SplitPhotoPath(app.current_file).file_name);
 
   ShowOriginalAsSource(surfaces);
-  MakeThumbnail(form.buffer, form.platform.events);
+  if (!MakeThumbnail(form.buffer, form.platform.events)) return NoMemoryToOpen(form);
   // The preview's mean is the photo's, and costs nothing.
   GetHueIn(form.modules.hue, surfaces.picThumb.picture->view());
   ResetAll(app, form.platform, form.modules);

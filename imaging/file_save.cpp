@@ -271,7 +271,10 @@ void MakeSavedPhotoTheOriginal(Form1& form) {
   Display(surfaces.picOriginal, surfaces.picSource.picture);
   surfaces.picOriginal.turned = surfaces.picSource.turned;
   ShowPhotoName(form, SplitPhotoPath(form.names.output_path).file_name);
-  GetHueIn(form.modules.hue, surfaces.picThumb.picture->view());
+  // There is no preview of it where memory did not suffice for one.
+  if (surfaces.thumbnail_of.lock() == surfaces.picOriginal.picture) {
+    GetHueIn(form.modules.hue, surfaces.picThumb.picture->view());
+  }
   form.correction_ready = false;
 }
 

@@ -74,11 +74,11 @@ Picture ThumbnailOf(const PixelView& photo) {
   return StretchPicture(photo, ThumbnailSizeFor(photo.width, photo.height));
 }
 
-void MakeThumbnail(PixelBuffer& buffer, PendingEvents& events) {
+bool MakeThumbnail(PixelBuffer& buffer, PendingEvents& events) {
   const Picture& source = buffer.surfaces.picSource.picture;
-  if (!source) return;
+  if (!source) return false;
   Picture stretched = ThumbnailOf(source->view());
-  if (!stretched) return;
+  if (!stretched) return false;
 
   PictureSurface& thumb = buffer.surfaces.picThumb;
   thumb.left = (kThumbnailSide - stretched->width()) / 2.0;
@@ -89,6 +89,7 @@ void MakeThumbnail(PixelBuffer& buffer, PendingEvents& events) {
   DrawShadow(buffer);
   events.Run();
   buffer.OfferPreviewTip();
+  return true;
 }
 
 }  // namespace tarnwell

@@ -29,9 +29,9 @@ Picture StretchPicture(const PixelView& source, PictureSize size);
 Picture ThumbnailOf(const PixelView& photo);
 
 // Rebuilds the preview picThumb from picSource, centred and visible, draws its shadow where that is
-// shown, lets pending events run and offers the tip about it. Does nothing when picSource is empty
-// or memory does not suffice.
-void MakeThumbnail(PixelBuffer& buffer, PendingEvents& events);
+// shown, lets pending events run and offers the tip about it. Does nothing, and gives false, when
+// picSource is empty or memory does not suffice.
+bool MakeThumbnail(PixelBuffer& buffer, PendingEvents& events);
 
 // Darkens the soft shadow of a centred thumbnail of `size` into `container`, which is 320 x 320
 // pixels and holds the background. The shadow falls only in a direction in which the thumbnail is

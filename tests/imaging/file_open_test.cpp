@@ -1,10 +1,12 @@
 #include "imaging/file_open.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "imaging/load_photo.h"
 #include "modules/module_table.h"
 #include "tests/support/pictures.h"
 #include "tests/support/test_window.h"
@@ -116,6 +118,26 @@ TEST(FileOpenTest, AnOpenThatComesToNothingLeavesTheWindowAlone) {
 
     window.events.on_run = nullptr;
     EXPECT_EQ(OpenPhotoFile(window.form, path).ok(), cancelled) << "a second time";
+  }
+}
+
+// A picture without pixels stands for the lack of memory: it has no preview either.
+TEST(FileOpenTest, WithoutMemoryForThePreviewNothingIsOpened) {
+  const LoadedPhoto no_preview = {std::make_shared<PixelArray>(), nullptr};
+  TestWindow empty;
+  OpenedWindow opened;
+  for (TestWindow* window : {&empty, static_cast<TestWindow*>(&opened)}) {
+    const PhotoSurfaces before = window->surfaces();
+    const std::string current = window->app.current_file;
+    const std::string path = window->folder.File("large.jpg");
+    Status status = OpenLoadedPhoto(window->form, path, no_preview);
+    EXPECT_EQ(status.failure, Failure::kTooLarge);
+    EXPECT_EQ(status.message, window->files->Display(path) + ": not enough memory");
+    status = OpenLoadedPhoto(window->form, "", no_preview);
+    EXPECT_EQ(status.message, "the current image: not enough memory") << "pasted";
+    EXPECT_EQ(window->surfaces().picOriginal.picture, before.picOriginal.picture);
+    EXPECT_EQ(window->surfaces().picThumb.picture, before.picThumb.picture);
+    EXPECT_EQ(window->app.current_file, current);
   }
 }
 

@@ -252,6 +252,22 @@ TEST(FileSaveTest, ASaveWithoutMemoryLeavesNothing) {
   window.ExpectNothingSaved();
 }
 
+// A directory is corrected without previews where memory does not suffice for them.
+TEST(FileSaveTest, APhotoIsSavedWithoutItsPreview) {
+  const HuePicker first = FirstStartPanel().hue;
+  for (const bool of_another : {false, true}) {
+    TestWindow window;
+    if (of_another) window.Show(Grey(16, 12, 50));
+    Display(window.surfaces().picOriginal, Grey(16, 12, 100));
+    ShowOriginalAsSource(window.surfaces());
+    window.form.names.output_path = window.folder.File("out.bmp");
+    const Status saved = FileSave(window.form, false);
+    EXPECT_TRUE(saved.ok()) << saved.message;
+    EXPECT_TRUE(window.folder.Holds("out.bmp"));
+    EXPECT_EQ(window.modules.hue.lblHue, first.lblHue);
+  }
+}
+
 // Only the thumbnail has been corrected: what is to be saved is a question.
 TEST(FileSaveTest, ACorrectedThumbnailAsksWhatIsToBeSaved) {
   const struct {
