@@ -16,7 +16,7 @@ namespace tarnwell {
 // A file from the encoder.
 struct EncodedBytes {
   struct Free {
-    void operator()(std::uint8_t* data) const { std::free(data); }
+    void operator()(std::uint8_t* memory) const { std::free(memory); }
   };
   std::unique_ptr<std::uint8_t, Free> data;
   std::size_t size = 0;
