@@ -170,6 +170,7 @@ void AutoPass::Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome
       moved_on_ = true;
       break;
     case PhotoFate::kChanged:
+      ++mode_.waiting;
       host_.Report(photo.name + ": was changed while it was corrected; it is taken up again");
       break;
     case PhotoFate::kWaits:

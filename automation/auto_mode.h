@@ -45,7 +45,7 @@ struct AutoMode {
   std::string hold_reason;
   std::int64_t hold_until = 0;
 
-  int waiting = 0;  // photos of the last pass that could not be opened yet
+  int waiting = 0;  // photos of the last pass that are not ready yet
 };
 
 // What the mode is at while a status stands. On hold it waits for something that went wrong.

@@ -179,6 +179,7 @@ TEST_F(AutoModeTest, APhotoExchangedDuringItsCorrectionIsTakenUpAgain) {
   EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
   EXPECT_EQ(folder.Names("done"), Lines{});
   EXPECT_EQ(reports, Lines{"a.jpg: was changed while it was corrected; it is taken up again"});
+  EXPECT_EQ(mode.waiting, 1) << "for a second look before a single pass ends";
   Take();
   EXPECT_EQ(folder.Names("out"), (Lines{"a.jpg", "a~1.jpg"}));
   EXPECT_EQ(folder.Read("done\\a.jpg"), kProgressiveJpeg);
