@@ -18,6 +18,7 @@
 #include "imaging/photo_title.h"
 #include "imaging/thumbnail.h"
 #include "modules/frm_modules.h"
+#include "platform/dialogs.h"
 #include "platform/events.h"
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -31,8 +32,10 @@ namespace {
 Status Cancelled() { return Status::Error(Failure::kCancelled, "the correction was cancelled"); }
 
 Status OutOfMemory(const Form1& form) {
-  return Status::Error(Failure::kTooLarge,
-                       form.platform.files.Display(form.app.current_file) + ": not enough memory");
+  const std::string& path = form.app.current_file;
+  const std::string photo =
+      path.empty() ? CurrentPhotoName(form) : form.platform.files.Display(path);
+  return Status::Error(Failure::kTooLarge, photo + ": not enough memory");
 }
 
 // Takes the thumbnail of picOriginal or the full photo as the working pixels.
@@ -147,9 +150,9 @@ class Correcting {
   Form1& form_;
 };
 
-using WhiteBalance = std::optional<std::array<double, 3>>;
+using WhiteOffsets = std::optional<std::array<double, 3>>;
 
-Status RunCorrection(Form1& form, bool preview, const WhiteBalance& white_balance) try {
+Status RunCorrection(Form1& form, bool preview, const WhiteOffsets& white_balance) try {
   const PixelView original = form.buffer.surfaces.picOriginal.image->view();
   const double scale_ratio =
       static_cast<double>(original.width) / ThumbnailSizeFor(original.width, original.height).width;
@@ -198,9 +201,16 @@ void MeasureOriginal(Form1& form) {
   form.correction_ready = true;
 }
 
-}  // namespace
+// A run that nobody asked for does not say again what the one before it said: it would at every
+// step of a slider.
+void TellProblem(Form1& form, const std::optional<Message>& problem, bool asked_for) {
+  const std::string words = problem ? problem->text : std::string();
+  const bool again = words == form.white_balance_problem;
+  form.white_balance_problem = words;
+  if (problem && (asked_for || !again)) form.platform.dialogs.Tell(*problem);
+}
 
-Status AdjustPhoto(Form1& form, bool preview) {
+Status Run(Form1& form, bool preview, bool asked_for) {
   if (form.app.closing) return Cancelled();
   if (!form.buffer.surfaces.picOriginal.image) {
     return Status::Error(Failure::kNotFound, "no photo is open");
@@ -209,8 +219,9 @@ Status AdjustPhoto(Form1& form, bool preview) {
   if (form.correcting) return Status::Error(Failure::kOther, "a correction is already running");
   const Correcting correcting(form);
   form.app.cancel_requested = false;
-  // It may ask for an answer, which the progress window would cover.
-  const WhiteBalance white_balance = WhiteBalanceOfRun(form.app, form.platform, form.modules);
+  const WhiteBalance white_balance = WhiteBalanceOfRun(form.app, form.platform.files, form.modules);
+  // Before the progress window opens, which would cover it.
+  TellProblem(form, white_balance.problem, asked_for);
   if (!form.correction_ready) MeasureOriginal(form);
 
   form.progress.caption = ProgressCaption(CurrentPhotoName(form));
@@ -218,7 +229,7 @@ Status AdjustPhoto(Form1& form, bool preview) {
   form.platform.events.Run();
   PhotoSurfaces before;
   if (form.keeps_original) before = form.buffer.surfaces;
-  Status status = RunCorrection(form, preview, white_balance);
+  Status status = RunCorrection(form, preview, white_balance.offsets);
   form.correction_cancelled = status.failure == Failure::kCancelled;
   if (status.ok()) {
     form.app.photo_changed = true;
@@ -229,6 +240,12 @@ Status AdjustPhoto(Form1& form, bool preview) {
   }
   return status;
 }
+
+}  // namespace
+
+Status AdjustPhoto(Form1& form, bool preview) { return Run(form, preview, /*asked_for=*/true); }
+
+Status CorrectPreviewAnew(Form1& form) { return Run(form, /*preview=*/true, /*asked_for=*/false); }
 
 Status AnalyzeOpenedPhoto(Form1& form) {
   form.app.cancel_requested = false;

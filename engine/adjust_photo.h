@@ -15,6 +15,10 @@ struct Form1;
 // kOther while another run is under way (form.correcting).
 Status AdjustPhoto(Form1& form, bool preview);
 
+// AdjustPhoto for a preview that follows the panel without a command: what the last run told of the
+// white balance is not told again.
+Status CorrectPreviewAnew(Form1& form);
+
 // Repairs dead pixels of picOriginal when that module is open, then measures the photo: the pass
 // that runs when a photo is opened. Clears the cancel flag.
 Status AnalyzeOpenedPhoto(Form1& form);

@@ -40,6 +40,7 @@ struct Form1 {
   // A correction run is under way. It lets events in, and whatever would change the photo or its
   // surfaces meanwhile must wait or refuse.
   bool correcting = false;
+  std::string white_balance_problem = {};  // what the last run told of it
   // The last run was cancelled; what is shown is from the one before.
   bool correction_cancelled = false;
 

@@ -162,8 +162,7 @@ void MainFrame::CorrectPreview() {
   const Occupied occupied(*window_);
   const ULONGLONG start = GetTickCount64();
   TellLackOfMemory(form, [&] {
-    TellFailure(form,
-                slow ? AdjustPhoto(form, /*preview=*/true) : others_->CorrectPreviewQuietly());
+    TellFailure(form, slow ? CorrectPreviewAnew(form) : others_->CorrectPreviewQuietly());
   });
   preview_took_long_ = GetTickCount64() - start > kLongMilliseconds;
   RefreshPhoto();

@@ -99,7 +99,7 @@ Status OtherWindows::CorrectPreviewQuietly() {
   const Messages::Hold hold(messages_);
   frmProgress& progress = window_.form.progress;
   progress.view = nullptr;
-  Status status = AdjustPhoto(window_.form, /*preview=*/true);
+  Status status = CorrectPreviewAnew(window_.form);
   progress.view = progress_.get();
   return status;
 }

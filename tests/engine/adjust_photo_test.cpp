@@ -101,6 +101,32 @@ TEST(AdjustPhotoTest, CancelledRunLeavesNothingBehind) {
   }
 }
 
+// --- White balance that is missing ---------------------------------------------------------------
+
+TEST(AdjustPhotoTest, TellsOfAMissingWhiteAtEveryCommandAndOnceWhileThePreviewFollows) {
+  TestWindow window;
+  SetModules(window, {kSmartWhiteBalance});
+  window.Show(NoisyPicture(16, 12, 1));
+  window.modules.white_balance_mode = WhiteBalanceMode::kModeDefault;
+  ASSERT_TRUE(CorrectPreviewAnew(window.form).ok());
+  EXPECT_EQ(window.dialogs.shown.size(), 1u);
+  ASSERT_TRUE(CorrectPreviewAnew(window.form).ok());
+  EXPECT_EQ(window.dialogs.shown.size(), 1u) << "at every step of a slider";
+  ASSERT_TRUE(AdjustPhoto(window.form, /*preview=*/true).ok());
+  EXPECT_EQ(window.dialogs.shown.size(), 2u) << "the user asked";
+
+  window.modules.white_balance_mode = WhiteBalanceMode::kCustomFile;
+  window.modules.custom_white_file = window.folder.File("gone.wbs");
+  ASSERT_TRUE(CorrectPreviewAnew(window.form).ok());
+  EXPECT_EQ(window.dialogs.shown.size(), 3u) << "another problem";
+
+  window.modules.white_balance_mode = WhiteBalanceMode::kPickedPixel;
+  ASSERT_TRUE(CorrectPreviewAnew(window.form).ok());
+  window.modules.white_balance_mode = WhiteBalanceMode::kCustomFile;
+  ASSERT_TRUE(CorrectPreviewAnew(window.form).ok());
+  EXPECT_EQ(window.dialogs.shown.size(), 4u) << "chosen once more";
+}
+
 // --- Progress -----------------------------------------------------------------------------------
 
 // Writes down what the progress window is told, as lines.
