@@ -40,11 +40,13 @@ AutoFolders AbsoluteFolders(const AutoFolders& folders, Files& files) {
 // Why these folders cannot be worked with; empty when they can.
 std::string WrongWith(const AutoFolders& folders, Files& files) {
   for (const std::string& folder : folders) {
-    if (!files.FolderExists(folder)) return files.Display(folder) + ": there is no such folder";
+    if (!files.FolderExists(folder)) return files.Display(folder) + ": no such folder";
   }
   for (const AutoFolder target : {kOutputFolder, kProcessedFolder}) {
     // What is written into the input folder would be taken for a new photo, for ever.
-    if (files.IsSameFolder(folders[target], folders[kInputFolder])) {
+    // Some file systems cannot tell which folder is which.
+    const bool same_words = folders[target] == folders[kInputFolder];
+    if (same_words || files.IsSameFolder(folders[target], folders[kInputFolder])) {
       return files.Display(folders[target]) +
              ": the input folder cannot be the output or processed folder as well";
     }
@@ -81,7 +83,7 @@ bool TryPass(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& ho
   try {
     return RunPass(mode, platform, tray, host);
   } catch (const std::bad_alloc&) {
-    Hold(mode, host, "There is not enough memory to go on.", platform.clock.Nanos() + kHoldNanos);
+    Hold(mode, host, kNoMemory, platform.clock.Nanos() + kHoldNanos);
     return false;
   }
 }
@@ -136,6 +138,12 @@ bool AutoPass::Begin(std::size_t index) {
   AutoPhotoTask& task = tasks_[index];
   task.listed = photo;
   task.correct.photo = PathOf(index);
+  // A folder's list may be older than its files: what the photo is compared with later comes from
+  // the same source.
+  if (const auto found = platform_.files.Find(task.correct.photo); found.ok()) {
+    task.listed.size = found->size;
+    task.listed.modified_nanos = found->modified_nanos;
+  }
   task.saved_as = photo.saved_as;
   if (task.saved_as.empty()) {
     task.correct.wanted = folders_[kOutputFolder] + photo.name;

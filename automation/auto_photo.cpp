@@ -43,24 +43,35 @@ AutoPhotoOutcome WriteFailed(Form1& form, const std::string& folder, Status why,
   return {PhotoFate::kFolderFailed, std::move(folder_takes), std::move(saved_as)};
 }
 
-// What a photo's file has become.
-enum class Presence { kAsListed, kChanged, kGone, kUnknown };
+enum class Presence {
+  kAsListed,
+  kChanged,
+  kGone,
+  kUnknown,     // its name is listed and cannot be looked at
+  kOutOfReach,  // nor can its folder
+};
 
-// Only a folder that can be read tells that the photo has left it: a lost connection looks the same
-// from the photo's name alone, and so does a name that cannot be opened.
-Presence PresenceOf(Files& files, const AutoPhotoTask& task) {
+struct Found {
+  Presence presence;
+  Status why = {};  // nothing is known
+};
+
+// What has become of a photo's file. Only a folder that can be read tells that the photo has left
+// it: a lost connection looks the same from the photo's name alone, and so does a name that cannot
+// be opened.
+Found Find(Files& files, const AutoPhotoTask& task) {
   const Result<FolderEntry> found = files.Find(task.correct.photo);
   if (found.ok()) {
     const bool same =
         found->size == task.listed.size && found->modified_nanos == task.listed.modified_nanos;
-    return same ? Presence::kAsListed : Presence::kChanged;
+    return {same ? Presence::kAsListed : Presence::kChanged};
   }
   const auto entries = files.List(SplitPhotoPath(task.correct.photo).folder);
-  if (!entries.ok()) return Presence::kUnknown;
+  if (!entries.ok()) return {Presence::kOutOfReach, entries.status};
   const bool listed = std::any_of(entries->begin(), entries->end(), [&](const FolderEntry& entry) {
     return entry.name == task.listed.name;
   });
-  return listed ? Presence::kUnknown : Presence::kGone;
+  return listed ? Found{Presence::kUnknown, found.status} : Found{Presence::kGone};
 }
 
 AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedPhoto corrected) {
@@ -73,29 +84,53 @@ AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedP
   }
   PhotoFate fate = PhotoFate::kFailed;
   if (corrected.step == PhotoStep::kLoading) {
-    const bool gone = corrected.status.failure == Failure::kNotFound &&
-                      PresenceOf(form.platform.files, task) == Presence::kGone;
-    if (gone) fate = PhotoFate::kGone;
+    Found found = Find(form.platform.files, task);
+    if (found.presence == Presence::kOutOfReach) {
+      return {PhotoFate::kFolderFailed, std::move(found.why), {}};
+    }
     if (corrected.status.failure == Failure::kNoAccess) fate = PhotoFate::kWaits;
+    if (found.presence == Presence::kGone) fate = PhotoFate::kGone;
   }
   return {fate, std::move(corrected.status), {}};
 }
 
+// What becomes of a photo whose copy is saved and which is to be moved.
+PhotoFate FateBeforeTheMove(Presence presence) {
+  switch (presence) {
+    case Presence::kAsListed:
+      return PhotoFate::kDone;
+    case Presence::kChanged:
+      return PhotoFate::kChanged;
+    case Presence::kGone:
+      return PhotoFate::kGone;
+    case Presence::kUnknown:
+      return PhotoFate::kFailed;
+    case Presence::kOutOfReach:
+      return PhotoFate::kFolderFailed;
+  }
+  return PhotoFate::kFailed;
+}
+
 AutoPhotoOutcome MoveSource(Form1& form, const AutoPhotoTask& task, const std::string& saved_as,
-                            NamePlan& plan) {
+                            NamePlan& plan) try {
   Files& files = form.platform.files;
-  if (PresenceOf(files, task) == Presence::kChanged) {
-    return {PhotoFate::kChanged, Status::Ok(), saved_as};
+  Found found = Find(files, task);
+  if (found.presence != Presence::kAsListed) {
+    return {FateBeforeTheMove(found.presence), std::move(found.why), saved_as};
   }
   Status moved = files.Move(task.correct.photo, task.move_to);
   while (moved.failure == Failure::kExists) {
     moved = files.Move(task.correct.photo, plan.Take(task.move_wish));
   }
   if (moved.ok()) return {PhotoFate::kDone, std::move(moved), saved_as};
-  if (PresenceOf(files, task) == Presence::kGone) {
-    return {PhotoFate::kGone, std::move(moved), saved_as};
+  found = Find(files, task);
+  if (found.presence != Presence::kAsListed) {
+    return {FateBeforeTheMove(found.presence), std::move(found.why), saved_as};
   }
   return WriteFailed(form, SplitPhotoPath(task.move_wish).folder, std::move(moved), saved_as);
+} catch (const std::bad_alloc&) {
+  // The copy is there; forgotten, it would be made once more.
+  return {PhotoFate::kFolderFailed, Status::Error(Failure::kTooLarge, kNoMemory), saved_as};
 }
 
 }  // namespace

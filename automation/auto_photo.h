@@ -15,6 +15,9 @@ class Files;
 // The last line of the status window while the copy is saved.
 inline constexpr char kSavingText[] = "Saving Image and Moving Source...";
 
+// Why the mode pauses where memory ran out.
+inline constexpr char kNoMemory[] = "There is not enough memory to go on.";
+
 // What became of a photo of the automated mode.
 enum class PhotoFate {
   kDone,          // its corrected copy is saved, the photo has been moved

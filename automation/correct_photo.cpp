@@ -48,9 +48,9 @@ class Unattended {
 Status Save(Form1& form, const PhotoTask& task, NamePlan& plan, std::string& saved_as) {
   for (std::string target = task.target;; target = plan.Take(task.wanted)) {
     form.names.output_path = target;
-    const Status saved = FileSave(form, /*notify=*/true);
+    Status saved = FileSave(form, /*notify=*/true);
     if (saved.failure == Failure::kNameTaken) continue;
-    if (saved.ok()) saved_as = target;
+    if (saved.ok()) saved_as = std::move(target);
     return saved;
   }
 }

@@ -113,7 +113,7 @@ Result<std::string> CorrectCommand::PlanOutput(const std::string& photo) {
   const bool elsewhere = !options_.output.empty() || !options_.output_folder.empty();
   const std::string folder = SplitPhotoPath(path).folder;
   if (elsewhere && !files().FolderExists(folder)) {
-    return Status::Error(Failure::kNotFound, files().Display(folder) + ": there is no such folder");
+    return Status::Error(Failure::kNotFound, files().Display(folder) + ": no such folder");
   }
   return path;
 }

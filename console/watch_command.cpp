@@ -60,7 +60,7 @@ class WatchCommand : public AutoModeHost {
   NoTray no_tray_;
   SysTray tray_{no_tray_};
   AutoMode mode_;
-  bool photos_left_ = false;  // a stop came before all that were ready were begun
+  bool photos_left_ = false;  // a stop came before all that were there were corrected
 };
 
 void WatchCommand::CorrectPhotos(AutoPass& pass) {
@@ -101,7 +101,9 @@ void WatchCommand::WatchUntilStopped(Platform& platform) {
 void WatchCommand::TakeOnce(Platform& platform) {
   mode_.once = true;
   AutoModeTick(mode_, platform, tray_, *this);
-  if (mode_.waiting == 0 || host_.interrupted()) return;
+  if (mode_.waiting == 0) return;
+  if (host_.interrupted()) photos_left_ = true;
+  if (photos_left_) return;
   // What could not be opened may have been on its way here: it gets a second look.
   Sleep();
   AutoModeTick(mode_, platform, tray_, *this);
@@ -122,7 +124,7 @@ int WatchCommand::Run() {
   StartAutoMode(mode_);
   options_.once ? TakeOnce(window.platform) : WatchUntilStopped(window.platform);
   if (options_.once && photos_left_) return kInterrupted;
-  const bool unfinished = options_.once && (!mode_.hold_reason.empty() || mode_.waiting > 0);
+  const bool unfinished = !mode_.hold_reason.empty() || (options_.once && mode_.waiting > 0);
   return mode_.watched.given_up() > 0 || unfinished ? kSomePhotoFailed : kDone;
 }
 

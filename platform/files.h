@@ -83,7 +83,8 @@ class Files {
   virtual Status Publish(const std::string& temporary, const std::string& path) = 0;
 
   // Moves a file to a new name, never replacing anything (kExists); across volumes by copying,
-  // flushing and then deleting the source.
+  // flushing and then deleting the source. Fails when another file is put in its place meanwhile,
+  // which stays.
   virtual Status Move(const std::string& from, const std::string& to) = 0;
 
   virtual Status Delete(const std::string& path) = 0;        // kNotFound when there is none

@@ -76,6 +76,7 @@ class StripeEncoder {
       sample_ = LookAt(rows_, unit_side_, coding_);
     } catch (const std::bad_alloc&) {
     }
+    failed_ = !sample_;
     looked_.count_down();
   }
 
@@ -93,7 +94,7 @@ class StripeEncoder {
     if (encoded_[number].size == 0) failed_ = true;
   }
 
-  bool failed() const { return failed_ || (looked_.try_wait() && !sample_); }
+  bool failed() const { return failed_; }
 
   EncodedPicture Join() {
     std::vector<std::string_view> files;
@@ -131,7 +132,9 @@ std::optional<EncodedPicture> EncodeJpegPicture(const JpegRows& rows, int qualit
       encoder.Encode(part - 1);
     }
   };
-  const bool all = ForEachPart(stripes.count + 1, 1, threads, work, [&](int done) {
+  // What one stripe waits for is not worth another thread.
+  const int useful_threads = stripes.count == 1 ? 1 : threads;
+  const bool all = ForEachPart(stripes.count + 1, 1, useful_threads, work, [&](int done) {
     return !encoder.failed() && go_on(1.0 * done / (stripes.count + 1));
   });
   if (!all || encoder.failed()) return std::nullopt;

@@ -47,7 +47,7 @@ Status WriteAll(const PosixFile& file, std::string_view bytes, const std::string
 
 namespace {
 
-// Asks between parts of some megabytes whether to go on.
+// Asks before every part, of some megabytes at most, whether to go on.
 Status WritePiece(const PosixFile& file, std::string_view bytes, const std::string& path,
                   const GoOn& go_on) {
   constexpr std::size_t kBytesAtOnce = std::size_t{1} << 22;

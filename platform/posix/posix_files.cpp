@@ -285,12 +285,14 @@ Status PosixFiles::Move(const std::string& from, const std::string& to) {
   }
   if (!other_volume) return moved;
 
+  const Result<CopiedSource> source = CopiedSource::Open(from);
+  if (!source.ok()) return source.status;
   const std::string temporary = TemporaryBeside(to);
-  Status copied = CopyFlushed(from, temporary, to);
+  Status copied = source->CopyFlushed(temporary, to);
   if (copied.ok()) copied = Publish(temporary, to);
   if (!copied.ok()) return copied;
   // The source goes only once the copy would survive a power cut.
-  Status finished = FlushFolderOf(to) ? Delete(from) : SystemError(EIO, to, Subject::kNewFile);
+  Status finished = FlushFolderOf(to) ? source->Delete() : SystemError(EIO, to, Subject::kNewFile);
   if (!finished.ok()) Delete(to).ok();
   return finished;
 }

@@ -39,6 +39,11 @@ Status CopyContent(const PosixFile& source, const std::string& from, const Posix
   }
 }
 
+bool IsUnchanged(const struct stat& then, const struct stat& now) {
+  return now.st_dev == then.st_dev && now.st_ino == then.st_ino && now.st_size == then.st_size &&
+         now.st_mtim.tv_sec == then.st_mtim.tv_sec && now.st_mtim.tv_nsec == then.st_mtim.tv_nsec;
+}
+
 }  // namespace
 
 Status RenameWithoutReplacing(const std::string& from, const std::string& to, bool* other_volume) {
@@ -61,21 +66,38 @@ Status RenameWithoutReplacing(const std::string& from, const std::string& to, bo
   return SystemError(error, to, Subject::kNewFile);
 }
 
-Status CopyFlushed(const std::string& from, const std::string& to, const std::string& shown) {
-  Result<PosixFile> source = OpenFile(from, O_RDONLY, Subject::kFile);
-  if (!source.ok()) return source.status;
+Result<CopiedSource> CopiedSource::Open(const std::string& path) {
+  Result<PosixFile> file = OpenFile(path, O_RDONLY, Subject::kFile);
+  if (!file.ok()) return file.status;
+  struct stat found;
+  if (fstat(file->descriptor(), &found) != 0) return SystemError(errno, path, Subject::kFile);
+  return CopiedSource(path, std::move(*file), found);
+}
+
+Status CopiedSource::CopyFlushed(const std::string& to, const std::string& shown) const {
   Result<PosixFile> copy = OpenFile(to, O_WRONLY | O_CREAT | O_EXCL, Subject::kNewFile, shown);
   if (!copy.ok()) return copy.status;
-  Status copied = CopyContent(*source, from, *copy, shown);
-  struct stat original;
-  if (copied.ok() && fstat(source->descriptor(), &original) == 0) {
+  Status copied = CopyContent(file_, path_, *copy, shown);
+  if (copied.ok()) {
     // A volume that keeps neither rights nor times still holds the photo.
-    const timespec times[2] = {original.st_atim, original.st_mtim};
-    if (fchmod(copy->descriptor(), original.st_mode & 0777) != 0) errno = 0;
+    const timespec times[2] = {found_.st_atim, found_.st_mtim};
+    if (fchmod(copy->descriptor(), found_.st_mode & 0777) != 0) errno = 0;
     if (futimens(copy->descriptor(), times) != 0) errno = 0;
   }
   if (!copied.ok()) unlink(ToSystemPath(to)->c_str());
   return copied;
+}
+
+Status CopiedSource::Delete() const {
+  const Result<std::string> system_path = ToSystemPath(path_);
+  if (!system_path.ok()) return system_path.status;
+  struct stat now;
+  const bool is_there = stat(system_path->c_str(), &now) == 0;
+  if (is_there && !IsUnchanged(found_, now)) {
+    return PathError(Failure::kOther, path_, "was changed while it was moved");
+  }
+  if (is_there && unlink(system_path->c_str()) == 0) return Status::Ok();
+  return errno == ENOENT ? Status::Ok() : SystemError(errno, path_, Subject::kFile);
 }
 
 }  // namespace tarnwell

@@ -140,7 +140,9 @@ bool Win32Files::NameIsTaken(const std::string& path) { return AttributesOf(path
 
 bool Win32Files::IsSameFolder(const std::string& one, const std::string& other) {
   const auto first = IdentityOf(one), second = IdentityOf(other);
-  return first && second && IsFolder(first->dwFileAttributes) &&
+  // Some file systems number nothing: 0 stands for every file there.
+  const bool numbered = first && (first->nFileIndexHigh != 0 || first->nFileIndexLow != 0);
+  return numbered && second && IsFolder(first->dwFileAttributes) &&
          first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
          first->nFileIndexHigh == second->nFileIndexHigh &&
          first->nFileIndexLow == second->nFileIndexLow;
@@ -288,6 +290,9 @@ Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
   const std::wstring target = WidePath(to).value_or(L"");
   const std::optional<std::wstring> beside = WidePath(temporary);
   if (!beside) return InvalidName(to);
+  // Held, the source can be neither changed nor exchanged before the copy is safe.
+  FileHandle held = FileHandle::Open(source, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+  if (!held.is_open()) return FileError(from, held.error(), Subject::kFile);
   if (!CopyFileExW(source.c_str(), beside->c_str(), nullptr, nullptr, nullptr,
                    COPY_FILE_FAIL_IF_EXISTS)) {
     const DWORD error = GetLastError();
@@ -298,9 +303,11 @@ Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
   const bool read_only = (AttributesOf(from) & FILE_ATTRIBUTE_READONLY) != 0;
   if (read_only) SetReadOnly(*beside, false);
   if (const Status published = Publish(temporary, to); !published.ok()) return published;
+  held.Close();
   if (read_only) SetReadOnly(source, false);
   const DWORD error = RetryWhileInUse([&] { return DeleteFileW(source.c_str()); });
-  if (error != ERROR_SUCCESS) {
+  // Where somebody else was quicker, the copy is the only one.
+  if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) {
     // Nothing is moved then: the file must not be in both places.
     DeleteFileW(target.c_str());
     if (read_only) SetReadOnly(source, true);

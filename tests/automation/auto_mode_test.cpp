@@ -35,7 +35,12 @@ struct AutoModeTest : testing::Test, AutoModeHost, Tray {
     };
   }
 
-  void ShowStatus(const std::string& text, AutoActivity) override { statuses.push_back(text); }
+  std::function<void(const std::string& text)> on_status = [](auto&) {};
+
+  void ShowStatus(const std::string& text, AutoActivity) override {
+    statuses.push_back(text);
+    on_status(text);
+  }
   void Report(const std::string& line) override { reports.push_back(line); }
   void PhotoDone(const std::string&, const std::string&) override {}
   void RefreshMainWindow() override { tray_log.push_back("refresh"); }
@@ -163,6 +168,32 @@ TEST_F(AutoModeTest, AMissingFolderIsNamedAndWaitedFor) {
   folder.MakeFolder("done");
   Take();
   EXPECT_EQ(folder.Names("done"), Lines{"a.jpg"});
+}
+
+// As when a share loses its connection for a moment, at whatever step.
+TEST_F(AutoModeTest, AnInputFolderThatIsLostAndComesBackCostsNoPhotoAndDoublesNone) {
+  const auto in = folder.SystemPath("in"), away = folder.SystemPath("away");
+  for (const std::string step : {"Loading", "Correcting", "Saving"}) {
+    SCOPED_TRACE(step);
+    reports.clear();
+    on_status = [&](const std::string& text) {
+      if (text.find(step + " Image") != text.npos && exists(in)) rename(in, away);
+    };
+    Arrive(step + "1.jpg");
+    Arrive(step + "2.jpg");
+    Take();
+    on_status = [](auto&) {};
+    Take();
+    EXPECT_EQ(reports, Lines{window.files->Display(folder.File("in\\")) + ": no such folder"});
+    std::filesystem::rename(away, in);
+    Tick(31);
+    Tick();
+    EXPECT_EQ(folder.Names("in"), Lines{});
+  }
+  const Lines expected = {"Correcting1.jpg", "Correcting2.jpg", "Loading1.jpg",
+                          "Loading2.jpg",    "Saving1.jpg",     "Saving2.jpg"};
+  EXPECT_EQ(folder.Names("done"), expected);
+  EXPECT_EQ(folder.Names("out"), expected);
 }
 
 // Whatever was corrected, the processed folder holds only photos with a corrected copy.

@@ -204,6 +204,10 @@ std::map<std::string, Row> Rows() {
   }};
   // Names of the new file.
   rows["a name that is in use"] = {CorrectBeside("b.jpg", "mine", {"--output", "@b.jpg"})};
+  rows["a name that a link to nowhere has"] = {[](Desk& desk) {
+    std::filesystem::create_symlink("gone", desk.folder.SystemPath("b.jpg"));
+    return Correct(desk, {"--output", "@b.jpg"});
+  }};
   rows["the photo itself as the output"] = {CorrectWith({"--output", "@photo.jpg"})};
   rows["all letters in use"] = {[](Desk& desk) {
     for (char letter = 'A'; letter <= 'Z'; ++letter) {

@@ -195,6 +195,7 @@ int __wrap_close(int file) {
 // What is flushed in a watched folder is only noted: the power is never really cut.
 int __wrap_fsync(int file) {
   if (!IsWatched(file)) return __real_fsync(file);
+  if (watched.limits.on_flush) watched.limits.on_flush();
   if (Fails(file, "fsync", kChanges)) return -1;
   struct stat found;
   if (__real_fstat(file, &found) == 0) watched.flushed[found.st_ino] = found.st_size;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,10 +14,11 @@ enum class Fault {
   kPowerCut,  // the same, and what was not flushed is gone
 };
 
-// What the file system cannot do.
+// What the file system cannot do, and what another program does meanwhile.
 struct Limits {
   bool rename_replaces = false;  // renaming without replacing is not known
   bool folders_are_volumes = false;
+  std::function<void()> on_flush = {};  // whenever a file is flushed
 };
 
 struct FileCall {

@@ -3,13 +3,16 @@
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 #include "platform/posix/posix_picture_codec.h"
 #include "platform/system.h"
+#include "tests/platform/posix/faulty_calls.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarnwell {
@@ -190,6 +193,43 @@ TEST_F(PosixFilesTest, MovesToAnotherVolumeByCopying) {
   EXPECT_EQ(files.Move(from, other.File("a.jpg")).failure, Failure::kExists);
   EXPECT_EQ(folder.Read("a.jpg"), "another");
   EXPECT_EQ(files.List(other.File(""))->size(), 1u);
+}
+
+// A large photo is on its way to another volume for seconds.
+TEST_F(PosixFilesTest, ASourceThatIsExchangedDuringItsMoveStays) {
+  folder.MakeFolder("done");
+  const std::string a = folder.SystemPath("a.jpg").string();
+  const struct {
+    const char* name;
+    std::function<void()> meanwhile;
+    const char* source;  // what it is afterwards; null: gone
+    Names moved;
+  } kRows[] = {
+      {"exchanged", [&] { rename(folder.SystemPath("b.jpg").c_str(), a.c_str()); }, "new", {}},
+      {"written anew", [&] { folder.Write("a.jpg", "NEW"); }, "NEW", {}},
+      {"deleted", [&] { unlink(a.c_str()); }, nullptr, {"a.jpg"}},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    const std::string from = folder.Write("a.jpg", "old");
+    folder.Write("b.jpg", "new");
+    const timespec long_ago[2] = {{1, 0}, {1, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, a.c_str(), long_ago, 0), 0);
+    Status moved;
+    {
+      bool due = true;
+      const FaultyCalls calls(folder.SystemPath("").string(), Fault::kNone, 0,
+                              {.folders_are_volumes = true, .on_flush = [&] {
+                                 if (std::exchange(due, false)) row.meanwhile();
+                               }});
+      moved = files.Move(from, folder.File("done\\a.jpg"));
+    }
+    EXPECT_EQ(moved.ok(), row.source == nullptr) << moved.message;
+    EXPECT_EQ(folder.Names("done"), row.moved);
+    EXPECT_EQ(folder.Holds("a.jpg") ? folder.Read("a.jpg") : "gone",
+              row.source ? row.source : "gone");
+  }
+  EXPECT_EQ(folder.Read("done\\a.jpg"), "old") << "the only one that is left";
 }
 
 }  // namespace

@@ -346,6 +346,7 @@ TEST_P(StorageFaultsTest, EveryFileIsOldOrNewAndTheUserIsTold) {
   Told told;
   const std::vector<FileCall> calls = undisturbed.RunWatched(told);
   ASSERT_TRUE(told.ok) << told.text;
+  ASSERT_FALSE(calls.empty());
   const Contents after = undisturbed.Now();
   int tried = 0;
   const auto try_fault = [&](Fault fault, std::size_t at, const FileCall* call) {
