@@ -423,7 +423,8 @@ std::string EncodeJpeg(const BgrRows& rows, int quality, bool half_chrominance) 
   ScanWriter scan(rows, coding, file);
   for (int top = 0; top < rows.height; top += coding.unit_side()) scan.WriteUnitRow(top);
   scan.Finish();
-  return file + "\xFF\xD9";
+  file += "\xFF\xD9";
+  return file;
 }
 
 std::string EncodeJpegInStripes(const BgrRows& rows, int quality, bool half_chrominance,
@@ -459,7 +460,8 @@ std::string EncodeJpegInStripes(const BgrRows& rows, int quality, bool half_chro
     if (i > 0) file.append({'\xFF', static_cast<char>(0xD0 + (i - 1) % 8)});
     file += data[i];
   }
-  return file += "\xFF\xD9";
+  file += "\xFF\xD9";
+  return file;
 }
 
 }  // namespace tarnwell

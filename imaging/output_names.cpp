@@ -14,8 +14,6 @@ constexpr int kHighestNumber = 99;
 // Shown before each proposed name; "…" stands for the photo's folder.
 constexpr char kFolderPrefix[] = "\u2026/";
 
-bool IsTaken(Files& files, const std::string& path) { return files.NameIsTaken(path); }
-
 void AddEntry(OutputNames& names, const PhotoPathParts& photo, const std::string& name) {
   names.entries.push_back(kFolderPrefix + name);
   names.paths.push_back(photo.folder + name);
@@ -26,7 +24,7 @@ void AddEntry(OutputNames& names, const PhotoPathParts& photo, const std::string
 void AddLetterCandidate(OutputNames& names, const PhotoPathParts& photo, Files& files) {
   char letter = 'A';
   const auto name = [&] { return photo.base + letter + photo.extension; };
-  while (letter < 'Z' && IsTaken(files, photo.folder + name())) ++letter;
+  while (letter < 'Z' && files.NameIsTaken(photo.folder + name())) ++letter;
   AddEntry(names, photo, name());
 }
 
@@ -35,7 +33,7 @@ void AddNumberCandidate(OutputNames& names, const PhotoPathParts& photo, Files& 
   for (int number = 1; number <= kHighestNumber; ++number) {
     const std::string two_digits = (number < 10 ? "0" : "") + std::to_string(number);
     const std::string name = photo.base + "-" + two_digits + photo.extension;
-    if (!IsTaken(files, photo.folder + name)) return AddEntry(names, photo, name);
+    if (!files.NameIsTaken(photo.folder + name)) return AddEntry(names, photo, name);
   }
 }
 
@@ -44,7 +42,7 @@ void AddAdjustedCandidate(OutputNames& names, const PhotoPathParts& photo, Files
   for (int number = 0; number <= kHighestNumber; ++number) {
     const std::string suffix = number == 0 ? "" : " " + std::to_string(number);
     const std::string name = photo.base + " [adjusted" + suffix + "]" + photo.extension;
-    if (!IsTaken(files, photo.folder + name)) return AddEntry(names, photo, name);
+    if (!files.NameIsTaken(photo.folder + name)) return AddEntry(names, photo, name);
   }
 }
 

@@ -5,7 +5,6 @@
 #include <span>
 
 #include "imaging/xmp_packet.h"
-#include "shell/letter_case.h"
 
 namespace tarnwell {
 namespace {
@@ -48,10 +47,15 @@ constexpr std::array<std::string_view, 3> kCoordinates = {"gps", "latitude", "lo
 constexpr std::array<std::string_view, 5> kPlaces = {"city", "state", "country", "location",
                                                      "coverage"};
 
-// Whether `text`, which may go on for long, begins with one of `words` in any case.
+// Whether `text` begins with one of `words`, which are in small letters, in any case. It is asked
+// of every word of long hostile texts, and so takes no memory.
 bool BeginsWithOneOf(std::span<const std::string_view> words, std::string_view text) {
+  const auto same = [](char word, char letter) {
+    const bool capital = letter >= 'A' && letter <= 'Z';
+    return word == (capital ? letter - 'A' + 'a' : letter);
+  };
   return std::any_of(words.begin(), words.end(), [&](std::string_view word) {
-    return FoldCase(text.substr(0, word.size())) == word;
+    return word.size() <= text.size() && std::equal(word.begin(), word.end(), text.begin(), same);
   });
 }
 

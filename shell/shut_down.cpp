@@ -27,13 +27,24 @@ void CloseAfterwards(MainWindow& window) {
   window.close_wanted = true;
 }
 
+// A close that asks, for one scope.
+class Asking {
+ public:
+  explicit Asking(MainWindow& window) : window_(window) { window_.close_asked = true; }
+  ~Asking() { window_.close_asked = false; }
+  Asking(const Asking&) = delete;
+  Asking& operator=(const Asking&) = delete;
+
+ private:
+  MainWindow& window_;
+};
+
 // Whether the unsaved changes, if any, are settled. Saving may lack the memory: the window stays,
 // and the next close asks again.
 bool MayClose(MainWindow& window) {
   bool may_close = false;
-  window.close_asked = true;
+  const Asking asking(window);
   TellLackOfMemory(window.form, [&] { may_close = AskToSaveChanges(window.form); });
-  window.close_asked = false;
   return may_close;
 }
 
@@ -49,7 +60,7 @@ bool CloseMainWindow(MainWindow& window) {
   const Occupied occupied(window);
   if (!MayClose(window)) return false;
   window.view.ReleaseDrawing();
-  TellFailure(form, KeepSettings(window));
+  TellLackOfMemory(form, [&] { TellFailure(form, KeepSettings(window)); });
 
   form.app.cancel_requested = true;
   form.app.closing = true;

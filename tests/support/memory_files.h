@@ -26,7 +26,7 @@ class MemoryFiles final : public Files {
   Result<FolderEntry> Find(const std::string& path) override {
     const auto found = files.find(path);
     if (found == files.end()) return Status::Error(Failure::kNotFound, path + ": does not exist");
-    return FolderEntry{.name = path, .size = found->second.size()};
+    return FolderEntry{.name = path.substr(path.rfind('\\') + 1), .size = found->second.size()};
   }
 
   Result<std::string> Read(const std::string& path, std::uint64_t most_bytes) override {
