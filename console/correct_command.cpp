@@ -43,10 +43,9 @@ class CorrectCommand {
   Status CorrectPhoto(const std::string& given);
   Status CorrectOpenedPhoto(Form1& form, const NamedPhoto& photo, const std::string& output_path);
   Status Save(Form1& form, const NamedPhoto& photo, std::string output_path);
-  void TellSaved(const Form1& form, const NamedPhoto& photo, const std::string& path);
+  void TellSaved(const NamedPhoto& photo, const std::string& path);
   std::string OutputPath(const std::string& photo);
   Result<std::string> PlanOutput(const std::string& photo);
-  std::string WithWhichQuality(const Form1& form, const std::string& path);
   std::string TakenText(const std::string& path) {
     return files().Display(path) + ": exists already";
   }
@@ -155,18 +154,8 @@ Status CorrectCommand::CorrectOpenedPhoto(Form1& form, const NamedPhoto& photo,
   return saved;
 }
 
-// Says so where the photo's own quality was asked for, and there is none.
-std::string CorrectCommand::WithWhichQuality(const Form1& form, const std::string& path) {
-  const auto& wanted = options_.settings.quality;
-  if (!wanted || *wanted || !IsJpegName(path)) return "";
-  if (form.metadata && form.metadata->jpeg_quality) return "";
-  return ", with quality " + std::to_string(*form.modules.Value(kJpegQualitySlider)) +
-         ", because the photo has none of its own";
-}
-
 // The program may have chosen the name, and the user wants to find the file.
-void CorrectCommand::TellSaved(const Form1& form, const NamedPhoto& photo,
-                               const std::string& path) {
+void CorrectCommand::TellSaved(const NamedPhoto& photo, const std::string& path) {
   if (options_.settings.quiet) return;
   std::string shown = files().Display(options_.output);
   if (shown.empty()) {
@@ -175,15 +164,14 @@ void CorrectCommand::TellSaved(const Form1& form, const NamedPhoto& photo,
     if (!shown.empty() && FolderAsGiven(shown) != shown) shown += files().Display("\\");
     shown += SplitPhotoPath(path).file_name;
   }
-  TellLine(host_.err,
-           photo.given + ": saved as " + shown + HowWritten(path) + WithWhichQuality(form, path));
+  TellLine(host_.err, photo.given + ": saved as " + shown + HowWritten(path));
 }
 
 Status CorrectCommand::Save(Form1& form, const NamedPhoto& photo, std::string output_path) {
   for (;;) {
     form.names.output_path = output_path;
     Status saved = FileSave(form, /*notify=*/false);
-    if (saved.ok()) TellSaved(form, photo, output_path);
+    if (saved.ok()) TellSaved(photo, output_path);
     if (saved.failure != Failure::kNameTaken) return saved;
     if (!options_.output.empty()) return Status::Error(Failure::kExists, TakenText(output_path));
     Result<std::string> next = PlanOutput(photo.path);

@@ -128,6 +128,16 @@ std::optional<int> SavedQuality(const Form1& form) {
   return form.modules.Value(kJpegQualitySlider);
 }
 
+// Whoever has notes collected asked for the photo's own quality; at the window the switch stands
+// beside the slider that is in force without one.
+void TellOtherQuality(Form1& form, bool as_jpeg) {
+  const bool own = form.metadata && form.metadata->jpeg_quality;
+  if (!as_jpeg || own || !form.modules.save_switches[kQualityAsOriginal]) return;
+  if (!form.collect_note) return;
+  TellNote(form, "Saved with quality " + std::to_string(SavedQuality(form).value_or(0)) +
+                     ", because the photo has none of its own.");
+}
+
 // What is written, and how: all that the writing needs, so that it can look away from the form.
 struct PhotoToWrite {
   Picture picture;
@@ -299,6 +309,7 @@ Status FileSave(Form1& form, bool notify) {
   }
 
   TellWhatIsLost(form, as_jpeg, std::move(lost));
+  TellOtherQuality(form, as_jpeg);
   if (Status learnt = AppendLearningRecord(form); !learnt.ok()) {
     form.platform.dialogs.Tell({form.app.title,
                                 learnt.message + "; the photo is saved, but nothing was learnt",

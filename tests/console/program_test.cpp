@@ -47,14 +47,31 @@ TEST_F(ProgramTest, NewFilesAreNamedInTheSpellingOfTheWords) {
   } rows[] = {{{"@p.bmp", "--output", "@x.jpg"}, Shown("x.jpg")},
               {{"@p.bmp", "--output-folder", "@"}, Shown("pA.bmp")},
               {{"@p.bmp", "--output-folder", "@out"}, Shown("out\\pA.bmp")},
-              {{"@p.bmp", "--output", "@y.jpg", "--quality", "original"},
-               Shown("y.jpg") + ", with quality 80, because the photo has none of its own"},
-              {{"@p.bmp", "--output", "@y.bmp", "--quality", "original"}, Shown("y.bmp")},
               {{"@g.gif"}, Shown("gA.gif") + ", written as a bitmap"}};
   folder.MakeFolder("out");
   for (const auto& row : rows) {
     EXPECT_EQ(Correct(row.words), 0);
     EXPECT_TRUE(err.str().ends_with(": saved as " + row.saved_as + "\n")) << err.str();
+  }
+}
+
+TEST_F(ProgramTest, APhotoWithoutAQualityOfItsOwnIsNamedWhereThatIsWanted) {
+  folder.MakeFolder("album");
+  WriteBitmap("album\\p.bmp", 30, 20);
+  const struct {
+    Words words;
+    bool told;
+  } rows[] = {
+      {{"correct", "@album\\p.bmp", "--output", "@a.jpg", "--quality", "original"}, true},
+      {{"correct", "@album\\p.bmp", "--output", "@a.bmp", "--quality", "original"}, false},
+      {{"correct", "@album\\p.bmp", "--output", "@b.jpg", "--quality", "80"}, false},
+      {{"directory", "@album", "--quality", "original"}, true},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Run(row.words), 0);
+    EXPECT_EQ(ErrHas("p.bmp: Saved with quality 80, because the photo has none of its own."),
+              row.told)
+        << err.str();
   }
 }
 
