@@ -61,7 +61,7 @@ Status MakeOutputFolder(Files& files, const std::string& folder) {
 
 std::string SavedText(std::size_t corrected, std::size_t total, const std::string& output_folder) {
   return std::to_string(corrected) + " of " + std::to_string(total) +
-         (total == 1 ? " photo " : " photos ") + (corrected == 1 ? "was" : "were") +
+         (total == 1 ? " photo " : " photos ") + (corrected == 1 || total == 1 ? "was" : "were") +
          " corrected and saved in " + output_folder;
 }
 

@@ -176,6 +176,10 @@ void AutoPass::Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome
       break;
     case PhotoFate::kGone:
       moved_on_ = true;
+      if (!outcome.saved_as.empty()) {
+        host_.Report(photo.name + ": was taken away while it was corrected; its copy is " +
+                     platform_.files.Display(outcome.saved_as));
+      }
       break;
     case PhotoFate::kChanged:
       ++mode_.waiting;

@@ -36,9 +36,9 @@ std::size_t BytesOfCopy(const Form1& form) {
 }
 
 // A write into `folder` failed: is it the folder's fault, or the photo's own?
-AutoPhotoOutcome WriteFailed(Form1& form, const std::string& folder, Status why,
+AutoPhotoOutcome WriteFailed(Files& files, const std::string& folder, std::size_t bytes, Status why,
                              std::string saved_as) {
-  Status folder_takes = FolderTakes(form.platform.files, folder, BytesOfCopy(form));
+  Status folder_takes = FolderTakes(files, folder, bytes);
   if (folder_takes.ok()) return {PhotoFate::kFailed, std::move(why), std::move(saved_as)};
   return {PhotoFate::kFolderFailed, std::move(folder_takes), std::move(saved_as)};
 }
@@ -79,8 +79,8 @@ AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedP
     return {PhotoFate::kStopped, std::move(corrected.status), {}};
   }
   if (corrected.step == PhotoStep::kSaving) {
-    return WriteFailed(form, SplitPhotoPath(task.correct.wanted).folder,
-                       std::move(corrected.status), {});
+    return WriteFailed(form.platform.files, SplitPhotoPath(task.correct.wanted).folder,
+                       BytesOfCopy(form), std::move(corrected.status), {});
   }
   PhotoFate fate = PhotoFate::kFailed;
   if (corrected.step == PhotoStep::kLoading) {
@@ -127,7 +127,12 @@ AutoPhotoOutcome MoveSource(Form1& form, const AutoPhotoTask& task, const std::s
   if (found.presence != Presence::kAsListed) {
     return {FateBeforeTheMove(found.presence), std::move(found.why), saved_as};
   }
-  return WriteFailed(form, SplitPhotoPath(task.move_wish).folder, std::move(moved), saved_as);
+  AutoPhotoOutcome failed = WriteFailed(files, SplitPhotoPath(task.move_wish).folder,
+                                        BytesOfCopy(form), std::move(moved), saved_as);
+  if (failed.fate == PhotoFate::kFolderFailed) return failed;
+  // Nothing can be taken out of a folder that takes nothing.
+  return WriteFailed(files, SplitPhotoPath(task.correct.photo).folder, 1, std::move(failed.status),
+                     saved_as);
 } catch (const std::bad_alloc&) {
   // The copy is there; forgotten, it would be made once more.
   return {PhotoFate::kFolderFailed, Status::Error(Failure::kTooLarge, kNoMemory), saved_as};

@@ -24,7 +24,8 @@ Status NameLeadsSomewhere(Files& files, const std::string& path, const std::stri
   if (folder == SplitPhotoPath(wish).folder || files.FolderExists(folder)) return Status::Ok();
   return Status::Error(Failure::kNotFound,
                        files.Display(wish) + ": is there already, and " + files.Display(path) +
-                           " lies in no folder, because of the dot in a folder's name");
+                           " lies in no folder, because of the dot in a folder's name; move what "
+                           "is there to another place");
 }
 
 }  // namespace tarnwell

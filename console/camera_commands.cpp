@@ -7,6 +7,7 @@
 #include "console/shown_text.h"
 #include "engine/learning_store.h"
 #include "modules/frm_modules.h"
+#include "modules/profile_names.h"
 #include "modules/profiles.h"
 #include "platform/files.h"
 #include "platform/system.h"
@@ -42,15 +43,18 @@ void ListModes(Module1& app, Files& files, frmModules& panel, ConsoleHost& host,
   }
 }
 
+// The camera and mode that the words name, which were made with clean names.
 Status FindProfile(const LearningOptions& options, Files& files, Module1& app) {
-  if (!IsCamera(app, files, options.camera)) {
+  const std::string camera = CleanProfileName(options.camera);
+  const std::string mode = CleanProfileName(options.mode);
+  if (!IsCamera(app, files, camera)) {
     return Status::Error(Failure::kNotFound, options.camera + ": there is no such camera");
   }
-  if (!IsMode(app, files, options.camera, options.mode)) {
+  if (!IsMode(app, files, camera, mode)) {
     return Status::Error(Failure::kNotFound,
                          options.mode + ": the camera " + options.camera + " has no such mode");
   }
-  SetProfile(app, options.camera, options.mode);
+  SetProfile(app, camera, mode);
   return Status::Ok();
 }
 

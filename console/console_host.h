@@ -3,6 +3,8 @@
 #include <functional>
 #include <ostream>
 
+#include "platform/status.h"
+
 namespace tarnwell {
 
 // What a command is given of the console that it runs in.
@@ -17,5 +19,12 @@ struct ConsoleHost {
 
 // How commands end.
 enum ExitCode : int { kDone = 0, kSomePhotoFailed = 1, kWrongUsage = 2, kInterrupted = 130 };
+
+// How a command ends that could not begin because of `why`: by its words, unless the disk or the
+// rights are at fault.
+inline int CodeOfRefusal(const Status& why) {
+  const bool by_the_disk = why.failure == Failure::kDiskFull || why.failure == Failure::kNoAccess;
+  return by_the_disk ? kSomePhotoFailed : kWrongUsage;
+}
 
 }  // namespace tarnwell

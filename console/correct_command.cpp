@@ -61,7 +61,7 @@ class CorrectCommand {
 int CorrectCommand::Run() {
   if (const Status prepared = PrepareSettings(); !prepared.ok()) {
     TellLine(host_.err, prepared.message);
-    return kWrongUsage;
+    return CodeOfRefusal(prepared);
   }
   int code = kDone;
   for (const std::string& photo : options_.photos) {

@@ -12,6 +12,7 @@
 #include "console/shown_text.h"
 #include "deadpixels/add_test_shot.h"
 #include "deadpixels/assess_test_shots.h"
+#include "modules/profile_names.h"
 #include "shell/profile_selection.h"
 
 namespace tarnwell {
@@ -27,7 +28,7 @@ class DeadPixelsCommand {
     if (ready.ok()) ready = SelectCamera();
     if (!ready.ok()) {
       TellLine(host_.err, ready.message);
-      return kWrongUsage;
+      return CodeOfRefusal(ready);
     }
     if (options_.action == DeadPixelsAction::kAdd) {
       Add();
@@ -41,7 +42,7 @@ class DeadPixelsCommand {
   // A camera is made for its first test shots, but there is nothing to assess for a new one.
   Status SelectCamera() {
     if (options_.action == DeadPixelsAction::kAssess &&
-        !IsCamera(window_.app, files(), options_.camera)) {
+        !IsCamera(window_.app, files(), CleanProfileName(options_.camera))) {
       return Status::Error(Failure::kNotFound, options_.camera + ": there is no such camera");
     }
     Settings settings;

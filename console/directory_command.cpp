@@ -160,7 +160,7 @@ int DirectoryCommand::Run() {
   Status status = PrepareSettings();
   if (!status.ok()) {
     TellLine(host_.err, status.message);
-    return kWrongUsage;
+    return CodeOfRefusal(status);
   }
   status = ListFolder();
   if (!status.ok()) {

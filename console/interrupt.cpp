@@ -30,6 +30,10 @@ std::function<bool()> WatchForInterrupt() {
 #ifdef SIGHUP
   Watch(SIGHUP);
 #endif
+#ifdef SIGPIPE
+  // What is printed for a reader that has gone is lost, and told so at the end; the photos are not.
+  std::signal(SIGPIPE, SIG_IGN);
+#endif
   return [] { return interrupted.load(); };
 }
 

@@ -14,6 +14,7 @@
 
 #include "platform/win32/utf16.h"
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -47,6 +48,11 @@ int wmain(int argc, wchar_t** argv) {
 }
 #else
 int main(int argc, char** argv) {
+  // A stream that the caller closed must not come to stand for a photo that is opened later. It
+  // stays one that nothing can be written to.
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+    if (fcntl(stream, F_GETFD) < 0) static_cast<void>(open("/dev/null", O_RDONLY));
+  }
   return tarnwell::Run({argv + (argc > 0 ? 1 : 0), argv + argc}, isatty(STDERR_FILENO) != 0);
 }
 #endif

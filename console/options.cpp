@@ -5,6 +5,8 @@
 #include "console/help_text.h"
 #include "console/setting_options.h"
 #include "imaging/output_names.h"
+#include "modules/presets.h"
+#include "shell/letter_case.h"
 
 namespace tarnwell {
 namespace {
@@ -32,12 +34,39 @@ std::string IsOutputName(const std::string& word) {
   return "\"" + word + "\": only JPEG files and bitmaps are written; end the name in .jpg or .bmp";
 }
 
+// Refuses an option without its value, which would take the next option for it, and a value for an
+// option that has none. An empty word is a value, which the option's own check looks at.
+void CheckValues(const CLI::App& app, const std::vector<std::string>& words) {
+  for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i) {
+    const std::size_t equals = words[i].find('=');
+    const std::string name = words[i].substr(0, equals);
+    const CLI::Option* const option =
+        name.starts_with("--") ? app.get_option_no_throw(name) : nullptr;
+    if (option == nullptr) continue;
+    const bool takes_value = option->get_items_expected_min() > 0;
+    const bool in_one_word = equals != words[i].npos;
+    if (in_one_word && !takes_value) throw CLI::ValidationError(name, "takes no value");
+    if (!takes_value) continue;
+    if (!in_one_word) ++i;
+    const bool missing = in_one_word ? equals + 1 == words[i].size()
+                                     : i == words.size() || words[i].starts_with("--");
+    if (missing) throw CLI::ValidationError(name, "its value is missing");
+  }
+}
+
+// A check of a word that names a preset to write, which may replace a file of that name.
+std::string IsPresetName(const std::string& word) {
+  if (FoldCase(word).ends_with(kPresetExtension)) return "";
+  return "\"" + word + "\": a preset's name ends in " + kPresetExtension;
+}
+
 // Runs the parser over the words. What it refuses ends with its text, then `usage`.
 template <typename Options>
 ParsedWords<Options> Parse(CLI::App& app, const std::vector<std::string>& words,
                            const Options& options, const std::string& usage) {
   ParsedWords<Options> parsed;
   try {
+    CheckValues(app, words);
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
     parsed.options = options;
   } catch (const CLI::CallForHelp&) {
@@ -141,10 +170,11 @@ ParsedWords<PresetsOptions> ParsePresetsWords(const std::vector<std::string>& wo
       ->required()
       ->check(CLI::IsMember({"save"}).description(""))
       ->type_name("");
-  app.add_option("FILE", options.file, "The preset to write")
+  app.add_option("FILE", options.file, "The preset to write; its name ends in .twp")
       ->required()
       ->type_name("")
-      ->check(IsNamed);
+      ->check(IsNamed)
+      ->check(IsPresetName);
   AddSettings(app, options.settings);
   AddLearning(app, options.settings);
   return Parse(app, words, options, kPresetsUsage);

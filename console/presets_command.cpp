@@ -43,7 +43,7 @@ int RunPresetsCommand(const PresetsOptions& options, ConsoleHost& host) {
   }
   if (!status.ok()) {
     TellLine(host.err, status.message);
-    return kWrongUsage;
+    return CodeOfRefusal(status);
   }
   const std::string path = system.files->Absolute(options.file);
   status = WritePreset(window.app, *system.files, window.modules, path);

@@ -1,6 +1,7 @@
 #include "console/watch_command.h"
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <string>
 #include <thread>
@@ -43,8 +44,9 @@ class WatchCommand : public AutoModeHost {
   void CorrectPhotos(AutoPass& pass) override;
 
  private:
-  // A stop is heard between photos only, so that none is left both saved and not moved.
-  static bool NeverCancelled() { return false; }
+  // Whether the photo in hand is to be cancelled, which is asked all the time from its thread. A
+  // stop is heard between photos only, so that none is left both saved and not moved.
+  bool EndsPhoto();
 
   void WatchUntilStopped(Platform& platform);
   void TakeOnce(Platform& platform);
@@ -60,8 +62,15 @@ class WatchCommand : public AutoModeHost {
   NoTray no_tray_;
   SysTray tray_{no_tray_};
   AutoMode mode_;
+  std::atomic<bool> stop_told_ = false;
   bool photos_left_ = false;  // a stop came before all that were there were corrected
 };
+
+bool WatchCommand::EndsPhoto() {
+  const bool news = host_.interrupted() && !options_.settings.quiet && !stop_told_.exchange(true);
+  if (news) lines_.Report("Ending after the photos in hand; Ctrl+C again ends at once.");
+  return false;
+}
 
 void WatchCommand::CorrectPhotos(AutoPass& pass) {
   const int threads = ThreadsOf(options_.settings);
@@ -77,8 +86,9 @@ void WatchCommand::CorrectPhotos(AutoPass& pass) {
   const auto correct = [&](std::size_t index) {
     const TakenMemory taken(budget_, memory[index]);
     ConsoleSystem system;  // its codecs are shared with nobody
-    ConsoleWindow window(start_, system, dialogs_, NeverCancelled,
-                         ThreadsPerPhoto(budget_, memory[index], threads, workers));
+    ConsoleWindow window(
+        start_, system, dialogs_, [this] { return EndsPhoto(); },
+        ThreadsPerPhoto(budget_, memory[index], threads, workers));
     pass.Correct(index, window.form);
   };
   ForEachPhoto(pass.size(), workers, begin, correct);
@@ -110,11 +120,12 @@ void WatchCommand::TakeOnce(Platform& platform) {
 }
 
 int WatchCommand::Run() {
-  ConsoleWindow window(start_, system_, dialogs_, NeverCancelled, 1);
+  ConsoleWindow window(
+      start_, system_, dialogs_, [] { return false; }, 1);
   const Status prepared = Prepare(options_.settings, window.platform, host_.err, start_);
   if (!prepared.ok()) {
     TellLine(host_.err, prepared.message);
-    return kWrongUsage;
+    return CodeOfRefusal(prepared);
   }
   const std::string* const named[] = {&options_.input, &options_.output, &options_.processed};
   for (int i = 0; i < 3; ++i) mode_.folders[i] = WithBackslash(system_.files->Absolute(*named[i]));

@@ -17,6 +17,7 @@
 
 #include <algorithm>
 
+#include "modules/settings_file.h"
 #include "modules/skin_tones.h"
 #include "modules/white_balance.h"
 #include "platform/dialogs.h"
@@ -145,7 +146,7 @@ Status WritePreset(const Module1& app, Files& files, const frmModules& panel,
                    const std::string& path) {
   const Result<std::string> text = PresetOf(app, files, panel);
   if (!text.ok()) return text.status;
-  return files.Replace(path, *text);
+  return ReplaceSettingsFile(files, path, *text);
 }
 
 Status PresetSave(const Module1& app, Platform& platform, const frmModules& panel) {
@@ -154,7 +155,7 @@ Status PresetSave(const Module1& app, Platform& platform, const frmModules& pane
   const auto path =
       platform.dialogs.ChooseSaveFile("Save Custom Preset", kPresetFilter, TakenNames::kAsk);
   if (!path || path->empty()) return Status::Error(Failure::kCancelled, "");
-  return platform.files.Replace(*path, *text);
+  return ReplaceSettingsFile(platform.files, *path, *text);
 }
 
 Result<WhiteBalanceMode> ApplyPresetText(frmModules& panel, std::string_view text,

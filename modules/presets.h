@@ -17,6 +17,7 @@ struct Platform;
 // A preset is the state of the module panel in one ".twp" file, so that a look can be kept and used
 // again.
 inline constexpr const char* kPresetFilter = "Presets File (*.twp)|*.twp";
+inline constexpr const char* kPresetExtension = ".twp";
 
 // Asks where to save, then writes the panel there. kCancelled, without a message, when the user
 // backs out.

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 
+#include "modules/settings_file.h"
 #include "platform/files.h"
 #include "shell/lenient_number.h"
 #include "shell/line_reader.h"
@@ -79,7 +80,7 @@ Result<WhiteBalanceSetting> ReadWhiteBalanceFile(Files& files, const std::string
 
 Status WriteWhiteBalanceFile(Files& files, const std::string& path,
                              const WhiteBalanceSetting& setting) {
-  return files.Replace(path, WhiteBalanceText(setting));
+  return ReplaceSettingsFile(files, path, WhiteBalanceText(setting));
 }
 
 }  // namespace tarnwell

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "modules/presets.h"
 #include "platform/files.h"
 #include "shell/letter_case.h"
 
@@ -13,7 +14,7 @@ std::vector<std::string> ListPresetFiles(Files& files, const std::string& folder
   if (!listed.ok()) return {};
   std::vector<std::string> names;
   for (FolderEntry& entry : *listed) {
-    if (!entry.is_folder && FoldCase(entry.name).ends_with(".twp")) {
+    if (!entry.is_folder && FoldCase(entry.name).ends_with(kPresetExtension)) {
       names.push_back(std::move(entry.name));
     }
   }

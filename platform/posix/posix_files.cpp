@@ -59,14 +59,19 @@ std::optional<FolderEntry> EntryFrom(const struct stat& found, const std::string
   return entry;
 }
 
-// The entry `name` of an open folder; nothing for what is neither a file nor a folder, for links
-// that lead nowhere and for names that cannot be addressed.
+// The entry `name` of an open folder; nothing for what is neither a file nor a folder, and for
+// links that lead nowhere. A file whose name cannot be addressed is listed, so that whoever opens
+// it is told why; a folder of such a name is not.
 std::optional<FolderEntry> EntryOf(int folder, const std::string& name) {
-  if (name == "." || name == ".." || name.find('\\') != name.npos) return std::nullopt;
+  if (name == "." || name == "..") return std::nullopt;
+  const std::string spelled = FromSystemPath(name);
   struct stat found;
-  if (fstatat(folder, name.c_str(), &found, 0) == 0) return EntryFrom(found, name);
+  if (fstatat(folder, name.c_str(), &found, 0) == 0) {
+    const bool is_addressed = spelled == name || !S_ISDIR(found.st_mode);
+    return is_addressed ? EntryFrom(found, spelled) : std::nullopt;
+  }
   if (errno == ENOENT || errno == ELOOP) return std::nullopt;
-  return FolderEntry{.name = name};  // it is there, but nothing about it may be known
+  return FolderEntry{.name = spelled};  // it is there, but nothing about it may be known
 }
 
 // The whole content of an open file.
@@ -276,6 +281,7 @@ Status PosixFiles::Publish(const std::string& temporary, const std::string& path
 
 Status PosixFiles::Move(const std::string& from, const std::string& to) {
   if (FolderExists(from)) return SystemError(EISDIR, from, Subject::kFile);
+  if (auto moved = MoveRelativeLink(from, to)) return *moved;
   bool other_volume = false;
   Status moved = RenameWithoutReplacing(from, to, &other_volume);
   if (moved.ok()) {

@@ -1,7 +1,9 @@
 #include "platform/posix/posix_move.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
+#include <memory>
 #include <stdio.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -39,6 +41,14 @@ Status CopyContent(const PosixFile& source, const std::string& from, const Posix
   }
 }
 
+// Whether a rename failed because of the file itself or its folder.
+bool IsFaultOfSource(int error, const std::string& system_from) {
+  struct stat found;
+  if (error == ENOENT) return lstat(system_from.c_str(), &found) != 0;
+  const bool refused = error == EACCES || error == EPERM || error == EROFS;
+  return refused && access(SystemFolderOf(system_from).c_str(), W_OK | X_OK) != 0;
+}
+
 bool IsUnchanged(const struct stat& then, const struct stat& now) {
   return now.st_dev == then.st_dev && now.st_ino == then.st_ino && now.st_size == then.st_size &&
          now.st_mtim.tv_sec == then.st_mtim.tv_sec && now.st_mtim.tv_nsec == then.st_mtim.tv_nsec;
@@ -59,11 +69,23 @@ Status RenameWithoutReplacing(const std::string& from, const std::string& to, bo
   if (moved == 0) return Status::Ok();
   const int error = errno;
   if (other_volume != nullptr) *other_volume = error == EXDEV;
-  struct stat found;
-  if (error == ENOENT && lstat(system_from->c_str(), &found) != 0) {
-    return SystemError(error, from, Subject::kFile);
-  }
-  return SystemError(error, to, Subject::kNewFile);
+  return IsFaultOfSource(error, *system_from) ? SystemError(error, from, Subject::kFile)
+                                              : SystemError(error, to, Subject::kNewFile);
+}
+
+std::optional<Status> MoveRelativeLink(const std::string& from, const std::string& to) {
+  const Result<std::string> link = ToSystemPath(from), target = ToSystemPath(to);
+  if (!link.ok() || !target.ok()) return std::nullopt;
+  char word = 0;
+  const bool is_relative = readlink(link->c_str(), &word, 1) == 1 && word != '/';
+  if (!is_relative || SystemFolderOf(*link) == SystemFolderOf(*target)) return std::nullopt;
+  const std::unique_ptr<char, void (*)(void*)> file(realpath(link->c_str(), nullptr), &std::free);
+  if (!file) return std::nullopt;
+  if (symlink(file.get(), target->c_str()) != 0) return SystemError(errno, to, Subject::kNewFile);
+  if (unlink(link->c_str()) == 0) return Status::Ok();
+  const int error = errno;
+  unlink(target->c_str());
+  return SystemError(error, from, Subject::kFile);
 }
 
 Result<CopiedSource> CopiedSource::Open(const std::string& path) {

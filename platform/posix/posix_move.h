@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <sys/stat.h>
 #include <utility>
@@ -13,6 +14,10 @@ namespace tarnwell {
 // the name is taken. `other_volume` (may be null) is set when the two lie on different volumes;
 // the call fails then.
 Status RenameWithoutReplacing(const std::string& from, const std::string& to, bool* other_volume);
+
+// Moves the link `from` to another folder, where it would lead elsewhere as it stands, never
+// replacing anything. Nothing is done and nothing given for what is no such link.
+std::optional<Status> MoveRelativeLink(const std::string& from, const std::string& to);
 
 // A file that is copied, and deleted once the copy is safe, if it is still the same then.
 class CopiedSource {

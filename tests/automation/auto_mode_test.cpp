@@ -216,6 +216,17 @@ TEST_F(AutoModeTest, APhotoExchangedDuringItsCorrectionIsTakenUpAgain) {
   EXPECT_EQ(folder.Read("done\\a.jpg"), kProgressiveJpeg);
 }
 
+TEST_F(AutoModeTest, ThePhotoOfACopyThatWasTakenAwayIsNamed) {
+  Arrive("a.jpg");
+  on_status = [&](const std::string& text) {
+    if (text.find("Saving") != text.npos) std::filesystem::remove(folder.SystemPath("in\\a.jpg"));
+  };
+  Take();
+  EXPECT_EQ(folder.Names("out"), Lines{"a.jpg"});
+  EXPECT_EQ(reports, Lines{"a.jpg: was taken away while it was corrected; its copy is " +
+                           window.files->Display(folder.File("out\\a.jpg"))});
+}
+
 TEST_F(AutoModeTest, TheInputFolderInAnotherSpellingIsNoOutputFolder) {
   Arrive("a.jpg");
   for (const AutoFolder target : {kOutputFolder, kProcessedFolder}) {

@@ -88,6 +88,19 @@ TEST_F(RememberedTest, APresetGivesTheSamePictureAsItsSettings) {
   EXPECT_EQ(folder.Read("copy.twp"), text);
 }
 
+TEST_F(RememberedTest, ACameraIsFoundAgainByTheNameItWasMadeWith) {
+  WriteBitmap("a.bmp", 60, 40, 1);
+  const Words profile = {"--camera", "Pixel 7/Pro", "--mode", "in/out"};
+  for (Words words : {Words{"correct", "@a.bmp", "--quiet"}, {"learning"}}) {
+    words.insert(words.end(), profile.begin(), profile.end());
+    EXPECT_EQ(Run(words), 0) << err.str();
+  }
+  PixelArray dark(40, 30);
+  ASSERT_TRUE(codec->SaveBitmap(folder.File("dark.bmp"), dark.view()).ok());
+  ASSERT_EQ(Run({"deadpixels", "add", "--camera", "a:b", "@dark.bmp"}), 0) << err.str();
+  EXPECT_EQ(Run({"deadpixels", "assess", "--camera", "a:b"}), 0) << err.str();
+}
+
 TEST_F(RememberedTest, WordsThatAPresetDoesNotKeepAreNamed) {
   const struct {
     Words words;

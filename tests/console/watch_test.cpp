@@ -45,6 +45,7 @@ TEST_F(WatchTest, AStopEndsItAfterThePhotoInHand) {
   EXPECT_EQ(Watch({"--threads", "1"}), 0);
   EXPECT_EQ(folder.Names("out"), Words{"0.jpg"});
   EXPECT_EQ(folder.Names("done"), Words{"0.jpg"});
+  EXPECT_TRUE(ErrHas("Ending after the photos in hand; Ctrl+C again ends at once.")) << err.str();
   EXPECT_EQ(Watch({"--threads", "1", "--once"}), 130) << "and four photos wait";
 }
 

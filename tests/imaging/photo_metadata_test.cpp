@@ -42,6 +42,41 @@ TEST(PhotoMetadata, WhatStaysTrueStaysByteForByte) {
   EXPECT_EQ(ReadPhotoMetadata("BM no JPEG file"), nullptr);
 }
 
+// Square pixels, in one of the three units that there are.
+TEST(PhotoMetadata, ADensityIsKeptWhereItSaysSomething) {
+  const struct {
+    std::string density;  // unit, across, down
+    bool kept;
+  } kRows[] = {
+      {{2, 0, 28, 0, 28}, true},   {{0, 0, 2, 0, 2}, true},  {{0, 0, 1, 0, 1}, false},
+      {{1, 0, 72, 0, 96}, false},  {{1, 0, 0, 0, 0}, false}, {{3, 0, 72, 0, 72}, false},
+      {{-1, 0, 72, 0, 72}, false},
+  };
+  for (const auto& row : kRows) {
+    const Piece piece = {0, std::string("JFIF\0\1\1", 7) + row.density + std::string(2, '\0')};
+    EXPECT_EQ(Saved(ReadPhotoMetadata(Jpeg({piece}))), row.kept ? Segments({piece}) : "")
+        << testing::PrintToString(row.density);
+  }
+}
+
+// A resource may go on in the next segment, and changed ones are parted anew.
+TEST(PhotoMetadata, LongPhotoshopBlocksArePartedWhereASegmentIsFull) {
+  const auto pieces_of = [](const std::string& title_and_place, std::size_t room) {
+    const std::string whole = Resource(0x03ED, std::string(50000, 'a')) +
+                              Resource(0x0404, title_and_place) +
+                              Resource(0x03EE, std::string(50001, 'b')) + std::string(3, '\0');
+    std::vector<Piece> pieces;
+    for (std::size_t at = 0; at < whole.size(); at += room) {
+      pieces.push_back({13, kPhotoshopSignature + whole.substr(at, room)});
+    }
+    return pieces;
+  };
+  const SharedMetadata metadata =
+      ReadPhotoMetadata(Jpeg(pieces_of(Field(5, "Title") + Field(90, "Bonn"), 50010)));
+  EXPECT_TRUE(Saved(metadata, {.leave_place_out = true}) ==
+              Segments(pieces_of(Field(5, "Title"), 65533 - kPhotoshopSignature.size())));
+}
+
 TEST(PhotoMetadata, LeavesThePlaceOutEverywhere) {
   const SharedMetadata metadata = ReadPhotoMetadata(
       Jpeg({{1, MakeExif({.place = true})},
@@ -205,6 +240,8 @@ TEST(PhotoMetadata, DamagedSegmentsAreDroppedAndTold) {
       {{{2, Icc(1, 1, Profile("GRAY"))}},
        "The colour profile is for grey pictures or for inks and is left out."},
       {{{13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title")).substr(0, 20)}},
+       "The IPTC data is damaged and is left out."},
+      {{{13, kPhotoshopSignature + Resource(0x0404, Field(5, "Title")) + std::string("\0x", 2)}},
        "The IPTC data is damaged and is left out."},
   };
   for (const Case& c : cases) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "modules/white_balance_file.h"
 #include "tests/support/panel_desk.h"
 
 namespace tarnwell {
@@ -83,6 +84,15 @@ TEST(PresetTest, LoadingAndSavingGivesTheSameBytes) {
   const ScriptedDialogs::Shown box{ScriptedDialogs::Kind::kSaveFile, "Save Custom Preset",
                                    "Presets File (*.twp)|*.twp"};
   EXPECT_EQ(desk.dialogs.shown, std::vector{box});
+}
+
+TEST(PresetTest, NoPhotoIsReplacedWhateverTheUserAnswered) {
+  PanelDesk desk;
+  desk.dialogs.save_files = {"C:\\a.JPG"};
+  desk.files.files["C:\\a.JPG"] = "photo";
+  EXPECT_EQ(PresetSave(desk.app, desk.platform, desk.panel).failure, Failure::kExists);
+  EXPECT_EQ(WriteWhiteBalanceFile(desk.files, "C:\\a.JPG", {}).failure, Failure::kExists);
+  EXPECT_EQ(desk.files.files["C:\\a.JPG"], "photo");
 }
 
 TEST(PresetTest, ModeTwoTakesTheWhiteFromThePresetItself) {

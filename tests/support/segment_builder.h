@@ -60,7 +60,10 @@ inline std::string Packet(const std::string& attributes, const std::string& elem
 inline std::string Resource(int number, const std::string& content) {
   std::string resource = "8BIM";
   resource += {static_cast<char>(number >> 8), static_cast<char>(number), '\0', '\0'};
-  resource += std::string(3, '\0') + static_cast<char>(content.size()) + content;
+  for (int shift = 24; shift >= 0; shift -= 8) {
+    resource += static_cast<char>(content.size() >> shift);
+  }
+  resource += content;
   return content.size() % 2 == 1 ? resource + '\0' : resource;
 }
 

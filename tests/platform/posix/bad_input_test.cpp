@@ -224,6 +224,7 @@ std::map<std::string, Row> Rows() {
   rows["a value out of range"] = {CorrectWith({"--slider", "3=500"})};
   rows["a word that is no number"] = {CorrectWith({"--slider", "3=much"})};
   rows["an empty name"] = {CorrectWith({"--output", ""})};
+  rows["an option without its value"] = {CorrectWith({"--output", "--quiet"})};
   rows["an output name of another kind of picture"] = {CorrectWith({"--output", "b.png"})};
   rows["a value of a module that is off"] = {CorrectWith({"--slider", "3=20"}), {"photoA.jpg"}};
   rows["no photo"] = {[](Desk& desk) { return desk.Run({"correct"}); }};
@@ -278,6 +279,10 @@ std::map<std::string, Row> Rows() {
       {"program\\queue.ini"}};
   rows["settings that cannot be written"] = {WithoutRights(
       "program", perms(0555), [](Desk& desk) { return TellOf(desk, INISave(desk.form)).text; })};
+  rows["a preset under a photo's name"] = {[](Desk& desk) {
+    desk.folder.Write("photo.jpg", kBaselineJpeg);
+    return desk.Run({"presets", "save", "photo.jpg"});
+  }};
   rows["a preset that cannot be written"] = {WithoutRights("", perms(0555), [](Desk& desk) {
     return desk.Run({"presets", "save", "@look.twp"});
   })};
@@ -288,6 +293,13 @@ std::map<std::string, Row> Rows() {
                                              return desk.Run({"directory", "@album"});
                                            },
                                            {"album\\TWout\\a.jpg"}};
+  rows["a photo with a backslash in its name, among others"] = {
+      [](Desk& desk) {
+        desk.folder.Write("album\\b.jpg", kBaselineJpeg);
+        std::ofstream(desk.folder.SystemPath("album") / "a\\c.jpg") << kBaselineJpeg;
+        return desk.Run({"directory", "@album"});
+      },
+      {"album\\TWout\\b.jpg"}};
   rows["a folder that is not there"] = {[](Desk& desk) {
     return desk.Run({"directory", "@gone"});
   }};
@@ -304,6 +316,15 @@ std::map<std::string, Row> Rows() {
     for (const char* name : {"in", "done"}) desk.folder.MakeFolder(name);
     return Watch(desk, {"@in", "@in", "@done"});
   }};
+  rows["a watched folder without rights"] = {
+      [](Desk& desk) {
+        for (const char* name : {"in", "out", "done"}) desk.folder.MakeFolder(name);
+        desk.folder.Write("in\\a.jpg", kBaselineJpeg);
+        return WithoutRights("in", perms(0555), [](Desk& rightless) {
+          return Watch(rightless, {"@in", "@out", "@done"});
+        })(desk);
+      },
+      {"out\\a.jpg"}};
   rows["a processed folder without rights"] = {
       [](Desk& desk) {
         for (const char* name : {"in", "out", "done"}) desk.folder.MakeFolder(name);
