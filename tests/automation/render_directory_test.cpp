@@ -6,6 +6,8 @@
 
 #include "automation/adjust_directory.h"
 #include "imaging/file_open.h"
+#include "shell/menu_click.h"
+#include "shell/menus.h"
 #include "tests/support/main_desk.h"
 
 namespace tarnwell {
@@ -47,6 +49,19 @@ TEST(RenderDirectory, TellsWhatBecameOfThePhotos) {
   EXPECT_EQ(desk.app.current_file, desk.folder.File("a.bmp"));
   EXPECT_TRUE(SamePixels(desk.surfaces().picOriginal.picture, NoisyPicture(30, 20, 2)));
   EXPECT_FALSE(desk.app.photo_changed);
+}
+
+TEST(RenderDirectory, TheMenuRowKeepsTheStatusWhilePhotosAreShown) {
+  DirectoryDesk desk;
+  desk.dialogs.answers = {Answer::kYes};
+  MenuClick(desk.window, kToolsMenu, 8);
+  Texts status;
+  for (const std::string& line : desk.view.log) {
+    if (line.starts_with("status ")) status.push_back(line.substr(7));
+  }
+  // Told, and told again when the corrected photo is shown.
+  EXPECT_EQ(status, (Texts{"Photo 1 of 3: a.bmp", "Photo 1 of 3: a.bmp", "Photo 2 of 3: b.bmp",
+                           "Photo 2 of 3: b.bmp", "Photo 3 of 3: c.jpg", ""}));
 }
 
 TEST(RenderDirectory, ACancelEndsAfterTheColumnInHand) {
