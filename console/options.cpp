@@ -34,15 +34,24 @@ std::string IsOutputName(const std::string& word) {
   return "\"" + word + "\": only JPEG files and bitmaps are written; end the name in .jpg or .bmp";
 }
 
-// Refuses an option without its value, which would take the next option for it, and a value for an
-// option that has none. An empty word is a value, which the option's own check looks at.
-void CheckValues(const CLI::App& app, const std::vector<std::string>& words) {
+// A word that begins like an option and is none. The parser would first miss others.
+[[noreturn]] void RefuseWord(const std::string& word) {
+  const bool may_be_photo = !word.starts_with("--");
+  throw CLI::ValidationError(
+      "The following argument was not expected",
+      may_be_photo ? word + "; for a file of this name write ./" + word : word);
+}
+
+// Refuses words that are no options, an option without its value, which would take the next option
+// for it, and a value for an option that has none. An empty word is a value, which the option's own
+// check looks at.
+void CheckOptions(const CLI::App& app, const std::vector<std::string>& words) {
   for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i) {
+    if (words[i].size() < 2 || words[i][0] != '-') continue;
     const std::size_t equals = words[i].find('=');
     const std::string name = words[i].substr(0, equals);
-    const CLI::Option* const option =
-        name.starts_with("--") ? app.get_option_no_throw(name) : nullptr;
-    if (option == nullptr) continue;
+    const CLI::Option* const option = app.get_option_no_throw(name);
+    if (option == nullptr) RefuseWord(words[i]);
     const bool takes_value = option->get_items_expected_min() > 0;
     const bool in_one_word = equals != words[i].npos;
     if (in_one_word && !takes_value) throw CLI::ValidationError(name, "takes no value");
@@ -66,7 +75,7 @@ ParsedWords<Options> Parse(CLI::App& app, const std::vector<std::string>& words,
                            const Options& options, const std::string& usage) {
   ParsedWords<Options> parsed;
   try {
-    CheckValues(app, words);
+    CheckOptions(app, words);
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
     parsed.options = options;
   } catch (const CLI::CallForHelp&) {

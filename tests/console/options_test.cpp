@@ -55,6 +55,8 @@ TEST(OptionsTest, WrongWordsEndWithTheReasonAndTheUsage) {
       {{"--camera", "--no-learn", "a.jpg"}, "--camera: its value is missing"},
       {{"a.jpg", "--slider", "3=1", "--slider"}, "--slider: its value is missing"},
       {{"a.jpg", "--learn=false"}, "--learn: takes no value"},
+      {{"--hel"}, "not expected: --hel"},
+      {{"-a.jpg"}, "not expected: -a.jpg; for a file of this name write ./-a.jpg"},
       {{"a.jpg", "--camera", ""}, "--camera: a name is missing"},
       {{"a.jpg", "--mode", ""}, "--mode: a name is missing"},
       {{"a.jpg", "--program-folder", ""}, "--program-folder: a name is missing"},

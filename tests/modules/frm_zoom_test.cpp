@@ -138,7 +138,14 @@ TEST_F(ZoomTest, TheKeyboardPicksBelowACrosshair) {
   EXPECT_EQ(zoom.cross->x, 100);
   EXPECT_EQ(zoom.cross->y, middle);
 
+  MoveZoomCross(zoom, ArrowKey::kUp, 1);
+  EXPECT_EQ(zoom.cross->y, middle - 1);
+  MoveZoomCross(zoom, ArrowKey::kDown, 2);
+  EXPECT_EQ(zoom.cross->y, middle + 1);
+
   // It stays on the photo, and the photo moves along at the container's edge.
+  MoveZoomCross(zoom, ArrowKey::kUp, 1000);
+  EXPECT_EQ(zoom.cross->y, zoom.top);
   MoveZoomCross(zoom, ArrowKey::kDown, 1000);
   EXPECT_EQ(zoom.cross->y, zoom.top + 39);
   MoveZoomCross(zoom, ArrowKey::kLeft, 1000);
