@@ -51,6 +51,15 @@ TEST_F(DirectoryTest, TheSummaryCounts) {
   EXPECT_EQ(err.str(), summary("1 of 1 photo was corrected and saved in ", "album\\TWout\\"));
 }
 
+TEST_F(DirectoryTest, ProgressIsDrawnOnATerminalUnlessItIsToBeQuiet) {
+  WriteBitmap("a.bmp", 40, 30);
+  host.err_is_terminal = true;
+  EXPECT_EQ(Run({"directory", "@"}), 0);
+  EXPECT_TRUE(ErrHas("\r\x1b[K1 of 1 photo was corrected")) << "the line is wiped at the end";
+  EXPECT_EQ(Run({"directory", "@", "--quiet"}), 0);
+  EXPECT_EQ(err.str(), "");
+}
+
 TEST_F(DirectoryTest, APhotoOfTheSameNameIsNumberedInTheOrderOfTheList) {
   WriteBitmap("a.bmp", 40, 30);
   folder.Write("A.jpg", kBaselineJpeg);
