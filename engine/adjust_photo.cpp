@@ -25,6 +25,7 @@
 #include "shell/form1.h"
 #include "shell/frm_progress.h"
 #include "shell/module1.h"
+#include "shell/scoped_flag.h"
 
 namespace tarnwell {
 namespace {
@@ -138,18 +139,6 @@ void TakePhotoOut(Form1& form) {
   form.histogram = {};
 }
 
-// A run under way, for one scope.
-class Correcting {
- public:
-  explicit Correcting(Form1& form) : form_(form) { form_.correcting = true; }
-  ~Correcting() { form_.correcting = false; }
-  Correcting(const Correcting&) = delete;
-  Correcting& operator=(const Correcting&) = delete;
-
- private:
-  Form1& form_;
-};
-
 using WhiteOffsets = std::optional<std::array<double, 3>>;
 
 Status RunCorrection(Form1& form, bool preview, const WhiteOffsets& white_balance) try {
@@ -217,7 +206,7 @@ Status Run(Form1& form, bool preview, bool asked_for) {
   }
   // A run lets events in; a second one would take the pixels from under the first.
   if (form.correcting) return Status::Error(Failure::kOther, "a correction is already running");
-  const Correcting correcting(form);
+  const ScopedFlag correcting(form.correcting);
   form.app.cancel_requested = false;
   const WhiteBalance white_balance = WhiteBalanceOfRun(form.app, form.platform.files, form.modules);
   // Before the progress window opens, which would cover it.

@@ -7,6 +7,7 @@
 #include "shell/main_view.h"
 #include "shell/main_window.h"
 #include "shell/module1.h"
+#include "shell/scoped_flag.h"
 #include "shell/settings_store.h"
 #include "shell/tell.h"
 #include "shell/tips.h"
@@ -27,23 +28,11 @@ void CloseAfterwards(MainWindow& window) {
   window.close_wanted = true;
 }
 
-// A close that asks, for one scope.
-class Asking {
- public:
-  explicit Asking(MainWindow& window) : window_(window) { window_.close_asked = true; }
-  ~Asking() { window_.close_asked = false; }
-  Asking(const Asking&) = delete;
-  Asking& operator=(const Asking&) = delete;
-
- private:
-  MainWindow& window_;
-};
-
 // Whether the unsaved changes, if any, are settled. Saving may lack the memory: the window stays,
 // and the next close asks again.
 bool MayClose(MainWindow& window) {
   bool may_close = false;
-  const Asking asking(window);
+  const ScopedFlag asking(window.close_asked);
   TellLackOfMemory(window.form, [&] { may_close = AskToSaveChanges(window.form); });
   return may_close;
 }
