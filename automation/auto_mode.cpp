@@ -44,9 +44,7 @@ std::string WrongWith(const AutoFolders& folders, Files& files) {
   }
   for (const AutoFolder target : {kOutputFolder, kProcessedFolder}) {
     // What is written into the input folder would be taken for a new photo, for ever.
-    // Some file systems cannot tell which folder is which.
-    const bool same_words = folders[target] == folders[kInputFolder];
-    if (same_words || files.IsSameFolder(folders[target], folders[kInputFolder])) {
+    if (files.IsSameFolder(folders[target], folders[kInputFolder])) {
       return files.Display(folders[target]) +
              ": the input folder cannot be the output or processed folder as well";
     }
@@ -136,15 +134,9 @@ bool AutoPass::Begin(std::size_t index) {
   }
   const WatchedPhoto& photo = photos_[index];
   AutoPhotoTask& task = tasks_[index];
-  task.listed = photo;
   task.correct.photo = PathOf(index);
-  // A folder's list may be older than its files: what the photo is compared with later comes from
-  // the same source.
-  if (const auto found = platform_.files.Find(task.correct.photo); found.ok()) {
-    task.listed.size = found->size;
-    task.listed.modified_nanos = found->modified_nanos;
-  }
   task.saved_as = photo.saved_as;
+  task.version = task.saved_as.empty() ? VersionNow(index) : photo.corrected;
   if (task.saved_as.empty()) {
     task.correct.wanted = folders_[kOutputFolder] + photo.name;
     task.correct.target = plan_.Take(task.correct.wanted);
@@ -152,6 +144,13 @@ bool AutoPass::Begin(std::size_t index) {
   task.move_wish = folders_[kProcessedFolder] + photo.name;
   task.move_to = plan_.Take(task.move_wish);
   return true;
+}
+
+// A folder's list may be older than its files: what the photo is compared with later comes from the
+// same source as that.
+PhotoVersion AutoPass::VersionNow(std::size_t index) const {
+  const auto found = platform_.files.Find(PathOf(index));
+  return found.ok() ? PhotoVersion{found->size, found->modified_nanos} : photos_[index].version;
 }
 
 void AutoPass::Correct(std::size_t index, Form1& form) {
@@ -162,10 +161,11 @@ void AutoPass::Correct(std::size_t index, Form1& form) {
         if (mode_.automated) SetStatus(mode_, host_, text, AutoActivity::kCorrecting);
       });
   const std::lock_guard lock(mutex_);
-  Settle(photos_[index], outcome);
+  Settle(index, outcome);
 }
 
-void AutoPass::Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome) {
+void AutoPass::Settle(std::size_t index, const AutoPhotoOutcome& outcome) {
+  const WatchedPhoto& photo = photos_[index];
   for (const std::string& note : outcome.notes) host_.Report(note);
   switch (outcome.fate) {
     case PhotoFate::kDone:
@@ -195,7 +195,9 @@ void AutoPass::Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome
       break;
     case PhotoFate::kFolderFailed:
       stopped_ = true;
-      if (!outcome.saved_as.empty()) mode_.watched.Saved(photo, outcome.saved_as);
+      if (!outcome.saved_as.empty()) {
+        mode_.watched.Saved(photo, outcome.saved_as, tasks_[index].version);
+      }
       Hold(mode_, host_, outcome.status.message, platform_.clock.Nanos() + kHoldNanos);
       break;
     case PhotoFate::kStopped:

@@ -88,7 +88,8 @@ class AutoPass {
   bool moved_on() const { return moved_on_; }
 
  private:
-  void Settle(const WatchedPhoto& photo, const AutoPhotoOutcome& outcome);
+  PhotoVersion VersionNow(std::size_t index) const;
+  void Settle(std::size_t index, const AutoPhotoOutcome& outcome);
 
   AutoMode& mode_;
   const AutoFolders folders_;

@@ -44,7 +44,7 @@ AutoPhotoOutcome WriteFailed(Files& files, const std::string& folder, std::size_
 }
 
 enum class Presence {
-  kAsListed,
+  kAsTakenUp,
   kChanged,
   kGone,
   kUnknown,     // its name is listed and cannot be looked at
@@ -62,14 +62,14 @@ struct Found {
 Found Find(Files& files, const AutoPhotoTask& task) {
   const Result<FolderEntry> found = files.Find(task.correct.photo);
   if (found.ok()) {
-    const bool same =
-        found->size == task.listed.size && found->modified_nanos == task.listed.modified_nanos;
-    return {same ? Presence::kAsListed : Presence::kChanged};
+    const PhotoVersion now = {found->size, found->modified_nanos};
+    return {now == task.version ? Presence::kAsTakenUp : Presence::kChanged};
   }
-  const auto entries = files.List(SplitPhotoPath(task.correct.photo).folder);
+  const PhotoPathParts parts = SplitPhotoPath(task.correct.photo);
+  const auto entries = files.List(parts.folder);
   if (!entries.ok()) return {Presence::kOutOfReach, entries.status};
   const bool listed = std::any_of(entries->begin(), entries->end(), [&](const FolderEntry& entry) {
-    return entry.name == task.listed.name;
+    return entry.name == parts.file_name;
   });
   return listed ? Found{Presence::kUnknown, found.status} : Found{Presence::kGone};
 }
@@ -97,16 +97,15 @@ AutoPhotoOutcome NotCorrected(Form1& form, const AutoPhotoTask& task, CorrectedP
 // What becomes of a photo whose copy is saved and which is to be moved.
 PhotoFate FateBeforeTheMove(Presence presence) {
   switch (presence) {
-    case Presence::kAsListed:
+    case Presence::kAsTakenUp:
       return PhotoFate::kDone;
     case Presence::kChanged:
       return PhotoFate::kChanged;
     case Presence::kGone:
       return PhotoFate::kGone;
     case Presence::kUnknown:
-      return PhotoFate::kFailed;
     case Presence::kOutOfReach:
-      return PhotoFate::kFolderFailed;
+      return PhotoFate::kFolderFailed;  // it was there a moment ago, and its copy is kept in mind
   }
   return PhotoFate::kFailed;
 }
@@ -115,7 +114,7 @@ AutoPhotoOutcome MoveSource(Form1& form, const AutoPhotoTask& task, const std::s
                             NamePlan& plan) try {
   Files& files = form.platform.files;
   Found found = Find(files, task);
-  if (found.presence != Presence::kAsListed) {
+  if (found.presence != Presence::kAsTakenUp) {
     return {FateBeforeTheMove(found.presence), std::move(found.why), saved_as};
   }
   Status moved = files.Move(task.correct.photo, task.move_to);
@@ -124,7 +123,7 @@ AutoPhotoOutcome MoveSource(Form1& form, const AutoPhotoTask& task, const std::s
   }
   if (moved.ok()) return {PhotoFate::kDone, std::move(moved), saved_as};
   found = Find(files, task);
-  if (found.presence != Presence::kAsListed) {
+  if (found.presence != Presence::kAsTakenUp) {
     return {FateBeforeTheMove(found.presence), std::move(found.why), saved_as};
   }
   AutoPhotoOutcome failed = WriteFailed(files, SplitPhotoPath(task.move_wish).folder,

@@ -31,7 +31,7 @@ enum class PhotoFate {
 
 struct AutoPhotoTask {
   PhotoTask correct;
-  WatchedPhoto listed;    // as it was when it was taken up
+  PhotoVersion version;   // of which a copy is saved, or will be
   std::string saved_as;   // not empty: the copy is there already, only the move remains
   std::string move_to;    // the free name that the plan gave for the source
   std::string move_wish;  // the one it would have were nothing in its way

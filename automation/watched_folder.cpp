@@ -17,17 +17,19 @@ Result<std::vector<WatchedPhoto>> WatchedFolder::Look(Files& files, const std::s
   std::vector<WatchedPhoto> ready;
   for (const FolderEntry& entry : *entries) {
     if (entry.is_folder || !IsPhotoName(entry.name)) continue;
-    Seen photo{
-        .size = entry.size, .modified_nanos = entry.modified_nanos, .since = now, .saved_as = {}};
+    const PhotoVersion version = {entry.size, entry.modified_nanos};
+    Seen photo{.version = version, .since = now, .saved_as = {}, .corrected = {}};
     bool is_ready = first_look_counts;
-    const auto before = seen_.find(entry.name);
-    if (before != seen_.end() && before->second.size == photo.size &&
-        before->second.modified_nanos == photo.modified_nanos) {
-      photo = before->second;
-      is_ready = first_look_counts || now - photo.since >= kSteadyNanos;
+    if (const auto before = seen_.find(entry.name); before != seen_.end()) {
+      // A name that cannot be looked at for the moment is no other photo.
+      const bool is_unknown = version == PhotoVersion();
+      const bool is_same = before->second.version == version;
+      if (is_same || is_unknown) photo = before->second;
+      if (is_same) is_ready = first_look_counts || now - photo.since >= kSteadyNanos;
+      if (!is_same && is_unknown) is_ready = false;
     }
     if (is_ready && !photo.given_up) {
-      ready.push_back({entry.name, photo.size, photo.modified_nanos, photo.saved_as});
+      ready.push_back({entry.name, version, photo.saved_as, photo.corrected});
     }
     seen.emplace(entry.name, std::move(photo));
   }
@@ -45,8 +47,11 @@ int WatchedFolder::given_up() const {
 
 void WatchedFolder::GiveUp(const WatchedPhoto& photo) { seen_[photo.name].given_up = true; }
 
-void WatchedFolder::Saved(const WatchedPhoto& photo, const std::string& saved_as) {
-  seen_[photo.name].saved_as = saved_as;
+void WatchedFolder::Saved(const WatchedPhoto& photo, const std::string& saved_as,
+                          const PhotoVersion& corrected) {
+  Seen& seen = seen_[photo.name];
+  seen.saved_as = saved_as;
+  seen.corrected = corrected;
 }
 
 bool WatchedFolder::FirstComplaint(const WatchedPhoto& photo) {

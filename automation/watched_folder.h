@@ -11,12 +11,20 @@ namespace tarnwell {
 
 class Files;
 
+// What tells one content of a photo's file from the next.
+struct PhotoVersion {
+  std::uint64_t size = 0;
+  std::int64_t modified_nanos = 0;
+
+  friend bool operator==(const PhotoVersion&, const PhotoVersion&) = default;
+};
+
 // A photo in the watched folder as it was when the folder was listed.
 struct WatchedPhoto {
   std::string name;  // without the folder
-  std::uint64_t size = 0;
-  std::int64_t modified_nanos = 0;
-  std::string saved_as;  // where its corrected copy is already; empty: nowhere
+  PhotoVersion version;
+  std::string saved_as;    // where its corrected copy is already; empty: nowhere
+  PhotoVersion corrected;  // what that is a copy of
 };
 
 // The watched list: remembers from one look at the input folder to the next which photos still
@@ -39,8 +47,9 @@ class WatchedFolder {
 
   // Not to be given again until it changes.
   void GiveUp(const WatchedPhoto& photo);
-  // Its corrected copy is saved; only the move is still to be done, unless it changes.
-  void Saved(const WatchedPhoto& photo, const std::string& saved_as);
+  // The corrected copy of this version is saved; only the move is still to be done, unless the
+  // photo changes.
+  void Saved(const WatchedPhoto& photo, const std::string& saved_as, const PhotoVersion& corrected);
   // True the first time it is called for the photo as it is.
   bool FirstComplaint(const WatchedPhoto& photo);
 
@@ -48,12 +57,12 @@ class WatchedFolder {
 
  private:
   struct Seen {
-    std::uint64_t size = 0;
-    std::int64_t modified_nanos = 0;
+    PhotoVersion version;
     std::int64_t since = 0;
     bool given_up = false;
     bool complained = false;
     std::string saved_as;
+    PhotoVersion corrected;
   };
 
   std::map<std::string, Seen> seen_;  // by name

@@ -39,6 +39,7 @@ struct ConsoleWindow {
     form.learning = start.learning;
     form.threads = threads;
     form.keeps_original = false;
+    form.tells_other_quality = start.tells_other_quality;
     form.buffer.shows_container = false;
     form.ShowTips = [this](Tip tip) {
       if (tip == kDeadPixelTip) TellNote(form, kNoMapNote);

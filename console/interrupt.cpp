@@ -10,9 +10,20 @@ namespace {
 std::atomic<bool> interrupted = false;
 static_assert(std::atomic<bool>::is_always_lock_free);
 
-extern "C" void RememberInterrupt(int signal_number) {
+constexpr int kSignals[] = {
+    SIGINT,
+    SIGTERM,
+#ifdef SIGHUP
+    SIGHUP,
+#endif
+};
+
+// The second of them, whichever it is, ends the program at once.
+extern "C" void RememberInterrupt(int) {
   interrupted = true;
-  std::signal(signal_number, SIG_DFL);
+  for (const int each : kSignals) {
+    if (std::signal(each, SIG_DFL) == SIG_IGN) std::signal(each, SIG_IGN);
+  }
 }
 
 // A signal that is not to be heard, as of the terminal's end behind "nohup", stays unheard.
@@ -25,11 +36,7 @@ void Watch(int signal_number) {
 }  // namespace
 
 std::function<bool()> WatchForInterrupt() {
-  Watch(SIGINT);
-  Watch(SIGTERM);
-#ifdef SIGHUP
-  Watch(SIGHUP);
-#endif
+  for (const int each : kSignals) Watch(each);
 #ifdef SIGPIPE
   // What is printed for a reader that has gone is lost, and told so at the end; the photos are not.
   std::signal(SIGPIPE, SIG_IGN);

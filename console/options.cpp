@@ -1,6 +1,7 @@
 #include "console/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include "console/help_text.h"
 #include "console/setting_options.h"
@@ -46,6 +47,10 @@ std::string IsOutputName(const std::string& word) {
 // for it, and a value for an option that has none. An empty word is a value, which the option's own
 // check looks at.
 void CheckOptions(const CLI::App& app, const std::vector<std::string>& words) {
+  const auto end = std::find(words.begin(), words.end(), "--");
+  for (const char* help : {"-h", "--help"}) {
+    if (std::find(words.begin(), end, help) != end) throw CLI::CallForHelp();
+  }
   for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i) {
     if (words[i].size() < 2 || words[i][0] != '-') continue;
     const std::size_t equals = words[i].find('=');

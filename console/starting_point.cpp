@@ -20,6 +20,7 @@ Status Prepare(const Settings& settings, Platform& platform, std::ostream& err,
   start.app.open_mode = kLeaveAll;
   const Status applied = ApplySettings(settings, platform, start.app, start.modules);
   if (!applied.ok()) return applied;
+  start.tells_other_quality = !settings.quiet;
   if (!settings.quiet) {
     for (const std::string& idle : IdleSettings(settings, start.modules)) TellLine(err, idle);
   }

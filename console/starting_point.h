@@ -17,6 +17,7 @@ struct StartingPoint {
   Module1 app;
   frmModules modules = FirstStartPanel();
   LearningData learning;
+  bool tells_other_quality = false;
 };
 
 // Brings the settings of a command into force and loads what was learnt. Fails when the settings

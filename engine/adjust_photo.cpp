@@ -193,7 +193,7 @@ void MeasureOriginal(Form1& form) {
 // A run that nobody asked for does not say again what the one before it said: it would at every
 // step of a slider.
 void TellProblem(Form1& form, const std::optional<Message>& problem, bool asked_for) {
-  const std::string words = problem ? problem->text : std::string();
+  const std::string words = problem ? form.app.mode_folder + problem->text : std::string();
   const bool again = words == form.white_balance_problem;
   form.white_balance_problem = words;
   if (problem && (asked_for || !again)) form.platform.dialogs.Tell(*problem);

@@ -121,19 +121,18 @@ void TellWhatIsLost(Form1& form, bool as_jpeg, std::vector<std::string> lost) {
 
 // The quality to save with: the slider's, or the photo's own where that is wanted and known.
 std::optional<int> SavedQuality(const Form1& form) {
-  if (form.modules.save_switches[kQualityAsOriginal] && form.metadata &&
-      form.metadata->jpeg_quality) {
-    return form.metadata->jpeg_quality;
-  }
-  return form.modules.Value(kJpegQualitySlider);
+  const bool own = form.modules.save_switches[kQualityAsOriginal] && form.metadata &&
+                   form.metadata->jpeg_quality;
+  std::optional<int> quality =
+      own ? form.metadata->jpeg_quality : form.modules.Value(kJpegQualitySlider);
+  if (quality) quality = std::clamp(*quality, 0, 100);
+  return quality;
 }
 
-// Whoever has notes collected asked for the photo's own quality; at the window the switch stands
-// beside the slider that is in force without one.
 void TellOtherQuality(Form1& form, bool as_jpeg) {
   const bool own = form.metadata && form.metadata->jpeg_quality;
   if (!as_jpeg || own || !form.modules.save_switches[kQualityAsOriginal]) return;
-  if (!form.collect_note) return;
+  if (!form.tells_other_quality) return;
   TellNote(form, "Saved with quality " + std::to_string(SavedQuality(form).value_or(0)) +
                      ", because the photo has none of its own.");
 }
@@ -184,7 +183,7 @@ Result<PhotoToWrite> PrepareToWrite(Form1& form, bool as_jpeg, std::vector<std::
     return Status::Error(Failure::kOther, form.platform.files.Display(form.names.output_path) +
                                               ": the JPEG quality is no whole number");
   }
-  photo.quality = std::clamp(*quality, 0, 100);
+  photo.quality = *quality;
   if (!form.metadata) return photo;
   MetadataToSave kept = MetadataFor(
       *form.metadata, photo.picture->view(),

@@ -10,7 +10,8 @@ namespace tarnwell {
 class Files;
 
 // Makes `text` the content of the settings file `path`, which the user named, whether it existed or
-// not. kExists where a photo has the name: a photo is never replaced, whatever was answered.
+// not. kExists where a photo, or what is too long for settings, has the name: that is never
+// replaced, whatever was answered.
 Status ReplaceSettingsFile(Files& files, const std::string& path, std::string_view text);
 
 }  // namespace tarnwell

@@ -84,7 +84,7 @@ class Files {
 
   // Moves a file to a new name, never replacing anything (kExists); across volumes by copying,
   // flushing and then deleting the source. Fails when another file is put in its place meanwhile,
-  // which stays. A link goes on leading to the same file.
+  // which stays. Where the system moves links as links, they go on leading to the same file.
   virtual Status Move(const std::string& from, const std::string& to) = 0;
 
   virtual Status Delete(const std::string& path) = 0;        // kNotFound when there is none

@@ -40,7 +40,7 @@ struct Form1 {
   // A correction run is under way. It lets events in, and whatever would change the photo or its
   // surfaces meanwhile must wait or refuse.
   bool correcting = false;
-  std::string white_balance_problem = {};  // what the last run told of it
+  std::string white_balance_problem = {};  // of the last run, under the mode it was run with
   // The last run was cancelled; what is shown is from the one before.
   bool correction_cancelled = false;
 
@@ -53,6 +53,10 @@ struct Form1 {
   // The photo as it was opened will be looked at again after a correction: shown, restored,
   // corrected anew. Otherwise a correction works in its memory, and leaves no photo when it fails.
   bool keeps_original = true;
+
+  // A photo that has no JPEG quality of its own is named where that is to be saved with. At the
+  // window the switch stands beside the slider that is in force then.
+  bool tells_other_quality = false;
 
   int threads = 1;  // worker threads a pass may use, the calling one included
 

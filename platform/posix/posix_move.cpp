@@ -41,12 +41,17 @@ Status CopyContent(const PosixFile& source, const std::string& from, const Posix
   }
 }
 
-// Whether a rename failed because of the file itself or its folder.
-bool IsFaultOfSource(int error, const std::string& system_from) {
+// Whether a rename failed because of the file itself or its folder: where the other folder takes
+// files, a refusal means that this one gives none.
+bool IsFaultOfSource(int error, const std::string& system_from, const std::string& system_to) {
   struct stat found;
   if (error == ENOENT) return lstat(system_from.c_str(), &found) != 0;
-  const bool refused = error == EACCES || error == EPERM || error == EROFS;
-  return refused && access(SystemFolderOf(system_from).c_str(), W_OK | X_OK) != 0;
+  const bool refused = error == EACCES || error == EPERM;
+  return refused && access(SystemFolderOf(system_to).c_str(), W_OK | X_OK) == 0;
+}
+
+Status ChangedMeanwhile(const std::string& path) {
+  return PathError(Failure::kOther, path, "was changed while it was moved");
 }
 
 bool IsUnchanged(const struct stat& then, const struct stat& now) {
@@ -69,23 +74,30 @@ Status RenameWithoutReplacing(const std::string& from, const std::string& to, bo
   if (moved == 0) return Status::Ok();
   const int error = errno;
   if (other_volume != nullptr) *other_volume = error == EXDEV;
-  return IsFaultOfSource(error, *system_from) ? SystemError(error, from, Subject::kFile)
-                                              : SystemError(error, to, Subject::kNewFile);
+  return IsFaultOfSource(error, *system_from, *system_to)
+             ? SystemError(error, from, Subject::kFile)
+             : SystemError(error, to, Subject::kNewFile);
 }
 
 std::optional<Status> MoveRelativeLink(const std::string& from, const std::string& to) {
   const Result<std::string> link = ToSystemPath(from), target = ToSystemPath(to);
   if (!link.ok() || !target.ok()) return std::nullopt;
+  struct stat then, now;
   char word = 0;
-  const bool is_relative = readlink(link->c_str(), &word, 1) == 1 && word != '/';
+  const bool is_relative = lstat(link->c_str(), &then) == 0 && S_ISLNK(then.st_mode) &&
+                           readlink(link->c_str(), &word, 1) == 1 && word != '/';
   if (!is_relative || SystemFolderOf(*link) == SystemFolderOf(*target)) return std::nullopt;
   const std::unique_ptr<char, void (*)(void*)> file(realpath(link->c_str(), nullptr), &std::free);
   if (!file) return std::nullopt;
-  if (symlink(file.get(), target->c_str()) != 0) return SystemError(errno, to, Subject::kNewFile);
-  if (unlink(link->c_str()) == 0) return Status::Ok();
+  if (symlink(file.get(), target->c_str()) != 0) {
+    if (errno == EEXIST) return SystemError(errno, to, Subject::kNewFile);
+    return std::nullopt;  // no links there: the file is copied
+  }
+  const bool is_same = lstat(link->c_str(), &now) == 0 && IsUnchanged(then, now);
+  if (is_same && unlink(link->c_str()) == 0) return Status::Ok();
   const int error = errno;
   unlink(target->c_str());
-  return SystemError(error, from, Subject::kFile);
+  return is_same ? SystemError(error, from, Subject::kFile) : ChangedMeanwhile(from);
 }
 
 Result<CopiedSource> CopiedSource::Open(const std::string& path) {
@@ -116,7 +128,7 @@ Status CopiedSource::Delete() const {
   struct stat now;
   const bool is_there = stat(system_path->c_str(), &now) == 0;
   if (is_there && !IsUnchanged(found_, now)) {
-    return PathError(Failure::kOther, path_, "was changed while it was moved");
+    return ChangedMeanwhile(path_);
   }
   if (is_there && unlink(system_path->c_str()) == 0) return Status::Ok();
   return errno == ENOENT ? Status::Ok() : SystemError(errno, path_, Subject::kFile);

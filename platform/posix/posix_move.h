@@ -16,7 +16,8 @@ namespace tarnwell {
 Status RenameWithoutReplacing(const std::string& from, const std::string& to, bool* other_volume);
 
 // Moves the link `from` to another folder, where it would lead elsewhere as it stands, never
-// replacing anything. Nothing is done and nothing given for what is no such link.
+// replacing anything. Nothing is done and nothing given for what is no such link, and where there
+// can be none.
 std::optional<Status> MoveRelativeLink(const std::string& from, const std::string& to);
 
 // A file that is copied, and deleted once the copy is safe, if it is still the same then.

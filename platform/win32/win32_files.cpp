@@ -119,6 +119,33 @@ DWORD MoveFileTo(const std::wstring& from, const std::wstring& to, DWORD flags) 
       [&] { return MoveFileExW(from.c_str(), to.c_str(), flags | MOVEFILE_WRITE_THROUGH); });
 }
 
+bool IsSameName(const std::string& one, const std::string& other) {
+  const std::optional<std::wstring> first = WidePath(one), second = WidePath(other);
+  return first && second &&
+         CompareStringOrdinal(first->c_str(), -1, second->c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
+// Deletes the file `path` if it is still the one that `then` was told of; ERROR_FILE_INVALID, as
+// the system calls a file that was changed from outside, if it is another or has other content.
+DWORD DeleteUnchanged(const std::wstring& path, const BY_HANDLE_FILE_INFORMATION& then) {
+  const FileHandle file =
+      FileHandle::Open(path, DELETE | FILE_READ_ATTRIBUTES, FILE_SHARE_READ, OPEN_EXISTING);
+  if (!file.is_open()) return file.error();
+  BY_HANDLE_FILE_INFORMATION now = {};
+  if (!GetFileInformationByHandle(file.get(), &now)) return GetLastError();
+  const bool same =
+      now.dwVolumeSerialNumber == then.dwVolumeSerialNumber &&
+      now.nFileIndexHigh == then.nFileIndexHigh && now.nFileIndexLow == then.nFileIndexLow &&
+      now.nFileSizeHigh == then.nFileSizeHigh && now.nFileSizeLow == then.nFileSizeLow &&
+      CompareFileTime(&now.ftLastWriteTime, &then.ftLastWriteTime) == 0;
+  if (!same) return ERROR_FILE_INVALID;
+  FILE_DISPOSITION_INFO gone = {};
+  gone.DeleteFile = TRUE;
+  const BOOL deleted =
+      SetFileInformationByHandle(file.get(), FileDispositionInfo, &gone, sizeof gone);
+  return deleted ? ERROR_SUCCESS : GetLastError();
+}
+
 void SetReadOnly(const std::wstring& path, bool read_only) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes == kNoFile) return;
@@ -140,9 +167,11 @@ bool Win32Files::NameIsTaken(const std::string& path) { return AttributesOf(path
 
 bool Win32Files::IsSameFolder(const std::string& one, const std::string& other) {
   const auto first = IdentityOf(one), second = IdentityOf(other);
-  // Some file systems number nothing: 0 stands for every file there.
-  const bool numbered = first && (first->nFileIndexHigh != 0 || first->nFileIndexLow != 0);
-  return numbered && second && IsFolder(first->dwFileAttributes) &&
+  // Some file systems number nothing, and 0 stands for every file there; some tell nothing at all.
+  const bool numbered =
+      first && second && (first->nFileIndexHigh != 0 || first->nFileIndexLow != 0);
+  if (!numbered) return FolderExists(one) && IsSameName(one, other);
+  return IsFolder(first->dwFileAttributes) &&
          first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
          first->nFileIndexHigh == second->nFileIndexHigh &&
          first->nFileIndexLow == second->nFileIndexLow;
@@ -293,6 +322,10 @@ Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
   // Held, the source can be neither changed nor exchanged before the copy is safe.
   FileHandle held = FileHandle::Open(source, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
   if (!held.is_open()) return FileError(from, held.error(), Subject::kFile);
+  BY_HANDLE_FILE_INFORMATION copied = {};
+  if (!GetFileInformationByHandle(held.get(), &copied)) {
+    return FileError(from, GetLastError(), Subject::kFile);
+  }
   if (!CopyFileExW(source.c_str(), beside->c_str(), nullptr, nullptr, nullptr,
                    COPY_FILE_FAIL_IF_EXISTS)) {
     const DWORD error = GetLastError();
@@ -305,12 +338,15 @@ Status Win32Files::MoveByCopy(const std::string& from, const std::string& to) {
   if (const Status published = Publish(temporary, to); !published.ok()) return published;
   held.Close();
   if (read_only) SetReadOnly(source, false);
-  const DWORD error = RetryWhileInUse([&] { return DeleteFileW(source.c_str()); });
+  const DWORD error = DeleteUnchanged(source, copied);
   // Where somebody else was quicker, the copy is the only one.
   if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) {
     // Nothing is moved then: the file must not be in both places.
     DeleteFileW(target.c_str());
     if (read_only) SetReadOnly(source, true);
+    if (error == ERROR_FILE_INVALID) {
+      return Status::Error(Failure::kOther, from + ": was changed while it was moved");
+    }
     return FileError(from, error, Subject::kFile);
   }
   if (read_only) SetReadOnly(target, true);

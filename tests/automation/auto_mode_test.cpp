@@ -227,6 +227,46 @@ TEST_F(AutoModeTest, ThePhotoOfACopyThatWasTakenAwayIsNamed) {
                            window.files->Display(folder.File("out\\a.jpg"))});
 }
 
+// Its copy was saved in a pass that could not move it.
+TEST_F(AutoModeTest, APhotoExchangedBeforeItsMoveIsTakenUpAgain) {
+  full = folder.File("done");
+  Arrive("z.jpg");
+  Take();
+  EXPECT_EQ(folder.Names("out"), Lines{"z.jpg"});
+  Arrive("a.jpg");
+  Tick(31);  // sees it
+  full.clear();
+  reports.clear();
+  on_status = [&](const std::string& text) {
+    if (text.starts_with("a.jpg\r\nSaving")) folder.Write("in\\z.jpg", kProgressiveJpeg);
+  };
+  Tick(31);
+  EXPECT_EQ(folder.Names("done"), Lines{"a.jpg"});
+  EXPECT_EQ(reports, Lines{"z.jpg: was changed while it was corrected; it is taken up again"});
+  on_status = [](auto&) {};
+  Take();
+  EXPECT_TRUE(folder.Read("done\\z.jpg") == kProgressiveJpeg);
+  EXPECT_EQ(folder.Names("out"), (Lines{"a.jpg", "z.jpg", "z~1.jpg"}));
+}
+
+// As when a folder loses its rights, or a share tells from memory what it holds.
+TEST_F(AutoModeTest, APhotoThatCannotBeLookedAtForAWhileIsNotCorrectedTwice) {
+  auto& files = static_cast<FaultyFiles&>(*window.files);
+  Arrive("a.jpg");
+  on_status = [&](const std::string& text) {
+    if (text.find("Saving") != text.npos) files.unknown = folder.File("in\\a.jpg");
+  };
+  Take();
+  on_status = [](auto&) {};
+  Tick(31);
+  EXPECT_EQ(folder.Names("in"), Lines{"a.jpg"});
+  files.unknown.clear();
+  Tick(31);
+  Tick();
+  EXPECT_EQ(folder.Names("done"), Lines{"a.jpg"});
+  EXPECT_EQ(folder.Names("out"), Lines{"a.jpg"});
+}
+
 TEST_F(AutoModeTest, TheInputFolderInAnotherSpellingIsNoOutputFolder) {
   Arrive("a.jpg");
   for (const AutoFolder target : {kOutputFolder, kProcessedFolder}) {

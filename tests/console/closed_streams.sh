@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A reader of the output that ends early, and streams that the caller closed: every photo is
-# corrected, and the lost output counts as a failure.
+# A reader of the output that has gone: every photo is corrected, and the lost output counts as a
+# failure. Streams that the caller closed: their numbers go to no file of the program's.
 #
 #   closed_streams.sh PROGRAM
 set -euo pipefail
@@ -10,22 +10,29 @@ source "$(dirname "${BASH_SOURCE[0]}")/photos.sh"
 program=$1
 work=$(mktemp -d "${TMPDIR:-/tmp}/streams-XXXXXX")
 trap 'rm -rf "$work"' EXIT
-for i in {0..5}; do bitmap 90 60 >"$work/p$i.bmp"; done
+mkdir "$work"/{in,out,done}
+for i in {0..2}; do bitmap 90 60 >"$work/p$i.bmp"; done
 
-expect() { # CODE WHAT
-  [[ $code == "$1" ]] || { echo "$2: code $code instead of $1" >&2; exit 1; }
-  (($(find "$work" -name 'p?A.bmp' | wc -l) == 6)) || { echo "$2: photos are missing" >&2; exit 1; }
-  rm -f "$work"/p?A.bmp
-}
-correct() {
-  code=0
-  "$program" correct "$work"/p?.bmp --record --no-learn --program-folder "$work/program" || code=$?
+fail() {
+  echo "$*" >&2
+  exit 1
 }
 
-{ correct; echo "$code" >"$work/code"; } 2>&1 | head -n 1 >"$work/read"
-code=$(<"$work/code")
-expect 1 "a reader that ends after a line"
-correct >&- 2>"$work/read"
-expect 1 "closed output"
-correct >"$work/read" 2>&- <&-
-expect 0 "closed errors"
+exec {gone}> >(true)
+wait $!
+code=0
+"$program" correct "$work"/p?.bmp --record --no-learn --program-folder "$work/program" \
+  >&"$gone" 2>&1 || code=$?
+((code == 1)) || fail "a reader that has gone: code $code"
+(($(find "$work" -name 'p?A.bmp' | wc -l) == 3)) || fail "a reader that has gone: photos are missing"
+
+"$program" watch --input "$work/in" --output "$work/out" --processed "$work/done" \
+  --program-folder "$work/program" <&- >&- 2>&- &
+watch=$!
+cp "$work/p0.bmp" "$work/in"
+until [[ -e $work/done/p0.bmp ]]; do sleep 0.1; done
+for stream in 0 1 2; do
+  [[ $(readlink "/proc/$watch/fd/$stream") == /dev/null ]] || fail "stream $stream is another file"
+done
+kill "$watch"
+wait "$watch" || fail "a watch with closed streams: code $?"

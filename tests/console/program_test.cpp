@@ -66,6 +66,7 @@ TEST_F(ProgramTest, APhotoWithoutAQualityOfItsOwnIsNamedWhereThatIsWanted) {
       {{"correct", "@album\\p.bmp", "--output", "@a.bmp", "--quality", "original"}, false},
       {{"correct", "@album\\p.bmp", "--output", "@b.jpg", "--quality", "80"}, false},
       {{"directory", "@album", "--quality", "original"}, true},
+      {{"directory", "@album", "--quality", "original", "--quiet"}, false},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(Run(row.words), 0);

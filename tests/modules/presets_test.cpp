@@ -5,6 +5,7 @@
 
 #include "modules/white_balance_file.h"
 #include "tests/support/panel_desk.h"
+#include "tests/support/tiny_pictures.h"
 
 namespace tarnwell {
 namespace {
@@ -87,12 +88,25 @@ TEST(PresetTest, LoadingAndSavingGivesTheSameBytes) {
 }
 
 TEST(PresetTest, NoPhotoIsReplacedWhateverTheUserAnswered) {
-  PanelDesk desk;
-  desk.dialogs.save_files = {"C:\\a.JPG"};
-  desk.files.files["C:\\a.JPG"] = "photo";
-  EXPECT_EQ(PresetSave(desk.app, desk.platform, desk.panel).failure, Failure::kExists);
-  EXPECT_EQ(WriteWhiteBalanceFile(desk.files, "C:\\a.JPG", {}).failure, Failure::kExists);
-  EXPECT_EQ(desk.files.files["C:\\a.JPG"], "photo");
+  const struct {
+    std::string path, bytes;
+    bool replaced;
+  } kRows[] = {
+      {"C:\\a.JPG", "photo", false},
+      {"C:\\a.twp", kBaselineJpeg, false},
+      {"C:\\a.twp", std::string((1 << 20) + 1, ' '), false},
+      {"C:\\a.twp", "half a preset", true},
+  };
+  for (const auto& row : kRows) {
+    PanelDesk desk;
+    desk.dialogs.save_files = {row.path};
+    desk.files.files[row.path] = row.bytes;
+    const Failure failure = row.replaced ? Failure::kNone : Failure::kExists;
+    EXPECT_EQ(PresetSave(desk.app, desk.platform, desk.panel).failure, failure);
+    if (row.replaced) desk.files.files[row.path] = row.bytes;
+    EXPECT_EQ(WriteWhiteBalanceFile(desk.files, row.path, {}).failure, failure);
+    EXPECT_EQ(desk.files.files[row.path] == row.bytes, !row.replaced) << row.path;
+  }
 }
 
 TEST(PresetTest, ModeTwoTakesTheWhiteFromThePresetItself) {

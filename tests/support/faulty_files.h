@@ -17,18 +17,28 @@ class FaultyFiles : public Files {
  public:
   std::function<Status(const std::string& path)> before_write = [](auto&) { return Status::Ok(); };
 
+  std::string unknown;  // the name of this file is there, and nothing else about it is known
+
   bool FileExists(const std::string& path) override { return target_->FileExists(path); }
   bool FolderExists(const std::string& path) override { return target_->FolderExists(path); }
   bool NameIsTaken(const std::string& path) override { return target_->NameIsTaken(path); }
   bool IsSameFolder(const std::string& one, const std::string& other) override {
     return target_->IsSameFolder(one, other);
   }
-  Result<FolderEntry> Find(const std::string& path) override { return target_->Find(path); }
+  Result<FolderEntry> Find(const std::string& path) override {
+    if (path == unknown) return NoPermission(path);
+    return target_->Find(path);
+  }
   Result<std::string> Read(const std::string& path, std::uint64_t most_bytes) override {
+    if (path == unknown) return NoPermission(path);
     return target_->Read(path, most_bytes);
   }
   Result<std::vector<FolderEntry>> List(const std::string& folder) override {
-    return target_->List(folder);
+    auto entries = target_->List(folder);
+    for (FolderEntry& entry : entries.ok() ? *entries : std::vector<FolderEntry>()) {
+      if (unknown.ends_with("\\" + entry.name)) entry = {.name = entry.name};
+    }
+    return entries;
   }
   Status CreateFolder(const std::string& folder) override { return target_->CreateFolder(folder); }
   Status Replace(const std::string& path, std::string_view bytes) override {
@@ -68,6 +78,10 @@ class FaultyFiles : public Files {
   }
 
  private:
+  Status NoPermission(const std::string& path) {
+    return Status::Error(Failure::kNoAccess, Display(path) + ": no permission");
+  }
+
   std::unique_ptr<Files> target_ = MakeSystemFiles();
 };
 
