@@ -1,6 +1,7 @@
 #include "automation/auto_mode.h"
 
 #include <new>
+#include <utility>
 
 #include "platform/clock.h"
 #include "platform/events.h"
@@ -86,8 +87,8 @@ bool TryPass(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHost& ho
   }
 }
 
-void ShowIdle(AutoMode& mode, Files& files, SysTray& tray, AutoModeHost& host) {
-  if (mode.worked || tray.state != TrayState::kIdle) {
+void ShowIdle(AutoMode& mode, bool worked, Files& files, SysTray& tray, AutoModeHost& host) {
+  if (worked || tray.state != TrayState::kIdle) {
     SetTrayIcon(tray, TrayPicture::kIdle);
     SetTrayState(tray, TrayState::kIdle);
   }
@@ -226,8 +227,10 @@ void AutoModeTick(AutoMode& mode, Platform& platform, SysTray& tray, AutoModeHos
   const Busy busy(mode);
   while (TryPass(mode, platform, tray, host) && mode.automated && !mode.once) {
   }
-  if (mode.automated) ShowIdle(mode, platform.files, tray, host);
-  if (mode.worked) host.RefreshMainWindow();
+  // Over before the status says so: the window shows both.
+  const bool worked = std::exchange(mode.worked, false);
+  if (mode.automated) ShowIdle(mode, worked, platform.files, tray, host);
+  if (worked) host.RefreshMainWindow();
 }
 
 }  // namespace tarnwell

@@ -212,6 +212,8 @@ Status Run(Form1& form, bool preview, bool asked_for) {
   // Before the progress window opens, which would cover it.
   TellProblem(form, white_balance.problem, asked_for);
   if (!form.correction_ready) MeasureOriginal(form);
+  // They may be changed while events are let in.
+  SettingsOfRun settings = CurrentSettings(form.app, form.modules);
 
   form.progress.caption = ProgressCaption(CurrentPhotoName(form));
   ProgressWindow window(form.progress, kAnalyzing);
@@ -222,6 +224,7 @@ Status Run(Form1& form, bool preview, bool asked_for) {
   form.correction_cancelled = status.failure == Failure::kCancelled;
   if (status.ok()) {
     form.app.photo_changed = true;
+    form.corrected_with = std::move(settings);
   } else {
     form.buffer.surfaces = std::move(before);
     form.buffer.read = nullptr;

@@ -9,6 +9,8 @@ struct FocusSettings {
   double amount = 0;  // -2 to 2; positive sharpens, negative softens
   int distance = 1;   // pixels to each side, at least 1
   int step = 1;       // between the neighbours looked at, at least 1
+
+  friend bool operator==(const FocusSettings&, const FocusSettings&) = default;
 };
 
 // Means of the neighbours of a pixel, blue first.

@@ -31,6 +31,8 @@ struct RunParameters {
   std::optional<FocusSettings> focus;
   std::optional<int> rotation;
   int hue_degrees = 0;  // colour rotation; 0 is none
+
+  friend bool operator==(const RunParameters&, const RunParameters&) = default;
 };
 
 // Reads the panel. `scale_ratio` is the photo's width divided by the thumbnail's: the noise radius

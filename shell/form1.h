@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "engine/histogram.h"
 #include "engine/learning_data.h"
+#include "engine/settings_of_run.h"
 #include "imaging/output_names.h"
 #include "imaging/photo_metadata.h"
 #include "imaging/pixel_buffer.h"
@@ -31,9 +33,10 @@ struct Form1 {
   SharedMetadata metadata = {};      // of the photo in picOriginal
   bool metadata_notes_told = false;  // the user knows what of it saved files do not keep
   OutputNames names = {};
-  LearningData learning = {};       // of the current camera and mode
-  LearntProposal learnt = {};       // what the last run took over from that
-  PictureHistogram histogram = {};  // of the picture that was measured last
+  LearningData learning = {};                        // of the current camera and mode
+  LearntProposal learnt = {};                        // what the last run took over from that
+  std::optional<SettingsOfRun> corrected_with = {};  // by the last run
+  PictureHistogram histogram = {};                   // of the picture that was measured last
   // The photo in picOriginal has been measured since it came there; a run measures it first
   // otherwise.
   bool correction_ready = false;

@@ -5,6 +5,7 @@
 #include "imaging/photo_title.h"
 #include "shell/form1.h"
 #include "shell/module1.h"
+#include "shell/preview_follow.h"
 
 namespace tarnwell {
 namespace {
@@ -16,6 +17,14 @@ constexpr char kTimes[] = " \xC3\x97 ";
 bool WasSaved(const Form1& form) {
   const std::string_view shown = ShownPhotoName(form);
   return !shown.ends_with("Unnamed Photo") && shown != CurrentPhotoName(form);
+}
+
+// A preview follows the settings; a full correction waits for a command to be made anew.
+const char* StateOfCorrection(const Form1& form) {
+  if (OnlyThumbnailCorrected(form.buffer.surfaces)) return "preview corrected, not saved";
+  const bool in_force =
+      !form.corrected_with || *form.corrected_with == CurrentSettings(form.app, form.modules);
+  return in_force ? "corrected, not saved" : "corrected with other settings than these, not saved";
 }
 
 }  // namespace
@@ -38,8 +47,8 @@ std::string StatusText(const Form1& form) {
   }
   // What was learnt is news, and too long to stand beside the size.
   const std::string learnt = ProposalText(form.learnt);
-  constexpr char kState[] = "corrected, not saved";
-  return learnt.empty() ? size + kDot + kState : kState + (kDot + learnt);
+  const std::string state = StateOfCorrection(form);
+  return learnt.empty() ? size + kDot + state : state + kDot + learnt;
 }
 
 }  // namespace tarnwell

@@ -11,6 +11,7 @@
 #include "ui/messages.h"
 #include "ui/notification_panel.h"
 #include "ui/popup_menu.h"
+#include "ui/tooltip.h"
 #include "ui/wide_text.h"
 
 namespace tarnwell {
@@ -51,6 +52,7 @@ void AutoWindows::CloseAll() {
 void AutoWindows::ModeStarted() {
   SetTimer(main_window_, kAutoModeTimer, kAutoModeMilliseconds, nullptr);
   ShowStatusWindow();
+  Tooltip::Hide();  // of what is hidden with the window
   ShowWindow(main_window_, SW_HIDE);
 }
 

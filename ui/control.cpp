@@ -7,7 +7,7 @@
 namespace tarnwell {
 
 Control::~Control() {
-  if (hovered_) Tooltip::Hide();
+  if (hovered_) Tooltip::Hide(*this);
 }
 
 void Control::Create(HWND parent, const std::wstring& name, DWORD role, bool tab_stop) {
@@ -40,7 +40,7 @@ void Control::SetHovered(bool hovered) {
     TrackMouseEvent(&track);
     if (!tip_.empty()) Tooltip::Await(*this, look_);
   } else {
-    Tooltip::Hide();
+    Tooltip::Hide(*this);
   }
   Invalidate();
 }
@@ -60,7 +60,7 @@ void Control::SetHeld(bool held) {
 bool Control::HandlePointer(UINT message, int x, int y) {
   switch (message) {
     case WM_LBUTTONDOWN:
-      Tooltip::Hide();
+      Tooltip::Hide(*this);
       if (GetWindowLongW(handle(), GWL_STYLE) & WS_TABSTOP) SetFocus(handle());
       SetCapture(handle());
       captured_ = true;

@@ -146,9 +146,15 @@ void MainFrame::RunCommand(const std::function<void()>& change, bool refresh) {
 }
 
 void MainFrame::FollowPanel() {
-  if (!PreviewFollowsPanel(window_->form)) return;
+  if (!PreviewFollowsPanel(window_->form)) return TellState();
   const bool slow = preview_took_long_ || IsPreviewSlow(window_->form);
   SetTimer(handle(), kFollowTimer, slow ? kPauseMilliseconds : kFollowMilliseconds, nullptr);
+}
+
+// What was corrected with other settings than the panel's says so.
+void MainFrame::TellState() {
+  status_->SetText(Wide(StatusText(window_->form)));
+  PlaceStatus();
 }
 
 void MainFrame::CorrectPreview() {
@@ -221,9 +227,8 @@ void MainFrame::RefreshPhoto() {
   compare_->Enable(photo);
   preview_->Update();
   histogram_->Update();
-  status_->SetText(Wide(StatusText(form)));
   profile_->SetText(Wide(form.modules.camera + " / " + form.modules.mode));
-  PlaceStatus();
+  TellState();
 }
 
 void MainFrame::ShowStatus(const std::string& text) {

@@ -90,6 +90,7 @@ class MainFrame : public FrameWindow, public MainView {
   void RunCommand(const std::function<void()>& change, bool refresh);
   void RefreshPhoto();
   void FollowPanel();
+  void TellState();
   void CorrectPreview();
 
   MainWindow* window_ = nullptr;

@@ -1,6 +1,7 @@
 #include "ui/messages.h"
 
 #include <string>
+#include <utility>
 #include <windowsx.h>
 
 #include "ui/window.h"
@@ -55,7 +56,17 @@ bool Messages::HandleKey(const MSG& message, HWND root) {
   if (PressFocusedButton(message)) return true;
   if (root != main_window) return false;
   const std::string shortcut = Spelled(message);
-  return !shortcut.empty() && on_shortcut(shortcut.c_str());
+  if (shortcut.empty() || !on_shortcut(shortcut.c_str())) return false;
+  alt_used_ = message.message == WM_SYSKEYDOWN;
+  return true;
+}
+
+// The system takes Alt for pressed alone, which leads into the menus, where it does not see the
+// letter of a shortcut before Alt is let go.
+bool Messages::IsEndOfShortcut(const MSG& message) {
+  if (message.wParam != VK_MENU) return false;
+  const bool released = message.message == WM_SYSKEYUP || message.message == WM_KEYUP;
+  return released && std::exchange(alt_used_, false);
 }
 
 void Messages::Dispatch(MSG& message) {
@@ -64,6 +75,7 @@ void Messages::Dispatch(MSG& message) {
   if (root && IsOurs(root)) {
     const bool key = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
     if (key && HandleKey(message, root)) return;
+    if (IsEndOfShortcut(message)) return;
     if (message.message == WM_LBUTTONDOWN) on_keyboard_used(false);
     if (IsDialogMessageW(root, &message)) return;
   }

@@ -39,8 +39,10 @@ class Messages : public PendingEvents {
  private:
   void Dispatch(MSG& message);
   bool HandleKey(const MSG& message, HWND root);
+  bool IsEndOfShortcut(const MSG& message);
 
   bool held_ = false;
+  bool alt_used_ = false;  // for a shortcut, since it was pressed
   ULONGLONG last_run_ = 0;
 };
 

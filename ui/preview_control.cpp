@@ -5,6 +5,7 @@
 #include <windowsx.h>
 
 #include "imaging/thumbnail.h"
+#include "shell/preview_follow.h"
 
 namespace tarnwell {
 namespace {
@@ -63,10 +64,12 @@ void PreviewControl::OnClick() {
 }
 
 const Picture& PreviewControl::Shown() {
-  if (zoom_.enlarged()) {
+  // Before and after are seen equally sharp.
+  if (zoom_.enlarged() && !OnlyThumbnailCorrected(surfaces_)) {
     return original_ ? surfaces_.picOriginal.picture : surfaces_.picSource.picture;
   }
-  return original_ ? OriginalThumbnail() : surfaces_.picThumb.picture;
+  if (original_) return OriginalThumbnail();
+  return zoom_.enlarged() ? surfaces_.picSource.picture : surfaces_.picThumb.picture;
 }
 
 Box PreviewControl::WholeBox(const Box& client) {

@@ -26,6 +26,10 @@ void Tooltip::Await(const Control& control, const Look& look) {
   SetTimer(tooltip.handle(), kDelayTimer, kDelayMilliseconds, nullptr);
 }
 
+void Tooltip::Hide(const Control& control) {
+  if (Only().control_ == control.handle()) Hide();
+}
+
 void Tooltip::Hide() {
   Tooltip& tooltip = Only();
   tooltip.control_ = nullptr;

@@ -13,7 +13,9 @@ class Control;
 class Tooltip : public Window {
  public:
   static void Await(const Control& control, const Look& look);
-  static void Hide();
+  // Hides the tip of this control. Another's, to which the pointer has gone already, stays.
+  static void Hide(const Control& control);
+  static void Hide();  // whose it may be
 
  protected:
   LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;

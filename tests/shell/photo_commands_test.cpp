@@ -1,3 +1,4 @@
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -7,6 +8,7 @@
 #include "shell/preview_follow.h"
 #include "shell/restore_original.h"
 #include "shell/save_as.h"
+#include "shell/status_text.h"
 #include "shell/zoom_request.h"
 #include "tests/support/main_desk.h"
 
@@ -100,6 +102,33 @@ TEST(RequestZoom, CorrectsTheFullPhotoFirstWhenOnlyThePreviewWas) {
     EXPECT_EQ(desk.surfaces().picSource.picture->width(), c.width);
     EXPECT_EQ(desk.dialogs.Asked().size(), c.answers.size());
     EXPECT_EQ(desk.dialogs.Told(), Texts{});
+  }
+}
+
+TEST(StatusText, TellsWhatIsCorrectedAndWhetherWithTheSettingsOfNow) {
+  MainDesk desk;
+  desk.ShowLargePhoto();
+  desk.modules.open = {};
+  desk.modules.open[kAdjustBrightness] = 1;
+  const std::string size = "400 \xC3\x97 300 pixels", dot = "  \xE2\x80\xA2  ";
+  EXPECT_EQ(StatusText(desk.form), size);
+  ASSERT_TRUE(AdjustPhoto(desk.form, /*preview=*/true).ok());
+  EXPECT_EQ(StatusText(desk.form), size + dot + "preview corrected, not saved");
+  ASSERT_TRUE(AdjustPhoto(desk.form, /*preview=*/false).ok());
+  EXPECT_EQ(StatusText(desk.form), size + dot + "corrected, not saved");
+  const std::function<void()> changes[] = {
+      [&] { SetSliderValue(desk.modules, 3, 25); },
+      [&] { desk.modules.open[kSmartWhiteBalance] = 1; },
+      [&] { desk.app.analyze_full_source = true; },
+  };
+  for (const auto& change : changes) {
+    const frmModules panel = desk.modules;
+    change();
+    EXPECT_EQ(StatusText(desk.form),
+              size + dot + "corrected with other settings than these, not saved");
+    desk.modules = panel;
+    desk.app.analyze_full_source = false;
+    EXPECT_EQ(StatusText(desk.form), size + dot + "corrected, not saved");
   }
 }
 

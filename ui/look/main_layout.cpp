@@ -17,6 +17,8 @@ constexpr int kHistogramHeight = 14 * kGrid;
 constexpr int kMargin = 2 * kGrid;
 constexpr int kPanelWidth = 50 * kGrid;
 constexpr int kLeastPreviewSide = 25 * kGrid;
+// The preview gives way a little so that the histogram, which says what a limit cuts off, stays.
+constexpr int kSideBesideHistogram = 34 * kGrid;
 constexpr int kLeastPhotoWidth = kThumbnailSide + 2 * kMargin;
 
 // Over, below and around the preview, without the histogram.
@@ -40,11 +42,13 @@ MainLayout LayOutMain(int width, int height, Scale scale) {
 
   const int room = status_top - work_top;
   const int width_of_column = across.Px(kThumbnailSide);
-  const int with_histogram =
-      px(kColumnHeight) + width_of_column + px(kMargin) + px(kHistogramHeight);
-  layout.histogram_visible = room >= with_histogram + 2 * px(kGrid);
-  const int side = std::clamp(room - px(kColumnHeight) - 2 * px(kGrid), px(kGrid), width_of_column);
-  const int column = layout.histogram_visible ? with_histogram : px(kColumnHeight) + side;
+  const int histogram = px(kMargin) + px(kHistogramHeight);
+  const int left_for_both = room - px(kColumnHeight) - 2 * px(kGrid);
+  layout.histogram_visible =
+      left_for_both >= std::min(width_of_column, px(kSideBesideHistogram)) + histogram;
+  const int below = layout.histogram_visible ? histogram : 0;
+  const int side = std::clamp(left_for_both - below, px(kGrid), width_of_column);
+  const int column = px(kColumnHeight) + side + below;
   const int left = std::max(0, (panel_left - width_of_column) / 2);
   int y = work_top + std::max(px(kGrid), (room - column) / 2);
   layout.title = {left, y, width_of_column, px(kTitleHeight)};
