@@ -132,6 +132,26 @@ TEST(ToolButton, PresetsComeFromAndGoToTheFileThatIsChosen) {
   EXPECT_EQ(desk.dialogs.Told(), Log{});
 }
 
+TEST(ToolButton, AShortcutIsMadeForYesOnly) {
+  MainDesk desk;
+  desk.dialogs.answers = {Answer::kNo, Answer::kYes};
+  picToolBtn_Click(desk.window, kQuickLaunchButton);
+  EXPECT_EQ(desk.view.log, Log{});
+  picToolBtn_Click(desk.window, kQuickLaunchButton);
+  EXPECT_EQ(desk.view.log, Log{"shortcut"});
+}
+
+// What the user saves at the window needs no announcement; it stands in the status bar.
+TEST(ToolButton, SavingAnnouncesNothing) {
+  MainDesk desk;
+  const std::string photo = desk.WriteBitmap("a.bmp", NoisyPicture(30, 20, 2));
+  ASSERT_TRUE(OpenPhotoFile(desk.form, photo).ok());
+  picToolBtn_Click(desk.window, kAdjustButton);
+  picToolBtn_Click(desk.window, kSaveButton);
+  EXPECT_TRUE(desk.folder.Holds("aA.bmp"));
+  EXPECT_EQ(desk.notifications.size(), 0u);
+}
+
 TEST(ToolButton, AHelpFileOfItsOwnComesBeforeThePage) {
   MainDesk desk;
   picToolBtn_Click(desk.window, kHelpButton);
@@ -157,6 +177,15 @@ TEST(Tips, ATipIsOfferedOnceUnlessItIsPutAway) {
   OfferTip(desk.window, 1);
   OfferTip(desk.window, 2);
   EXPECT_EQ(desk.view.log.size(), 4u);
+}
+
+TEST(Tips, AModuleThatIsOpenedHasItsOwn) {
+  MainDesk desk;
+  desk.modules.open = {};
+  OfferModuleTip(desk.window, kSmartPhotoCorrection);
+  OfferModuleTip(desk.window, kAdjustBrightness);
+  EXPECT_EQ(desk.view.log, (Log{"tip " + std::to_string(kSmartCorrectionTip),
+                                "tip " + std::to_string(kModuleSwitchTip)}));
 }
 
 TEST(Tips, OpeningAPhotoOffersThePreviewAndMissesDeadPixels) {
