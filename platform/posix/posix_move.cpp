@@ -41,13 +41,16 @@ Status CopyContent(const PosixFile& source, const std::string& from, const Posix
   }
 }
 
-// Whether a rename failed because of the file itself or its folder: where the other folder takes
-// files, a refusal means that this one gives none.
+// Whether a rename failed because of the file itself or its folder: where another folder takes
+// files, a refusal means that this one gives none. Within a folder it is the new name's failure,
+// the one that the user knows.
 bool IsFaultOfSource(int error, const std::string& system_from, const std::string& system_to) {
   struct stat found;
   if (error == ENOENT) return lstat(system_from.c_str(), &found) != 0;
   const bool refused = error == EACCES || error == EPERM;
-  return refused && access(SystemFolderOf(system_to).c_str(), W_OK | X_OK) == 0;
+  const std::string target = SystemFolderOf(system_to);
+  return refused && target != SystemFolderOf(system_from) &&
+         access(target.c_str(), W_OK | X_OK) == 0;
 }
 
 Status ChangedMeanwhile(const std::string& path) {
