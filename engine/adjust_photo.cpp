@@ -208,12 +208,12 @@ Status Run(Form1& form, bool preview, bool asked_for) {
   if (form.correcting) return Status::Error(Failure::kOther, "a correction is already running");
   const ScopedFlag correcting(form.correcting);
   form.app.cancel_requested = false;
-  const WhiteBalance white_balance = WhiteBalanceOfRun(form.app, form.platform.files, form.modules);
+  SettingsOfRun settings = CurrentSettings(form.app, form.modules);
+  const WhiteBalance white_balance =
+      WhiteBalanceOfRun(form.app.title, form.platform.files, settings.white);
   // Before the progress window opens, which would cover it.
   TellProblem(form, white_balance.problem, asked_for);
   if (!form.correction_ready) MeasureOriginal(form);
-  // They may be changed while events are let in.
-  SettingsOfRun settings = CurrentSettings(form.app, form.modules);
 
   form.progress.caption = ProgressCaption(CurrentPhotoName(form));
   ProgressWindow window(form.progress, kAnalyzing);

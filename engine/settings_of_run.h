@@ -13,9 +13,9 @@ struct Module1;
 // Where a white balance comes from, and how much of it.
 struct WantedWhite {
   WhiteBalanceMode mode = {};
-  Rgb picked;
-  std::string file;
-  int strength = 0;
+  Rgb picked;        // of kPickedPixel
+  std::string file;  // of the others
+  int strength = 0;  // percent, above 0
 
   friend bool operator==(const WantedWhite&, const WantedWhite&) = default;
 };
@@ -24,7 +24,7 @@ struct WantedWhite {
 struct SettingsOfRun {
   RunParameters parameters;  // of a full run
   bool analyzes_full_source = false;
-  std::optional<WantedWhite> white;
+  std::optional<WantedWhite> white;  // nothing when the module is closed or at strength 0
 
   friend bool operator==(const SettingsOfRun&, const SettingsOfRun&) = default;
 };

@@ -129,6 +129,7 @@ std::optional<int> SavedQuality(const Form1& form) {
   return quality;
 }
 
+// Names the photo where its own quality is wanted and it has none.
 void TellOtherQuality(Form1& form, bool as_jpeg) {
   const bool own = form.metadata && form.metadata->jpeg_quality;
   if (!as_jpeg || own || !form.modules.save_switches[kQualityAsOriginal]) return;

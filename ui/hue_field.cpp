@@ -1,6 +1,5 @@
 #include "ui/hue_field.h"
 
-#include <cmath>
 #include <oleacc.h>
 
 #include "ui/look/hue_wheel.h"
@@ -14,18 +13,6 @@ void HueField::Update() {
   SetAccessibleValue(std::to_wstring(hue.marker_x) + L", " + std::to_wstring(hue.marker_y));
   Invalidate();
 }
-
-namespace {
-
-// Where a marker of `radius` is drawn: in the wheel as a whole, although its place may be beyond.
-Point InWheel(Point place, double wheel_radius, double radius) {
-  const double dx = place.x - wheel_radius, dy = place.y - wheel_radius;
-  const double distance = std::hypot(dx, dy), most = wheel_radius - radius;
-  if (distance <= most) return place;
-  return {wheel_radius + dx * most / distance, wheel_radius + dy * most / distance};
-}
-
-}  // namespace
 
 const Picture& HueField::Wheel(int side) {
   const Colour ground = GroundColour();
@@ -42,8 +29,8 @@ void HueField::Paint(Painter& painter, const Box& client) {
   const HuePicker hue = read();
   const double scale = static_cast<double>(side) / kHueFieldSide;
   const double radius = look().scale.Exact(6);
-  const Point marker = InWheel({(hue.marker_x + 0.5) * scale, (hue.marker_y + 0.5) * scale},
-                               side / 2.0, radius + look().scale.Exact(2));
+  const Point marker = MarkerInWheel({(hue.marker_x + 0.5) * scale, (hue.marker_y + 0.5) * scale},
+                                     side, radius + look().scale.Exact(2));
   painter.Ring(marker, radius, look().scale.Exact(3.5), Hex(0x16191C));
   painter.Ring(marker, radius, look().scale.Exact(2), Hex(0xFFFFFF));
   if (ShowsFocus()) painter.Focus({0, 0, side, side}, side / 2.0);

@@ -38,4 +38,12 @@ Picture HueWheel(int side, Colour ground) {
   return wheel;
 }
 
+Point MarkerInWheel(Point place, double side, double radius) {
+  const double middle = side / 2, most = middle - radius;
+  const double dx = place.x - middle, dy = place.y - middle;
+  const double distance = std::hypot(dx, dy);
+  if (distance <= most) return place;
+  return {middle + dx * most / distance, middle + dy * most / distance};
+}
+
 }  // namespace tarnwell

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
 
@@ -45,6 +46,16 @@ TEST(DrawSmooth, AMuchSmallerPictureIsMadeOfMeans) {
   DrawSmooth(target.mutable_view(), {0, 0, 2, 1}, picture.view());
   EXPECT_EQ(target.view().at(0, 0)[kGreen], 100);
   EXPECT_EQ(target.view().at(1, 0)[kGreen], 8) << "7.75";
+}
+
+TEST(HueWheel, AMarkerBeyondTheDiscIsDrawnInIt) {
+  const Point inside = MarkerInWheel({30, 40}, 100, 10);
+  EXPECT_EQ(inside.x, 30);
+  EXPECT_EQ(inside.y, 40);
+  // 50 to the right of the middle and as far above: 40 remain, along the diagonal.
+  const Point corner = MarkerInWheel({100, 0}, 100, 10);
+  EXPECT_NEAR(corner.x, 50 + 40 / std::sqrt(2.0), 1e-9);
+  EXPECT_NEAR(corner.y, 50 - 40 / std::sqrt(2.0), 1e-9);
 }
 
 TEST(HueWheel, RedRightGreenUpperLeftBlueLowerLeftGroundInTheCorners) {
